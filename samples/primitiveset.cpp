@@ -1,0 +1,223 @@
+// Generated class for the element PrimitiveSet (namespace urn:orvex:samples:primitives).
+#include "primitiveset.h"
+
+#include <atomic>
+#include <cstdlib>
+
+using namespace OrvexXml;
+using namespace OrvexXmlData;
+
+namespace Samples {
+
+static const int s_nRegistered = (OrvexXml::Register(16, 1), 0);
+static const char* const NS = "urn:orvex:samples:primitives";
+
+bool CPrimitiveSet::ms_bMetaDataBuilt = false;
+CParentElementInfo* CPrimitiveSet::ms_pParentElementInfo = nullptr;
+CElementInfo** CPrimitiveSet::ms_ppElementInfo = nullptr;
+CAttributeInfo** CPrimitiveSet::ms_ppAttributeInfo = nullptr;
+
+enum {
+    Prop_ByteVal = 0,
+    Prop_ShortVal,
+    Prop_IntVal,
+    Prop_LongVal,
+    Prop_UByteVal,
+    Prop_UShortVal,
+    Prop_UIntVal,
+    Prop_ULongVal,
+    Prop_FloatVal,
+    Prop_DoubleVal,
+    Prop_Initial,
+    Prop_Text,
+    Prop_Flag
+};
+
+void CPrimitiveSet::InitMetaData() {
+    static std::atomic<bool> s_bReady(false);
+    if (s_bReady.load(std::memory_order_acquire)) return;
+    m_csInit.Enter();
+    if (!ms_bMetaDataBuilt) {
+        const CWhitespaceUtils::WhitespaceRule collapse = CWhitespaceUtils::WhitespaceRule_collapse;
+        const CWhitespaceUtils::WhitespaceRule preserve = CWhitespaceUtils::WhitespaceRule_preserve;
+        ms_pParentElementInfo = new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element,
+                                                       "PrimitiveSet", NS, true, false, -1, ItemType_invalid, nullptr,
+                                                       false);
+        ms_ppElementInfo = new CElementInfo*[14];
+        ms_ppElementInfo[0] = new CElementInfoSeqPrimMnd("ByteVal", NS, Prop_ByteVal, false, ItemType_i1, nullptr,
+                                                         collapse, CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[1] = new CElementInfoSeqPrimOpt("ShortVal", NS, Prop_ShortVal, false, ItemType_i2, nullptr,
+                                                         collapse, CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[2] = new CElementInfoSeqPrimMnd("IntVal", NS, Prop_IntVal, false, ItemType_i4, nullptr,
+                                                         collapse, CPrimitiveRestrictions(), "42");
+        ms_ppElementInfo[3] = new CElementInfoSeqPrimOpt("LongVal", NS, Prop_LongVal, false, ItemType_i8, nullptr,
+                                                         collapse, CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[4] = new CElementInfoSeqPrimMnd("UByteVal", NS, Prop_UByteVal, false, ItemType_ui1, nullptr,
+                                                         collapse, CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[5] = new CElementInfoSeqPrimMnd("UShortVal", NS, Prop_UShortVal, false, ItemType_ui2,
+                                                         nullptr, collapse, CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[6] = new CElementInfoSeqPrimOpt("UIntVal", NS, Prop_UIntVal, false, ItemType_ui4, nullptr,
+                                                         collapse, CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[7] = new CElementInfoSeqPrimMnd("ULongVal", NS, Prop_ULongVal, false, ItemType_ui8, nullptr,
+                                                         collapse, CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[8] = new CElementInfoSeqPrimMnd("FloatVal", NS, Prop_FloatVal, false, ItemType_r4, nullptr,
+                                                         collapse, CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[9] = new CElementInfoSeqPrimMnd("DoubleVal", NS, Prop_DoubleVal, false, ItemType_r8, "%.3f",
+                                                         collapse, CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[10] = new CElementInfoSeqPrimOpt("Initial", NS, Prop_Initial, false, ItemType_char, nullptr,
+                                                          preserve, CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[11] = new CElementInfoSeqPrimMnd("Text", NS, Prop_Text, false, ItemType_string, nullptr,
+                                                          collapse, CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[12] = new CElementInfoSeqPrimOpt("Flag", NS, Prop_Flag, false, ItemType_boolean, nullptr,
+                                                          collapse, CPrimitiveRestrictions(), "true");
+        ms_ppElementInfo[13] = nullptr;
+        ms_ppAttributeInfo = new CAttributeInfo*[1];
+        ms_ppAttributeInfo[0] = nullptr;
+        ms_bMetaDataBuilt = true;
+        std::atexit(&CPrimitiveSet::CleanupMetaData);
+    }
+    m_csInit.Leave();
+    s_bReady.store(true, std::memory_order_release);
+}
+
+void CPrimitiveSet::CleanupMetaData() {
+    CleanMetaData(ms_pParentElementInfo, ms_ppElementInfo, ms_ppAttributeInfo);
+}
+
+CPrimitiveSet::CPrimitiveSet() {
+    InitMetaData();
+    SetElementName("PrimitiveSet");
+    ResetToDefaults();
+}
+
+CPrimitiveSet::CPrimitiveSet(const CPrimitiveSet& rhs) : CXmlGeneratedClass(rhs) { CopyMembers(rhs); }
+
+CPrimitiveSet& CPrimitiveSet::operator=(const CPrimitiveSet& rhs) {
+    CXmlGeneratedClass::operator=(rhs);
+    CopyMembers(rhs);
+    return *this;
+}
+
+CPrimitiveSet::~CPrimitiveSet() {}
+
+void CPrimitiveSet::CopyMembers(const CPrimitiveSet& rhs) {
+    m_ByteVal = rhs.m_ByteVal;
+    m_ShortVal = rhs.m_ShortVal;
+    m_bValidShortVal = rhs.m_bValidShortVal;
+    m_IntVal = rhs.m_IntVal;
+    m_LongVal = rhs.m_LongVal;
+    m_bValidLongVal = rhs.m_bValidLongVal;
+    m_UByteVal = rhs.m_UByteVal;
+    m_UShortVal = rhs.m_UShortVal;
+    m_UIntVal = rhs.m_UIntVal;
+    m_bValidUIntVal = rhs.m_bValidUIntVal;
+    m_ULongVal = rhs.m_ULongVal;
+    m_FloatVal = rhs.m_FloatVal;
+    m_DoubleVal = rhs.m_DoubleVal;
+    m_Initial = rhs.m_Initial;
+    m_bValidInitial = rhs.m_bValidInitial;
+    m_Text = rhs.m_Text;
+    m_Flag = rhs.m_Flag;
+    m_bValidFlag = rhs.m_bValidFlag;
+}
+
+void CPrimitiveSet::ResetToDefaults() {
+    m_ByteVal = 0;
+    m_ShortVal = 0;
+    m_bValidShortVal = false;
+    m_IntVal = 42;
+    m_LongVal = 0;
+    m_bValidLongVal = false;
+    m_UByteVal = 0;
+    m_UShortVal = 0;
+    m_UIntVal = 0;
+    m_bValidUIntVal = false;
+    m_ULongVal = 0;
+    m_FloatVal = 0;
+    m_DoubleVal = 0;
+    m_Initial = 0;
+    m_bValidInitial = false;
+    m_Text.clear();
+    m_Flag = true;
+    m_bValidFlag = false;
+}
+
+CParentElementInfo* CPrimitiveSet::GetParentElementInfo() const { return ms_pParentElementInfo; }
+CElementInfo** CPrimitiveSet::GetClassElementInfo() const { return ms_ppElementInfo; }
+CAttributeInfo** CPrimitiveSet::GetClassAttributeInfo() const { return ms_ppAttributeInfo; }
+
+void CPrimitiveSet::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& value) {
+    switch (nPropertyIndex) {
+        case Prop_ByteVal:
+            if (bRead) value.SetI1(m_ByteVal);
+            else m_ByteVal = value.GetI1();
+            break;
+        case Prop_ShortVal:
+            if (bRead) {
+                if (m_bValidShortVal) value.SetI2(m_ShortVal);
+            } else {
+                SetShortVal(value.GetI2());
+            }
+            break;
+        case Prop_IntVal:
+            if (bRead) value.SetI4(m_IntVal);
+            else m_IntVal = value.GetI4();
+            break;
+        case Prop_LongVal:
+            if (bRead) {
+                if (m_bValidLongVal) value.SetI8(m_LongVal);
+            } else {
+                SetLongVal(value.GetI8());
+            }
+            break;
+        case Prop_UByteVal:
+            if (bRead) value.SetUI1(m_UByteVal);
+            else m_UByteVal = value.GetUI1();
+            break;
+        case Prop_UShortVal:
+            if (bRead) value.SetUI2(m_UShortVal);
+            else m_UShortVal = value.GetUI2();
+            break;
+        case Prop_UIntVal:
+            if (bRead) {
+                if (m_bValidUIntVal) value.SetUI4(m_UIntVal);
+            } else {
+                SetUIntVal(value.GetUI4());
+            }
+            break;
+        case Prop_ULongVal:
+            if (bRead) value.SetUI8(m_ULongVal);
+            else m_ULongVal = value.GetUI8();
+            break;
+        case Prop_FloatVal:
+            if (bRead) value.SetR4(m_FloatVal);
+            else m_FloatVal = value.GetR4();
+            break;
+        case Prop_DoubleVal:
+            if (bRead) value.SetR8(m_DoubleVal);
+            else m_DoubleVal = value.GetR8();
+            break;
+        case Prop_Initial:
+            if (bRead) {
+                if (m_bValidInitial) value.SetChar(m_Initial);
+            } else {
+                SetInitial(value.GetChar());
+            }
+            break;
+        case Prop_Text:
+            if (bRead) value.SetString(m_Text);
+            else m_Text = value.GetString();
+            break;
+        case Prop_Flag:
+            if (bRead) {
+                if (m_bValidFlag) value.SetBoolean(m_Flag);
+            } else {
+                SetFlag(value.GetBoolean());
+            }
+            break;
+        default:
+            throw COxInvalidParamException(FormatString("Unknown property index %d", nPropertyIndex));
+    }
+}
+
+}  // namespace Samples

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <string>
+
+#include "orvexxml/binding/parentelementinfo.h"
+#include "orvexxml/export.h"
+#include "orvexxml/values/itemtype.h"
+#include "orvexxml/values/primitiverestrictions.h"
+#include "orvexxml/values/whitespaceutils.h"
+
+namespace OrvexXml {
+class CSerializationContext;
+class CXmlGeneratedClass;
+class CXmlObjectBase;
+class CXmlWriter;
+class CXmlElement;
+class OxVariant;
+}  // namespace OrvexXml
+
+namespace OrvexXmlData {
+
+// Describes one element of a generated class. The concrete members of the family
+// (CElementInfo + group + kind + occurrence) add only a dispatch; the behaviour lives in
+// the protected services here.
+class ORVEXXML_API CElementInfo {
+    friend class OrvexXml::CXmlGeneratedClass;
+
+public:
+    virtual ~CElementInfo();
+
+    int GetPropertyIndex() const { return m_nPropertyIndex; }
+
+    // Checks a value against the element's facets before it is written.
+    void CheckRestriction(const OrvexXml::OxVariant& value) const;
+
+protected:
+    typedef const char* (*EnumToTextFn)(int);
+    typedef int (*TextToEnumFn)(const char*);
+
+    // Collections and class elements.
+    CElementInfo(const char* pszName, const char* pszNamespace, int nPropertyIndex);
+    // Enum elements.
+    CElementInfo(const char* pszName, const char* pszNamespace, int nPropertyIndex, bool bNillable,
+                 EnumToTextFn pfnEnumToText, TextToEnumFn pfnTextToEnum, const char* pszDefault);
+    // Primitive elements.
+    CElementInfo(const char* pszName, const char* pszNamespace, int nPropertyIndex, bool bNillable,
+                 OrvexXml::ItemType eItemType, const char* pszFormat,
+                 OrvexXml::CWhitespaceUtils::WhitespaceRule eWhitespaceRule,
+                 const OrvexXml::CPrimitiveRestrictions& restrictions, const char* pszDefault);
+
+    // --- virtual slots, in interface order ---------------------------------------------
+    // Writes the element; true if anything was written.
+    virtual bool ElementToXml(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
+                              OrvexXml::CXmlWriter* pWriter) const = 0;
+    // Reads the element at the cursor and moves the cursor past what it consumed.
+    virtual bool ElementFromXml(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                                OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
+                                const char* pszNamespace, XmlElementType eParentType) = 0;
+    // Used by the All driver only; members that take part override it.
+    virtual bool Validate(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
+                          bool bFound, bool bCheck) const;
+    // Writes the attributes of a model-group child on its parent's start tag.
+    virtual void PseudoChildAttributeToXml(const OrvexXml::CSerializationContext& ctx,
+                                           const OrvexXml::CXmlGeneratedClass* pClass,
+                                           OrvexXml::CXmlWriter* pWriter) const;
+    // --- end of virtual slots ----------------------------------------------------------
+
+    const std::string& GetElementName() const { return m_strElementName; }
+    const std::string& GetElementNamespace() const { return m_strElementNamespace; }
+
+    // Writes a primitive element from its property; false if the property holds no value.
+    bool ElementToXmlPrim(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
+                          OrvexXml::CXmlWriter* pWriter) const;
+
+    void ReadProperty(const OrvexXml::CXmlGeneratedClass* pClass, OrvexXml::OxVariant& value) const;
+    void InvokePropertyGet(const OrvexXml::CXmlGeneratedClass* pClass, OrvexXml::OxVariant& value) const;
+
+    // Reach the protected virtuals of objects for the members of the family.
+    static void ToXml_Int(const OrvexXml::CXmlObjectBase* pObject, OrvexXml::CXmlWriter* pWriter, bool bRoot,
+                          const char* pszNamespace, const OrvexXml::CSerializationContext& ctx, bool bOptionalChoice);
+    static void AttributesToXml_Int(const OrvexXml::CXmlObjectBase* pObject, OrvexXml::CXmlWriter* pWriter,
+                                    const OrvexXml::CSerializationContext& ctx);
+    static OrvexXml::CXmlElement* FromXml_Int(OrvexXml::CXmlObjectBase* pObject, OrvexXml::CXmlElement* pElement,
+                                              OrvexXml::CXmlElement* pFirstChild,
+                                              const OrvexXml::CSerializationContext& ctx, bool bOptionalChoice);
+
+    std::string m_strElementName;
+    std::string m_strElementNamespace;
+    int m_nPropertyIndex;
+    OrvexXml::CPrimitiveRestrictions m_restrictions;
+    OrvexXml::ItemType m_eItemType;
+    std::string m_strFormatOverride;
+    OrvexXml::CWhitespaceUtils::WhitespaceRule m_eWhitespaceRule;
+    std::string m_strDefaultValue;
+    bool m_bNillable;
+    EnumToTextFn m_pfnEnumToText;
+    TextToEnumFn m_pfnTextToEnum;
+    bool m_bPrimitive;
+};
+
+}  // namespace OrvexXmlData

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "orvexxml/binding/elementinfo.h"
+
+namespace OrvexXmlData {
+
+// A mandatory primitive element of an All group: Validate demands that it was seen.
+class ORVEXXML_API CElementInfoAllPrimMnd : public CElementInfo {
+public:
+    CElementInfoAllPrimMnd(const char* pszName, const char* pszNamespace, int nPropertyIndex, bool bNillable,
+                           OrvexXml::ItemType eItemType, const char* pszFormat,
+                           OrvexXml::CWhitespaceUtils::WhitespaceRule eWhitespaceRule,
+                           const OrvexXml::CPrimitiveRestrictions& restrictions, const char* pszDefault)
+        : CElementInfo(pszName, pszNamespace, nPropertyIndex, bNillable, eItemType, pszFormat, eWhitespaceRule,
+                       restrictions, pszDefault) {}
+
+protected:
+    bool ElementToXml(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
+                      OrvexXml::CXmlWriter* pWriter) const override;
+    bool ElementFromXml(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                        OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent, const char* pszNamespace,
+                        XmlElementType eParentType) override;
+    bool Validate(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass, bool bFound,
+                  bool bCheck) const override;
+};
+
+}  // namespace OrvexXmlData

@@ -1,0 +1,58 @@
+#include "orvexxml/binding/serializationcontext.h"
+
+#include "orvexxml/infrastructure/exceptions.h"
+
+namespace OrvexXml {
+
+CSerializationContext::CSerializationContext()
+    : m_bWriteTypeAttribute(true),
+      m_bIgnoreInvalidCollectionCounts(false),
+      m_bIgnoreMissingChoice(false),
+      m_bIgnoreMissingMandatoryElements(false),
+      m_bIgnoreUnknownElements(false),
+      m_bIgnoreUnknownAttributes(false),
+      m_bIgnoreNamespaces(false),
+      m_eSchemaType(SchemaType_XSD),
+      m_bNoOptionalAttributeDefaultOutput(false),
+      m_bWriteDefaultElementValues(false),
+      m_bStripCDATA(true),
+      m_strIndentChars("\t") {}
+
+CSerializationContext::~CSerializationContext() {}
+
+CSerializationContext& CSerializationContext::GetDefaultContext() {
+    static CSerializationContext s_defaultContext;
+    return s_defaultContext;
+}
+
+void CSerializationContext::SetIgnoreMissingMandatoryElements(bool bValue) {
+    if (bValue && m_bIgnoreUnknownElements) {
+        throw COxInvalidStateException(
+            "The parser can only ignore additional elements, or ignore the fact that some required ones are missing, "
+            "you can not ignore both\nSet IgnoreUnknownElements to false before setting "
+            "IgnoreMissingMandatoryElements to true");
+    }
+    m_bIgnoreMissingMandatoryElements = bValue;
+}
+
+void CSerializationContext::SetIgnoreUnknownElements(bool bValue) {
+    if (bValue && m_bIgnoreMissingMandatoryElements) {
+        throw COxInvalidStateException(
+            "The parser can only ignore additional elements, or ignore the fact that some required ones are missing, "
+            "you can not ignore both\nSet IgnoreMissingMandatoryElements to false before setting "
+            "IgnoreUnknownElements to true");
+    }
+    m_bIgnoreUnknownElements = bValue;
+}
+
+void CSerializationContext::SetIndentChars(const char* pszIndent) {
+    std::string strIndent = pszIndent ? pszIndent : "";
+    for (char c : strIndent) {
+        if (c != ' ' && c != '\t') {
+            throw COxInvalidParamException("IndentChars can only contain Whitespace characters, i.e. \\t or spaces");
+        }
+    }
+    m_strIndentChars = strIndent;
+}
+
+}  // namespace OrvexXml

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "orvexxml/export.h"
+#include "orvexxml/xml/namespacealiasmap.h"
+
+namespace OrvexXml {
+
+// The schema language the generated code came from. Only SchemaType_DTD changes behaviour:
+// a DTD has no namespaces, so namespace URIs are not compared while reading.
+enum SchemaType { SchemaType_XSD = 0, SchemaType_XDR = 1, SchemaType_DTD = 2 };
+
+// The settings of a write or read call. One object may serve many calls; operations take
+// it by const reference. Copyable.
+class ORVEXXML_API CSerializationContext {
+public:
+    CSerializationContext();
+    CSerializationContext(const CSerializationContext& other) = default;
+    CSerializationContext& operator=(const CSerializationContext& other) = default;
+    virtual ~CSerializationContext();
+
+    // The process-wide context with the default settings.
+    static CSerializationContext& GetDefaultContext();
+
+    const std::string& GetDefaultNamespaceURI() const { return m_strDefaultNamespaceURI; }
+    void SetDefaultNamespaceURI(const char* pszUri) { m_strDefaultNamespaceURI = pszUri ? pszUri : ""; }
+
+    bool GetWriteTypeAttribute() const { return m_bWriteTypeAttribute; }
+    void SetWriteTypeAttribute(bool bValue) { m_bWriteTypeAttribute = bValue; }
+
+    CNamespaceAliasMap& GetNamespaceAliases() { return m_namespaceAliases; }
+    const CNamespaceAliasMap& GetNamespaceAliases() const { return m_namespaceAliases; }
+
+    std::vector<std::string>& GetProcessingInstructions() { return m_vecProcessingInstructions; }
+    const std::vector<std::string>& GetProcessingInstructions() const { return m_vecProcessingInstructions; }
+
+    const std::string& GetInLineSchema() const { return m_strInLineSchema; }
+    void SetInLineSchema(const char* pszSchema) { m_strInLineSchema = pszSchema ? pszSchema : ""; }
+
+    bool GetIgnoreInvalidCollectionCounts() const { return m_bIgnoreInvalidCollectionCounts; }
+    void SetIgnoreInvalidCollectionCounts(bool bValue) { m_bIgnoreInvalidCollectionCounts = bValue; }
+
+    bool GetIgnoreMissingChoice() const { return m_bIgnoreMissingChoice; }
+    void SetIgnoreMissingChoice(bool bValue) { m_bIgnoreMissingChoice = bValue; }
+
+    // These two can't both be on: true is refused while the other one is set.
+    bool GetIgnoreMissingMandatoryElements() const { return m_bIgnoreMissingMandatoryElements; }
+    void SetIgnoreMissingMandatoryElements(bool bValue);
+    bool GetIgnoreUnknownElements() const { return m_bIgnoreUnknownElements; }
+    void SetIgnoreUnknownElements(bool bValue);
+
+    bool GetIgnoreUnknownAttributes() const { return m_bIgnoreUnknownAttributes; }
+    void SetIgnoreUnknownAttributes(bool bValue) { m_bIgnoreUnknownAttributes = bValue; }
+
+    // True when the flag is set or the schema language has no namespaces.
+    bool GetIgnoreNamespaces() const { return m_bIgnoreNamespaces || m_eSchemaType == SchemaType_DTD; }
+    void SetIgnoreNamespaces(bool bValue) { m_bIgnoreNamespaces = bValue; }
+
+    SchemaType GetSchemaType() const { return m_eSchemaType; }
+    void SetSchemaType(SchemaType eType) { m_eSchemaType = eType; }
+
+    bool GetNoOptionalAttributeDefaultOutput() const { return m_bNoOptionalAttributeDefaultOutput; }
+    void SetNoOptionalAttributeDefaultOutput(bool bValue) { m_bNoOptionalAttributeDefaultOutput = bValue; }
+
+    bool GetWriteDefaultElementValues() const { return m_bWriteDefaultElementValues; }
+    void SetWriteDefaultElementValues(bool bValue) { m_bWriteDefaultElementValues = bValue; }
+
+    bool GetStripCDATA() const { return m_bStripCDATA; }
+    void SetStripCDATA(bool bValue) { m_bStripCDATA = bValue; }
+
+    // Only blanks and tabs; a null pointer stores the empty string.
+    const std::string& GetIndentChars() const { return m_strIndentChars; }
+    void SetIndentChars(const char* pszIndent);
+
+    // The additional root attributes and the JSON and Fast Infoset sub-contexts join this
+    // class with the subsystems that define them.
+
+private:
+    std::string m_strDefaultNamespaceURI;
+    bool m_bWriteTypeAttribute;
+    CNamespaceAliasMap m_namespaceAliases;
+    std::vector<std::string> m_vecProcessingInstructions;
+    std::string m_strInLineSchema;
+    bool m_bIgnoreInvalidCollectionCounts;
+    bool m_bIgnoreMissingChoice;
+    bool m_bIgnoreMissingMandatoryElements;
+    bool m_bIgnoreUnknownElements;
+    bool m_bIgnoreUnknownAttributes;
+    bool m_bIgnoreNamespaces;
+    SchemaType m_eSchemaType;
+    bool m_bNoOptionalAttributeDefaultOutput;
+    bool m_bWriteDefaultElementValues;
+    bool m_bStripCDATA;
+    std::string m_strIndentChars;
+};
+
+}  // namespace OrvexXml

@@ -1,0 +1,193 @@
+#include "orvexxml/binding/xmlobjectbase.h"
+
+#include <cstdio>
+
+#include "orvexxml/binding/serializationcontext.h"
+#include "orvexxml/infrastructure/exceptions.h"
+#include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/infrastructure/textstream.h"
+#include "orvexxml/writers/xmltextwriter.h"
+
+namespace OrvexXml {
+
+namespace {
+// The generator version announced by generated code; 0.0 until Register is called.
+int g_nGeneratorMajor = 0;
+int g_nGeneratorMinor = 0;
+// The first object built checks the version once; a plain flag, as the check is advisory.
+bool g_bFirstObjectChecked = false;
+
+bool VersionMatches() {
+    return g_nGeneratorMajor == ORVEXXML_VERSION_MAJOR && g_nGeneratorMinor == ORVEXXML_VERSION_MINOR;
+}
+
+// The user-visible channel of a version mismatch.
+void ShowVersionMismatch() {
+    std::string text = FormatString(
+        "Please ensure your generated code is the same version as this library (Orvex Runtime: v%d.%d, Generator: "
+        "v%d.%d).",
+        ORVEXXML_VERSION_MAJOR, ORVEXXML_VERSION_MINOR, g_nGeneratorMajor, g_nGeneratorMinor);
+    std::fprintf(stderr, "Version Mismatch Error: %s\n", text.c_str());
+}
+}  // namespace
+
+void Register(int nMajor, int nMinor) {
+    g_nGeneratorMajor = nMajor;
+    g_nGeneratorMinor = nMinor;
+}
+
+void CXmlObjectBase::CheckVersion() {
+    if (VersionMatches()) return;
+    ShowVersionMismatch();
+    throw COxException(FormatString("Wrong Version (Orvex Runtime: v%d.%d, Generator: v%d.%d)",
+                                    ORVEXXML_VERSION_MAJOR, ORVEXXML_VERSION_MINOR, g_nGeneratorMajor,
+                                    g_nGeneratorMinor));
+}
+
+CXmlObjectBase::CXmlObjectBase() : m_lRefCount(0) {
+    if (!g_bFirstObjectChecked) {
+        g_bFirstObjectChecked = true;
+        if (!VersionMatches()) ShowVersionMismatch();
+    }
+}
+
+CXmlObjectBase::CXmlObjectBase(const CXmlObjectBase& other)
+    : IEventSink(other), m_strElementName(other.m_strElementName), m_lRefCount(0) {}
+
+CXmlObjectBase& CXmlObjectBase::operator=(const CXmlObjectBase& other) {
+    m_strElementName = other.m_strElementName;
+    return *this;
+}
+
+CXmlObjectBase::~CXmlObjectBase() {}
+
+void CXmlObjectBase::OnEvent(CXmlObjectBase*, IEventSink::MsgType, void*) {}
+
+std::string CXmlObjectBase::ToXml(bool bHeader, bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const {
+    CheckVersion();
+    CTextStream stream(XmlEncoding_None);
+    CXmlTextWriter writer(&stream);
+    writer.StartDocument();
+    writer.SetFormatted(bFormatted);
+    writer.SetIndentChars(ctx.GetIndentChars().c_str());
+    writer.SetEOLType(eEOL);
+    writer.SetWriteDefaultValues(ctx.GetWriteDefaultElementValues());
+    if (bHeader) writer.WriteHeader();
+    std::string strNamespace = GetTargetNamespace();
+    ToXml_Int(&writer, true, strNamespace.c_str(), ctx, false);
+    writer.EndDocument();
+    return std::string(stream.GetText(), stream.GetLength());
+}
+
+void CXmlObjectBase::AttributesToXml_Int(CXmlWriter*, const CSerializationContext&) const {}
+
+bool IsNamespaceValid(const std::string& strNamespace, const std::string& strRestriction,
+                      const std::string& strTargetNamespace) {
+    size_t nStart = 0;
+    for (;;) {
+        size_t nEnd = strRestriction.find(' ', nStart);
+        size_t nLen = (nEnd == std::string::npos ? strRestriction.size() : nEnd) - nStart;
+        const char* pToken = strRestriction.data() + nStart;
+        auto is = [&](const char* pszWord) { return strRestriction.compare(nStart, nLen, pszWord) == 0; };
+        bool bPass;
+        if (is("##any"))
+            bPass = true;
+        else if (is("##other"))
+            bPass = strNamespace != strTargetNamespace;
+        else if (is("##local"))
+            bPass = strNamespace.empty();
+        else if (is("##targetNamespace"))
+            bPass = strNamespace == strTargetNamespace;
+        else  // a literal URI; an unqualified name passes it too
+            bPass = strNamespace.empty() || strNamespace.compare(0, std::string::npos, pToken, nLen) == 0;
+        if (bPass) return true;
+        if (nEnd == std::string::npos) return false;
+        nStart = nEnd + 1;
+    }
+}
+
+void TestNamespace(const std::string& strNamespace, const std::string& strRestriction,
+                   const std::string& strTargetNamespace) {
+    if (!IsNamespaceValid(strNamespace, strRestriction, strTargetNamespace)) {
+        throw COxInvalidNamespaceException(
+            FormatString("Invalid namespace [%s]. The namespace must be one of [%s] where the target namespace is [%s].",
+                         strNamespace.c_str(), strRestriction.c_str(), strTargetNamespace.c_str()),
+            std::string());
+    }
+}
+
+static inline std::string Str(const char* psz) { return psz ? std::string(psz) : std::string(); }
+
+void CXmlObjectBase::TestNamespace(const char* pszNamespace, const char* pszRestriction,
+                                   const char* pszTargetNamespace) const {
+    OrvexXml::TestNamespace(Str(pszNamespace), Str(pszRestriction), Str(pszTargetNamespace));
+}
+
+bool CXmlObjectBase::IsNamespaceValid(const char* pszNamespace, const char* pszRestriction,
+                                      const char* pszTargetNamespace) const {
+    return OrvexXml::IsNamespaceValid(Str(pszNamespace), Str(pszRestriction), Str(pszTargetNamespace));
+}
+
+void CXmlObjectBase::Choice_SelectElement(const char* pszName, CXmlObjectBase* pValue, std::string& selected) {
+    if (selected == pszName) {
+        if (!pValue) selected.clear();
+        return;
+    }
+    if (selected.empty()) {
+        selected = pszName;  // also for a null value: clearing a member of an empty choice selects it
+        return;
+    }
+    if (pValue) {
+        throw COxInvalidStateException(FormatString(
+            "The Property [%s] is already set. Only one element within this class bay be set at a time",
+            selected.c_str()));
+    }
+}
+
+void CXmlObjectBase::Choice_SetElementValid(bool bValid, const char* pszName, std::string& selected) {
+    if (!bValid) {
+        selected.clear();
+        return;
+    }
+    if (!selected.empty() && selected != pszName) {
+        throw COxInvalidStateException(FormatString(
+            "The Property %s is already set. Only one element within this class bay be set at a time",
+            selected.c_str()));
+    }
+    selected = pszName;
+}
+
+void CXmlObjectBase::Choice_CollectionChanged(const char* pszName, OxLong nCount, std::string& selected) {
+    if (selected == pszName) {
+        if (nCount == 0) selected.clear();
+        return;
+    }
+    if (selected.empty()) {
+        if (nCount > 0) selected = pszName;
+        return;
+    }
+    if (nCount != 0) {
+        throw COxInvalidStateException(FormatString(
+            "The Property [%s] is already set. Only one element within this class bay be set at a time",
+            selected.c_str()));
+    }
+}
+
+void CXmlObjectBase::Throw_IfPropertyIsNull(CXmlObjectBase* pValue, const char* pszName) {
+    if (!pValue) {
+        throw COxInvalidParamException(
+            FormatString("The Property [%s] is mandatory, it may node be NULL", pszName ? pszName : ""));
+    }
+}
+
+void CXmlObjectBase::Throw_IfElementNameDiffers(CXmlObjectBase* pValue, const char* pszName) {
+    if (!pValue) return;
+    const std::string& strActual = pValue->GetBase()->GetElementName();
+    if (strActual != Str(pszName)) {
+        throw COxInvalidParamException(FormatString(
+            "This property requires an element with the name %s the element being set has the element name %s",
+            pszName ? pszName : "", strActual.c_str()));
+    }
+}
+
+}  // namespace OrvexXml

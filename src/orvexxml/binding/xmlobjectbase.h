@@ -1,0 +1,147 @@
+#pragma once
+
+#include <atomic>
+#include <string>
+
+#include "orvexxml/export.h"
+#include "orvexxml/infrastructure/encodingtypes.h"
+
+namespace OrvexXmlData {
+class CElementInfo;
+class CAttributeInfo;
+}  // namespace OrvexXmlData
+
+namespace OrvexXml {
+
+class CXmlWriter;
+class CXmlElement;
+class CSerializationContext;
+class CXmlObjectBase;
+
+// Receives notifications (collection changes) from the objects it listens to.
+class ORVEXXML_API IEventSink {
+public:
+    enum MsgType {
+        MsgType_CollectionChange = 0,
+        MsgType_CollectionAdd = 1,
+        MsgType_CollectionAddComplete = 2,
+        MsgType_CollectionRemove = 3,
+        MsgType_CollectionRemoveComplete = 4
+    };
+    virtual void OnEvent(CXmlObjectBase* pSource, MsgType type, void* pData) = 0;
+
+protected:
+    ~IEventSink() {}
+};
+
+// The runtime's own version; generated code announces its generator's version through
+// Register, and every public entry point refuses to work on a mismatch.
+const int ORVEXXML_VERSION_MAJOR = 16;
+const int ORVEXXML_VERSION_MINOR = 1;
+
+// Records the version of the generator that produced the calling code.
+ORVEXXML_API void Register(int nMajor, int nMinor);
+
+// Whether ns passes a constraint in the form of an XSD wildcard's namespace attribute: a
+// list of tokens separated by single blanks, each "##any", "##other", "##local",
+// "##targetNamespace" or a literal URI.
+ORVEXXML_API bool IsNamespaceValid(const std::string& strNamespace, const std::string& strRestriction,
+                                   const std::string& strTargetNamespace);
+// Throws COxInvalidNamespaceException when IsNamespaceValid is false.
+ORVEXXML_API void TestNamespace(const std::string& strNamespace, const std::string& strRestriction,
+                                const std::string& strTargetNamespace);
+
+// Root of everything that can serialise itself. Reference counted (AddRef/Release);
+// an object starts with a count of 0 and deletes itself when the count falls back to 0.
+//
+// The order of the virtual operations is part of the interface with generated code.
+// Entry points of subsystems that are not present yet (streams, files, JSON, Fast
+// Infoset, open content) take their slots in this order when they arrive.
+class ORVEXXML_API CXmlObjectBase : public IEventSink {
+    // The metadata classes drive the protected walks of the objects they describe.
+    friend class OrvexXmlData::CElementInfo;
+    friend class OrvexXmlData::CAttributeInfo;
+
+public:
+    CXmlObjectBase();
+    // A copy carries the element name; it is a new object, held by nobody yet.
+    CXmlObjectBase(const CXmlObjectBase& other);
+    // Assignment copies the element name; the target keeps its own reference count.
+    CXmlObjectBase& operator=(const CXmlObjectBase& other);
+
+    // --- virtual slots, in interface order -------------------------------------------
+    void OnEvent(CXmlObjectBase* pSource, IEventSink::MsgType type, void* pData) override;
+    virtual CXmlObjectBase* GetBase() = 0;
+    // Writes the object as an XML document in the local encoding.
+    virtual std::string ToXml(bool bHeader, bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const;
+
+protected:
+    virtual ~CXmlObjectBase();
+    // The namespace of the root element when the object is written as a document.
+    virtual std::string GetTargetNamespace() const = 0;
+
+public:
+    // The namespace handed to the element descriptions while reading.
+    virtual std::string GetNamespace() const = 0;
+
+protected:
+    virtual void AttributesToXml_Int(CXmlWriter* pWriter, const CSerializationContext& ctx) const;
+    virtual void ToXml_Int(CXmlWriter* pWriter, bool bRoot, const char* pszNamespace, const CSerializationContext& ctx,
+                           bool bOptionalChoice) const = 0;
+    virtual CXmlElement* FromXml_Int(CXmlElement* pElement, CXmlElement* pFirstChild, const CSerializationContext& ctx,
+                                     bool bOptionalChoice) = 0;
+    // --- end of virtual slots ----------------------------------------------------------
+
+public:
+    const CXmlObjectBase* GetBase() const { return const_cast<CXmlObjectBase*>(this)->GetBase(); }
+
+    OxLong AddRef() { return m_lRefCount.fetch_add(1, std::memory_order_relaxed) + 1; }
+    // Drops one reference; the call that brings the count to 0 deletes the object.
+    OxLong Release() {
+        OxLong lCount = m_lRefCount.fetch_sub(1, std::memory_order_acq_rel) - 1;
+        if (lCount == 0) delete this;
+        return lCount;
+    }
+
+protected:
+    const std::string& GetElementName() const { return m_strElementName; }
+    void SetElementName(const char* pszName) { m_strElementName = pszName ? pszName : ""; }
+    static void SetElementName(CXmlObjectBase* pObject, const char* pszName) { pObject->SetElementName(pszName); }
+
+    // Static forms that let collections and metadata classes reach the protected virtuals.
+    static void AttributesToXml_Int(const CXmlObjectBase* pObject, CXmlWriter* pWriter,
+                                    const CSerializationContext& ctx) {
+        pObject->AttributesToXml_Int(pWriter, ctx);
+    }
+    static void ToXml_Int(const CXmlObjectBase* pObject, CXmlWriter* pWriter, bool bRoot, const char* pszNamespace,
+                          const CSerializationContext& ctx, bool bOptionalChoice) {
+        pObject->ToXml_Int(pWriter, bRoot, pszNamespace, ctx, bOptionalChoice);
+    }
+    static CXmlElement* FromXml_Int(CXmlObjectBase* pObject, CXmlElement* pElement, CXmlElement* pFirstChild,
+                                    const CSerializationContext& ctx) {
+        return pObject->FromXml_Int(pElement, pFirstChild, ctx, false);
+    }
+
+    // The version test of every public entry point: throws on a mismatch.
+    static void CheckVersion();
+
+    // Helpers that keep the one-of rule of a choice. 'selected' is the generated class's
+    // record of the member that is set (its element name), empty when none is.
+    static void Choice_SelectElement(const char* pszName, CXmlObjectBase* pValue, std::string& selected);
+    static void Choice_SetElementValid(bool bValid, const char* pszName, std::string& selected);
+    static void Choice_CollectionChanged(const char* pszName, OxLong nCount, std::string& selected);
+
+    // Guards for generated property setters.
+    static void Throw_IfPropertyIsNull(CXmlObjectBase* pValue, const char* pszName);
+    static void Throw_IfElementNameDiffers(CXmlObjectBase* pValue, const char* pszName);
+
+    // The test of a namespace against a wildcard constraint such as "##other ##local".
+    void TestNamespace(const char* pszNamespace, const char* pszRestriction, const char* pszTargetNamespace) const;
+    bool IsNamespaceValid(const char* pszNamespace, const char* pszRestriction, const char* pszTargetNamespace) const;
+
+private:
+    std::string m_strElementName;
+    std::atomic<OxLong> m_lRefCount;
+};
+
+}  // namespace OrvexXml

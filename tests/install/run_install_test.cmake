@@ -1,0 +1,44 @@
+# Installs the built library into a scratch prefix, then configures, builds and runs a
+# separate project that finds it with find_package(OrvexXml) and with pkg-config.
+file(REMOVE_RECURSE ${WORK_DIR})
+file(MAKE_DIRECTORY ${WORK_DIR})
+set(prefix ${WORK_DIR}/prefix)
+
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "command failed (${rc}): ${ARGN}\n${out}\n${err}")
+  endif()
+  set(last_output "${out}" PARENT_SCOPE)
+endfunction()
+
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+
+foreach(f include/orvexxml/orvexxml.h include/orvexxml/binding/xmlgeneratedclass.h
+          include/orvexxml/writers/xmltextwriter.h lib/cmake/OrvexXml/OrvexXmlConfig.cmake
+          lib/pkgconfig/orvexxml.pc)
+  if(NOT EXISTS ${prefix}/${f})
+    message(FATAL_ERROR "missing after install: ${f}")
+  endif()
+endforeach()
+
+run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/install/consumer -B ${WORK_DIR}/consumer -G ${CMAKE_GENERATOR}
+    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_BUILD_TYPE=Release)
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/consumer)
+run(${WORK_DIR}/consumer/consumer)
+set(expected "<?xml version=\"1.0\"?>\n<Greeting>\n\t<Text>hello &amp; welcome</Text>\n</Greeting>\n")
+if(NOT last_output STREQUAL expected)
+  message(FATAL_ERROR "consumer printed:\n${last_output}\nexpected:\n${expected}")
+endif()
+
+# The same program built by hand with the flags that pkg-config gives.
+run(${CMAKE_COMMAND} -E env PKG_CONFIG_PATH=${prefix}/lib/pkgconfig pkg-config --cflags --libs orvexxml)
+string(STRIP "${last_output}" pc_flags)
+separate_arguments(pc_flags UNIX_COMMAND "${pc_flags}")
+run(c++ -std=c++17 ${SOURCE_DIR}/tests/install/consumer/main.cpp ${pc_flags} -Wl,-rpath,${prefix}/lib
+    -o ${WORK_DIR}/consumer_pc)
+run(${WORK_DIR}/consumer_pc)
+if(NOT last_output STREQUAL expected)
+  message(FATAL_ERROR "pkg-config consumer printed:\n${last_output}")
+endif()
+message(STATUS "install test passed")

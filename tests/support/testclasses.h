@@ -1,0 +1,213 @@
+// Small hand-written classes in the shape of generated code, for cases the samples don't
+// cover (failing getters, odd group types, pseudo elements, nested objects).
+#pragma once
+
+#include <orvexxml/orvexxml.h>
+
+namespace OrvexTest {
+
+using namespace OrvexXml;
+using namespace OrvexXmlData;
+
+// Shared boilerplate of the test classes: an empty attribute table.
+inline CAttributeInfo** NoAttributes() {
+    static CAttributeInfo* s_table[1] = {nullptr};
+    return s_table;
+}
+
+inline CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions(); }
+
+// An element holding a generated object: writes the child through its own walk.
+class CTestClassElementInfo : public CElementInfo {
+public:
+    CTestClassElementInfo(const char* pszName, const char* pszNamespace, int nIndex)
+        : CElementInfo(pszName, pszNamespace, nIndex) {}
+    bool CallValidate() const { return Validate(CSerializationContext::GetDefaultContext(), nullptr, false, false); }
+
+protected:
+    bool ElementToXml(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
+                      CXmlWriter* pWriter) const override {
+        OxVariant value;
+        ReadProperty(pClass, value);
+        if (!value.IsValid()) return false;
+        CSmartPtr<CXmlObjectBase> child = value.GetXmlObject();
+        ToXml_Int(child, pWriter, false, GetElementNamespace().c_str(), ctx, false);
+        return true;
+    }
+    bool ElementFromXml(const CSerializationContext&, CXmlGeneratedClass*, CXmlElement*, CXmlElement**, const char*,
+                        XmlElementType) override {
+        return false;
+    }
+};
+
+// Sequence of one mandatory string "Value", plus string simple content.
+class CTestRecord : public CXmlGeneratedClass {
+public:
+    CTestRecord() : m_bFailGetter(false), m_pParentInfo(&ms_parent) { SetElementName("Record"); }
+
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetNamespace() const override { return ""; }
+    std::string GetTargetNamespace() const override { return ""; }
+    void ExchangeProperty(int nIndex, bool bRead, OxVariant& value) override {
+        if (!bRead) return;
+        if (nIndex == 0) {
+            if (m_bFailGetter) throw COxException("getter refused");
+            value = m_value;
+        } else if (m_text.IsValid()) {
+            value = m_text;
+        } else {
+            value.SetString("");
+        }
+    }
+    CParentElementInfo* GetParentElementInfo() const override { return m_pParentInfo; }
+    CElementInfo** GetClassElementInfo() const override { return ms_elements; }
+    CAttributeInfo** GetClassAttributeInfo() const override { return NoAttributes(); }
+    void ResetToDefaults() override {
+        m_value.SetInvalid();
+        m_text.SetInvalid();
+    }
+    using CXmlObjectBase::SetElementName;
+    static void CallCleanMetaData(CParentElementInfo*& p, CElementInfo**& e, CAttributeInfo**& a) {
+        CleanMetaData(p, e, a);
+    }
+
+    OxVariant m_value;
+    OxVariant m_text;
+    bool m_bFailGetter;
+    CParentElementInfo* m_pParentInfo;
+
+    static inline CParentElementInfo ms_parent{XmlElementGroupType_Sequence, XmlElementType_Element, "Record", "",
+                                               true, false, 1, ItemType_string, nullptr, false};
+    static inline CParentElementInfo ms_badGroup{static_cast<XmlElementGroupType>(7), XmlElementType_Element,
+                                                 "Record", "", true, false, -1, ItemType_invalid, nullptr, false};
+    static inline CElementInfoSeqPrimMnd ms_value{"Value", "", 0, true, ItemType_string, nullptr,
+                                                  CWhitespaceUtils::WhitespaceRule_preserve, NoFacets(), nullptr};
+    static inline CElementInfo* ms_elements[2] = {&ms_value, nullptr};
+};
+
+// Holds one child object under the element "Child".
+class CTestHolder : public CXmlGeneratedClass {
+public:
+    CTestHolder() { SetElementName("Holder"); }
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetNamespace() const override { return ""; }
+    std::string GetTargetNamespace() const override { return ""; }
+    void ExchangeProperty(int, bool bRead, OxVariant& value) override {
+        if (bRead && m_child) value.SetXmlObject(m_child);
+    }
+    CParentElementInfo* GetParentElementInfo() const override { return &ms_parent; }
+    CElementInfo** GetClassElementInfo() const override { return ms_elements; }
+    CAttributeInfo** GetClassAttributeInfo() const override { return NoAttributes(); }
+    void ResetToDefaults() override { m_child = nullptr; }
+
+    CSmartPtr<CXmlObjectBase> m_child;
+
+    static inline CParentElementInfo ms_parent{XmlElementGroupType_Sequence, XmlElementType_Element, "Holder", "",
+                                               true, false, -1, ItemType_invalid, nullptr, false};
+    static inline CTestClassElementInfo ms_child{"Child", "", 0};
+    static inline CElementInfo* ms_elements[2] = {&ms_child, nullptr};
+};
+
+// A choice whose members are not choice members: an empty choice is an error.
+class CStrictChoice : public CXmlGeneratedClass {
+public:
+    CStrictChoice() : m_bFirst(false), m_bSecond(false) { SetElementName("StrictChoice"); }
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetNamespace() const override { return ""; }
+    std::string GetTargetNamespace() const override { return ""; }
+    void ExchangeProperty(int nIndex, bool bRead, OxVariant& value) override {
+        if (!bRead) return;
+        if (nIndex == 0 && m_bFirst) value.SetI4(1);
+        if (nIndex == 1 && m_bSecond) value.SetI4(2);
+    }
+    CParentElementInfo* GetParentElementInfo() const override { return &ms_parent; }
+    CElementInfo** GetClassElementInfo() const override { return ms_elements; }
+    CAttributeInfo** GetClassAttributeInfo() const override { return NoAttributes(); }
+    void ResetToDefaults() override { m_bFirst = m_bSecond = false; }
+
+    bool m_bFirst;
+    bool m_bSecond;
+
+    static inline CParentElementInfo ms_parent{XmlElementGroupType_Choice, XmlElementType_Element, "StrictChoice", "",
+                                               true, false, -1, ItemType_invalid, nullptr, false};
+    static inline CElementInfoSeqPrimOpt ms_first{"First", "", 0, false, ItemType_i4, nullptr,
+                                                  CWhitespaceUtils::WhitespaceRule_collapse, NoFacets(), nullptr};
+    static inline CElementInfoSeqPrimOpt ms_second{"Second", "", 1, false, ItemType_i4, nullptr,
+                                                   CWhitespaceUtils::WhitespaceRule_collapse, NoFacets(), nullptr};
+    static inline CElementInfo* ms_elements[3] = {&ms_first, &ms_second, nullptr};
+};
+
+// A class of a derivation family, with no content.
+class CTestDerived : public CXmlGeneratedClass {
+public:
+    CTestDerived() { SetElementName("Derived"); }
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetNamespace() const override { return "urn:types"; }
+    std::string GetTargetNamespace() const override { return "urn:types"; }
+    void ExchangeProperty(int, bool, OxVariant&) override {}
+    CParentElementInfo* GetParentElementInfo() const override { return &ms_parent; }
+    CElementInfo** GetClassElementInfo() const override { return ms_elements; }
+    CAttributeInfo** GetClassAttributeInfo() const override { return NoAttributes(); }
+    void ResetToDefaults() override {}
+    using CXmlObjectBase::SetElementName;
+
+    static inline CParentElementInfo ms_parent{XmlElementGroupType_Sequence, XmlElementType_Element, "Derived",
+                                               "urn:types", true, true, -1, ItemType_invalid, nullptr, false};
+    static inline CElementInfo* ms_elements[1] = {nullptr};
+};
+
+// A model group: no tags of its own.
+class CTestGroup : public CXmlGeneratedClass {
+public:
+    CTestGroup() { SetElementName("Group"); }
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetNamespace() const override { return ""; }
+    std::string GetTargetNamespace() const override { return ""; }
+    void ExchangeProperty(int nIndex, bool bRead, OxVariant& value) override {
+        if (bRead) value.SetI4(nIndex + 1);
+    }
+    CParentElementInfo* GetParentElementInfo() const override { return &ms_parent; }
+    CElementInfo** GetClassElementInfo() const override { return ms_elements; }
+    CAttributeInfo** GetClassAttributeInfo() const override { return NoAttributes(); }
+    void ResetToDefaults() override {}
+
+    static inline CParentElementInfo ms_parent{XmlElementGroupType_Sequence, XmlElementType_PseudoElement, "Group", "",
+                                               true, false, -1, ItemType_invalid, nullptr, false};
+    static inline CElementInfoSeqPrimMnd ms_a{"A", "", 0, false, ItemType_i4, nullptr,
+                                              CWhitespaceUtils::WhitespaceRule_collapse, NoFacets(), nullptr};
+    static inline CElementInfoSeqPrimMnd ms_b{"B", "", 1, false, ItemType_i4, nullptr,
+                                              CWhitespaceUtils::WhitespaceRule_collapse, NoFacets(), nullptr};
+    static inline CElementInfo* ms_elements[3] = {&ms_a, &ms_b, nullptr};
+};
+
+// An All group with a mandatory and an optional member.
+class CTestAll : public CXmlGeneratedClass {
+public:
+    CTestAll() { SetElementName("All"); }
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetNamespace() const override { return ""; }
+    std::string GetTargetNamespace() const override { return ""; }
+    void ExchangeProperty(int nIndex, bool bRead, OxVariant& value) override {
+        if (bRead) value = nIndex == 0 ? m_first : m_second;
+    }
+    CParentElementInfo* GetParentElementInfo() const override { return &ms_parent; }
+    CElementInfo** GetClassElementInfo() const override { return ms_elements; }
+    CAttributeInfo** GetClassAttributeInfo() const override { return NoAttributes(); }
+    void ResetToDefaults() override {
+        m_first.SetInvalid();
+        m_second.SetInvalid();
+    }
+
+    OxVariant m_first;
+    OxVariant m_second;
+
+    static inline CParentElementInfo ms_parent{XmlElementGroupType_All, XmlElementType_Element, "All", "",
+                                               true, false, -1, ItemType_invalid, nullptr, false};
+    static inline CElementInfoAllPrimMnd ms_first{"First", "", 0, false, ItemType_i4, nullptr,
+                                                  CWhitespaceUtils::WhitespaceRule_collapse, NoFacets(), nullptr};
+    static inline CElementInfoAllPrimOpt ms_second{"Second", "", 1, false, ItemType_i4, nullptr,
+                                                   CWhitespaceUtils::WhitespaceRule_collapse, NoFacets(), nullptr};
+    static inline CElementInfo* ms_elements[3] = {&ms_first, &ms_second, nullptr};
+};
+
+}  // namespace OrvexTest
