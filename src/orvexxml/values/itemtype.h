@@ -1,10 +1,12 @@
 #pragma once
 
+#include <cstdint>
+
 namespace OrvexXml {
 
 // The kinds of primitive value an OxVariant can hold. The numbers are part of the
 // interface with generated code and must never change.
-enum ItemType {
+enum ItemType : int32_t {
     ItemType_invalid = 0,
     ItemType_hexBinary = 1,
     ItemType_base64Binary = 2,

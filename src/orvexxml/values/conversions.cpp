@@ -1,0 +1,381 @@
+#include "orvexxml/values/conversions.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+
+#include "orvexxml/infrastructure/exceptions.h"
+#include "orvexxml/infrastructure/formatstring.h"
+
+namespace OrvexXml {
+
+namespace {
+
+// ---------------------------------------------------------------------------------------
+// Integer to text. Writes the digits backwards into the end of a local buffer, two at a
+// time; the result is the same text that "%d"/"%u"/"%lld"/"%llu" give, without the cost
+// of parsing a format.
+
+const char g_szDigitPairs[] =
+    "00010203040506070809"
+    "10111213141516171819"
+    "20212223242526272829"
+    "30313233343536373839"
+    "40414243444546474849"
+    "50515253545556575859"
+    "60616263646566676869"
+    "70717273747576777879"
+    "80818283848586878889"
+    "90919293949596979899";
+
+// Room for the 20 digits of the largest 64-bit value and a sign.
+const size_t INT_TEXT_SIZE = 24;
+
+// Writes value in base 10 so that it ends just before pEnd; returns the first character.
+char* WriteUnsigned(uint64_t value, char* pEnd) {
+    char* p = pEnd;
+    while (value >= 100) {
+        unsigned nPair = static_cast<unsigned>(value % 100) * 2;
+        value /= 100;
+        *--p = g_szDigitPairs[nPair + 1];
+        *--p = g_szDigitPairs[nPair];
+    }
+    if (value >= 10) {
+        unsigned nPair = static_cast<unsigned>(value) * 2;
+        *--p = g_szDigitPairs[nPair + 1];
+        *--p = g_szDigitPairs[nPair];
+    } else {
+        *--p = static_cast<char>('0' + value);
+    }
+    return p;
+}
+
+std::string UnsignedToString(uint64_t value) {
+    char szBuf[INT_TEXT_SIZE];
+    char* pEnd = szBuf + sizeof(szBuf);
+    char* p = WriteUnsigned(value, pEnd);
+    return std::string(p, static_cast<size_t>(pEnd - p));
+}
+
+std::string SignedToString(int64_t value) {
+    char szBuf[INT_TEXT_SIZE];
+    char* pEnd = szBuf + sizeof(szBuf);
+    // The magnitude taken in unsigned arithmetic, which is also right for the lowest value.
+    uint64_t uMagnitude = value < 0 ? 0 - static_cast<uint64_t>(value) : static_cast<uint64_t>(value);
+    char* p = WriteUnsigned(uMagnitude, pEnd);
+    if (value < 0) *--p = '-';
+    return std::string(p, static_cast<size_t>(pEnd - p));
+}
+
+// ---------------------------------------------------------------------------------------
+// Text to integer, with the semantics of the strtol family at a chosen width: leading
+// whitespace (as isspace in the "C" locale) is skipped, an optional sign follows, then
+// base-10 digits. Digits are consumed to their end even after the magnitude has grown
+// beyond the limit, so that the too-large verdict wins over the stop character.
+
+enum ParseResult { Parse_Ok, Parse_TooLarge, Parse_NotANumber };
+
+bool IsCSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+// Reads the C string psz. On success uMagnitude is the magnitude and bNegative tells the
+// sign. uLimitPositive and uLimitNegative are the largest magnitudes that a positive and a
+// negative value may have.
+ParseResult ParseInteger(const char* psz, uint64_t uLimitPositive, uint64_t uLimitNegative, uint64_t& uMagnitude,
+                         bool& bNegative) {
+    const char* p = psz;
+    while (IsCSpace(*p)) ++p;
+    bNegative = false;
+    if (*p == '+' || *p == '-') {
+        bNegative = (*p == '-');
+        ++p;
+    }
+    // strtol reports no conversion, with the stop pointer at the start, when no digit follows.
+    if (*p < '0' || *p > '9') return Parse_NotANumber;
+
+    const uint64_t uLimit = bNegative ? uLimitNegative : uLimitPositive;
+    uint64_t uValue = 0;
+    bool bOverflow = false;
+    for (; *p >= '0' && *p <= '9'; ++p) {
+        unsigned nDigit = static_cast<unsigned>(*p - '0');
+        if (!bOverflow) {
+            if (uValue > (uLimit - nDigit) / 10) {
+                bOverflow = true;
+            } else {
+                uValue = uValue * 10 + nDigit;
+            }
+        }
+    }
+    if (bOverflow) return Parse_TooLarge;
+    if (*p != '\0') return Parse_NotANumber;
+    uMagnitude = uValue;
+    return Parse_Ok;
+}
+
+// Passes text through the whitespace rule, copying only when the rule changes it.
+class CProcessedText {
+public:
+    CProcessedText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) : m_pText(&text) {
+        if (!CWhitespaceUtils::IsUnchangedByRule(rule, text)) {
+            m_strCopy = CWhitespaceUtils::ApplyRule(rule, text);
+            m_pText = &m_strCopy;
+        }
+    }
+    const std::string& Get() const { return *m_pText; }
+
+private:
+    const std::string* m_pText;
+    std::string m_strCopy;
+};
+
+[[noreturn]] void ThrowInvalid(const char* pszFormat, const std::string& text) {
+    throw COxInvalidValueException(FormatString(pszFormat, text.c_str()));
+}
+
+// The signed conversions at the width given by the limits; the messages name the type.
+int64_t ReadSigned(const std::string& text, CWhitespaceUtils::WhitespaceRule rule, uint64_t uLimitPositive,
+                   const char* pszNotANumber, const char* pszTooLarge) {
+    CProcessedText processed(text, rule);
+    const std::string& strProcessed = processed.Get();
+    if (strProcessed.empty()) ThrowInvalid(pszNotANumber, strProcessed);
+    uint64_t uMagnitude = 0;
+    bool bNegative = false;
+    switch (ParseInteger(strProcessed.c_str(), uLimitPositive, uLimitPositive + 1, uMagnitude, bNegative)) {
+        case Parse_TooLarge:
+            ThrowInvalid(pszTooLarge, strProcessed);
+        case Parse_NotANumber:
+            ThrowInvalid(pszNotANumber, strProcessed);
+        case Parse_Ok:
+            break;
+    }
+    // The magnitude of a negative value may be one beyond the positive limit; negating in
+    // unsigned arithmetic and converting back gives the lowest value without overflow.
+    return bNegative ? static_cast<int64_t>(0 - uMagnitude) : static_cast<int64_t>(uMagnitude);
+}
+
+// The unsigned conversions: a "-" negates the magnitude modulo 2^width, where uMax is
+// 2^width - 1.
+uint64_t ReadUnsigned(const std::string& text, CWhitespaceUtils::WhitespaceRule rule, uint64_t uMax,
+                      const char* pszNotANumber, const char* pszTooLarge) {
+    CProcessedText processed(text, rule);
+    const std::string& strProcessed = processed.Get();
+    if (strProcessed.empty()) ThrowInvalid(pszNotANumber, strProcessed);
+    uint64_t uMagnitude = 0;
+    bool bNegative = false;
+    switch (ParseInteger(strProcessed.c_str(), uMax, uMax, uMagnitude, bNegative)) {
+        case Parse_TooLarge:
+            ThrowInvalid(pszTooLarge, strProcessed);
+        case Parse_NotANumber:
+            ThrowInvalid(pszNotANumber, strProcessed);
+        case Parse_Ok:
+            break;
+    }
+    return bNegative ? (0 - uMagnitude) & uMax : uMagnitude;
+}
+
+// ---------------------------------------------------------------------------------------
+// Floating point.
+
+const size_t R4_BUFFER_SIZE = 32;
+const size_t R8_BUFFER_SIZE = 48;
+
+// The special values have fixed names whatever the format; everything else goes through
+// snprintf into a buffer of the given size, cut as snprintf cuts.
+std::string FloatToString(double value, const char* pszFormat, const char* pszDefaultFormat, char* pBuffer,
+                          size_t nBufferSize) {
+    if (std::isnan(value)) return "NaN";
+    if (std::isinf(value)) return value < 0 ? "-INF" : "INF";
+    const char* pszUsed = (pszFormat != nullptr && *pszFormat != '\0') ? pszFormat : pszDefaultFormat;
+#if defined(__GNUC__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+#endif
+    int n = std::snprintf(pBuffer, nBufferSize, pszUsed, value);
+#if defined(__GNUC__)
+#pragma GCC diagnostic pop
+#endif
+    if (n < 0) return std::string();
+    size_t nLength = static_cast<size_t>(n) < nBufferSize ? static_cast<size_t>(n) : nBufferSize - 1;
+    return std::string(pBuffer, nLength);
+}
+
+double ReadFloat(const std::string& text, CWhitespaceUtils::WhitespaceRule rule, const char* pszNotANumber) {
+    CProcessedText processed(text, rule);
+    const std::string& strProcessed = processed.Get();
+    if (strProcessed.empty()) ThrowInvalid(pszNotANumber, strProcessed);
+    if (strProcessed == "NaN" || strProcessed == "1.#QNAN" || strProcessed == "-NAN") {
+        return std::numeric_limits<double>::quiet_NaN();
+    }
+    if (strProcessed == "-INF") return -std::numeric_limits<double>::infinity();
+    if (strProcessed == "INF") return std::numeric_limits<double>::infinity();
+    const char* psz = strProcessed.c_str();
+    char* pEnd = nullptr;
+    // No range test: an overflow reads as an infinity, an underflow as what strtod gives.
+    double value = std::strtod(psz, &pEnd);
+    if (pEnd == nullptr || *pEnd != '\0') ThrowInvalid(pszNotANumber, strProcessed);
+    return value;
+}
+
+bool EqualsNoCase(const std::string& text, const char* pszWord) {
+    size_t nLength = std::strlen(pszWord);
+    if (text.size() != nLength) return false;
+    for (size_t i = 0; i < nLength; ++i) {
+        char c = text[i];
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+        if (c != pszWord[i]) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+// --- signed integers ----------------------------------------------------------------------
+
+std::string CConversions::i1ToString(char value) { return SignedToString(static_cast<signed char>(value)); }
+std::string CConversions::i2ToString(int16_t value) { return SignedToString(value); }
+std::string CConversions::i4ToString(OxLong value) { return SignedToString(value); }
+std::string CConversions::i8ToString(int64_t value) { return SignedToString(value); }
+
+OxLong CConversions::i4FromString(const std::string& text, WhitespaceRule rule) {
+    return static_cast<OxLong>(ReadSigned(text, rule, 2147483647u, "The value [%s] can not be converted to a i4",
+                                          "The value [%s] is to large to fit in a i4"));
+}
+
+int64_t CConversions::i8FromString(const std::string& text, WhitespaceRule rule) {
+    return ReadSigned(text, rule, 9223372036854775807u, "The value [%s] can not be converted to a i8",
+                      "The value [%s] is to large to fit in a i8");
+}
+
+char CConversions::i1FromString(const std::string& text, WhitespaceRule rule) {
+    OxLong lValue = i4FromString(text, rule);
+    if (lValue < -128 || lValue > 127) ThrowInvalid("The value [%s] is to large to fit in a i1", text);
+    return static_cast<char>(lValue);
+}
+
+int16_t CConversions::i2FromString(const std::string& text, WhitespaceRule rule) {
+    OxLong lValue = i4FromString(text, rule);
+    if (lValue < -32768 || lValue > 32767) ThrowInvalid("The value [%s] is to large to fit in a i2", text);
+    return static_cast<int16_t>(lValue);
+}
+
+// --- unsigned integers --------------------------------------------------------------------
+
+std::string CConversions::ui1ToString(uint8_t value) { return UnsignedToString(value); }
+std::string CConversions::ui2ToString(uint16_t value) { return UnsignedToString(value); }
+std::string CConversions::ui4ToString(OxULong value) { return UnsignedToString(value); }
+std::string CConversions::ui8ToString(uint64_t value) { return UnsignedToString(value); }
+
+OxULong CConversions::ui4FromString(const std::string& text, WhitespaceRule rule) {
+    return static_cast<OxULong>(ReadUnsigned(text, rule, 4294967295u, "The value [%s] can not be converted to a ui4",
+                                             "The value [%s] is to large to fit in a ui4"));
+}
+
+uint64_t CConversions::ui8FromString(const std::string& text, WhitespaceRule rule) {
+    return ReadUnsigned(text, rule, 18446744073709551615u, "The value [%s] can not be converted to a ui8",
+                        "The value [%s] is to large to fit in a ui8");
+}
+
+uint8_t CConversions::ui1FromString(const std::string& text, WhitespaceRule rule) {
+    OxULong ulValue = ui4FromString(text, rule);
+    if (ulValue >= 256) ThrowInvalid("The value [%s] is to large to fit in a ui1", text);
+    return static_cast<uint8_t>(ulValue);
+}
+
+uint16_t CConversions::ui2FromString(const std::string& text, WhitespaceRule rule) {
+    OxULong ulValue = ui4FromString(text, rule);
+    if (ulValue >= 65536) ThrowInvalid("The value [%s] is to large to fit in a ui2", text);
+    return static_cast<uint16_t>(ulValue);
+}
+
+// --- floating point -----------------------------------------------------------------------
+
+std::string CConversions::r4ToString(float value) { return r4ToString(value, static_cast<const char*>(nullptr)); }
+
+std::string CConversions::r4ToString(float value, const std::string& format) {
+    return r4ToString(value, format.c_str());
+}
+
+std::string CConversions::r4ToString(float value, const char* pszFormat) {
+    char szBuf[R4_BUFFER_SIZE];
+    return FloatToString(static_cast<double>(value), pszFormat, "%.7g", szBuf, sizeof(szBuf));
+}
+
+std::string CConversions::r8ToString(double value) { return r8ToString(value, static_cast<const char*>(nullptr)); }
+
+std::string CConversions::r8ToString(double value, const std::string& format) {
+    return r8ToString(value, format.c_str());
+}
+
+std::string CConversions::r8ToString(double value, const char* pszFormat) {
+    char szBuf[R8_BUFFER_SIZE];
+    return FloatToString(value, pszFormat, "%.16g", szBuf, sizeof(szBuf));
+}
+
+float CConversions::r4FromString(const std::string& text, WhitespaceRule rule) {
+    // Narrowed from the double that strtod gives; beyond the range of float that is an infinity.
+    return static_cast<float>(ReadFloat(text, rule, "The value [%s] can not be converted to a r4"));
+}
+
+double CConversions::r8FromString(const std::string& text, WhitespaceRule rule) {
+    return ReadFloat(text, rule, "The value [%s] can not be converted to a r8");
+}
+
+// --- char, string, boolean ----------------------------------------------------------------
+
+std::string CConversions::charToString(char value) { return value == '\0' ? std::string() : std::string(1, value); }
+
+char CConversions::charFromString(const std::string& text, WhitespaceRule rule) {
+    CProcessedText processed(text, rule);
+    const std::string& strProcessed = processed.Get();
+    if (strProcessed.size() != 1) {
+        ThrowInvalid("The value [%s] can not be a char as it is either empty of greater than 1 char long",
+                     strProcessed);
+    }
+    return strProcessed[0];
+}
+
+std::string CConversions::stringFromString(const std::string& text, WhitespaceRule rule) {
+    return CWhitespaceUtils::ApplyRule(rule, text);
+}
+
+bool CConversions::booleanFromString(const std::string& text, WhitespaceRule rule) {
+    CProcessedText processed(text, rule);
+    const std::string& strProcessed = processed.Get();
+    if (EqualsNoCase(strProcessed, "true")) return true;
+    if (EqualsNoCase(strProcessed, "false")) return false;
+    if (strProcessed == "1") return true;
+    if (strProcessed == "0") return false;
+    ThrowInvalid(
+        "A Boolean Value read from an XML document was invalid [%s]. Valid values are 'true', 'false', '1', or '0'",
+        text);
+}
+
+// --- year, month, day ---------------------------------------------------------------------
+
+std::string CConversions::yearToString(uint16_t value) { return UnsignedToString(value); }
+
+std::string CConversions::monthToString(uint8_t value) {
+    // "--%02u": two hyphens and at least two digits.
+    char szBuf[INT_TEXT_SIZE];
+    char* pEnd = szBuf + sizeof(szBuf);
+    char* p = WriteUnsigned(value, pEnd);
+    if (value < 10) *--p = '0';
+    *--p = '-';
+    *--p = '-';
+    return std::string(p, static_cast<size_t>(pEnd - p));
+}
+
+std::string CConversions::dayToString(uint8_t value) {
+    // "---%02u": three hyphens and at least two digits.
+    char szBuf[INT_TEXT_SIZE];
+    char* pEnd = szBuf + sizeof(szBuf);
+    char* p = WriteUnsigned(value, pEnd);
+    if (value < 10) *--p = '0';
+    *--p = '-';
+    *--p = '-';
+    *--p = '-';
+    return std::string(p, static_cast<size_t>(pEnd - p));
+}
+
+}  // namespace OrvexXml

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "orvexxml/export.h"
+#include "orvexxml/values/whitespaceutils.h"
+
+namespace OrvexXml {
+
+// The text form of each primitive kind, in both directions. Stateless; all members static.
+//
+// Every ...FromString first passes the text through CWhitespaceUtils::ApplyRule and refuses
+// a text it can't take with COxInvalidValueException.
+class ORVEXXML_API CConversions {
+public:
+    typedef CWhitespaceUtils::WhitespaceRule WhitespaceRule;
+
+    // --- signed integers: base 10, "-" for negatives -----------------------------------
+    static std::string i1ToString(char value);  // the value is taken as signed
+    static std::string i2ToString(int16_t value);
+    static std::string i4ToString(OxLong value);
+    static std::string i8ToString(int64_t value);
+
+    // Leading whitespace, an optional sign and base-10 digits, as strtol reads them, with
+    // nothing behind. A magnitude beyond the type is refused as too large before the
+    // character that stopped reading is looked at.
+    static char i1FromString(const std::string& text, WhitespaceRule rule);
+    static int16_t i2FromString(const std::string& text, WhitespaceRule rule);
+    static OxLong i4FromString(const std::string& text, WhitespaceRule rule);
+    static int64_t i8FromString(const std::string& text, WhitespaceRule rule);
+
+    // --- unsigned integers ------------------------------------------------------------------
+    static std::string ui1ToString(uint8_t value);
+    static std::string ui2ToString(uint16_t value);
+    static std::string ui4ToString(OxULong value);
+    static std::string ui8ToString(uint64_t value);
+
+    // As the signed forms; a "-" is accepted and negates the magnitude modulo 2^width, as
+    // strtoul does ("-1" read as ui4 is 4294967295).
+    static uint8_t ui1FromString(const std::string& text, WhitespaceRule rule);
+    static uint16_t ui2FromString(const std::string& text, WhitespaceRule rule);
+    static OxULong ui4FromString(const std::string& text, WhitespaceRule rule);
+    static uint64_t ui8FromString(const std::string& text, WhitespaceRule rule);
+
+    // --- floating point ---------------------------------------------------------------------
+    // "NaN", "-INF" and "INF" for the special values; otherwise "%.7g" (r4) or "%.16g" (r8),
+    // or the printf format given, which receives the value as a double. The text is cut at
+    // 31 (r4) or 47 (r8) characters.
+    static std::string r4ToString(float value);
+    static std::string r4ToString(float value, const std::string& format);
+    static std::string r8ToString(double value);
+    static std::string r8ToString(double value, const std::string& format);
+
+    // "NaN", "1.#QNAN", "-NAN", "INF", "-INF", else whatever strtod reads whole.
+    static float r4FromString(const std::string& text, WhitespaceRule rule);
+    static double r8FromString(const std::string& text, WhitespaceRule rule);
+
+    // --- char, string, boolean ----------------------------------------------------------------
+    // The one character; the character 0 gives the empty string.
+    static std::string charToString(char value);
+    static std::string stringToString(const std::string& value) { return value; }
+    static std::string booleanToString(bool value) { return value ? "true" : "false"; }
+
+    // Exactly one character after the whitespace rule.
+    static char charFromString(const std::string& text, WhitespaceRule rule);
+    static std::string stringFromString(const std::string& text, WhitespaceRule rule);
+    // "true", "false", "1" or "0", without regard to case.
+    static bool booleanFromString(const std::string& text, WhitespaceRule rule);
+
+    // --- year, month, day (the gYear, gMonth and gDay kinds held as plain numbers) ----------
+    static std::string yearToString(uint16_t value);  // "%u", unpadded
+    static std::string monthToString(uint8_t value);  // "--%02u"
+    static std::string dayToString(uint8_t value);    // "---%02u"
+
+    // Used by OxVariant::ToString, which takes its format as a C string: a null or empty
+    // format means the default one. Same results as the std::string overloads.
+    static std::string r4ToString(float value, const char* pszFormat);
+    static std::string r8ToString(double value, const char* pszFormat);
+
+    CConversions() = delete;
+};
+
+}  // namespace OrvexXml

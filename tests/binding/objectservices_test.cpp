@@ -1,0 +1,182 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <thread>
+#include <vector>
+
+#include <orvexxml/orvexxml.h>
+
+#include "person.h"
+
+using namespace OrvexXml;
+
+namespace {
+
+std::atomic<int> g_nDestroyed{0};
+
+class CCounted : public Samples::CPerson {
+public:
+    ~CCounted() override { ++g_nDestroyed; }
+};
+
+// Reaches the protected helpers the way a generated class does.
+class CHelpers : public Samples::CPerson {
+public:
+    using CXmlObjectBase::Choice_CollectionChanged;
+    using CXmlObjectBase::Choice_SelectElement;
+    using CXmlObjectBase::Choice_SetElementValid;
+    using CXmlObjectBase::IsNamespaceValid;
+    using CXmlObjectBase::TestNamespace;
+    using CXmlObjectBase::Throw_IfElementNameDiffers;
+    using CXmlObjectBase::Throw_IfPropertyIsNull;
+};
+
+std::string MessageOf(const std::function<void()>& fn) {
+    try {
+        fn();
+    } catch (const COxException& e) {
+        return e.GetMessage();
+    }
+    return "(no exception)";
+}
+
+TEST(ReferenceCount, ReleaseToZeroDeletesExactlyOnce) {
+    g_nDestroyed = 0;
+    CCounted* p = new CCounted;
+    EXPECT_EQ(p->AddRef(), 1);
+    EXPECT_EQ(p->AddRef(), 2);
+    EXPECT_EQ(p->Release(), 1);
+    EXPECT_EQ(g_nDestroyed, 0);
+    EXPECT_EQ(p->Release(), 0);
+    EXPECT_EQ(g_nDestroyed, 1);
+}
+
+TEST(ReferenceCount, SmartPointersAndVariantsEachHoldOneReference) {
+    g_nDestroyed = 0;
+    {
+        CSmartPtr<CXmlObjectBase> a = new CCounted;
+        CSmartPtr<CXmlObjectBase> b = a;
+        OxVariant v;
+        v.SetXmlObject(a);
+        OxVariant copy(v);
+        a = nullptr;
+        b = b;  // self-assignment keeps the object
+        EXPECT_EQ(g_nDestroyed, 0);
+        EXPECT_EQ(b->AddRef(), 4);  // b, v, copy, and this one
+        b->Release();
+    }
+    EXPECT_EQ(g_nDestroyed, 1);
+}
+
+TEST(ReferenceCount, ConcurrentAddRefAndReleaseDeleteOnce) {
+    g_nDestroyed = 0;
+    CSmartPtr<CXmlObjectBase> shared = new CCounted;
+    std::vector<std::thread> threads;
+    for (int t = 0; t < 4; ++t) {
+        threads.emplace_back([shared] {
+            for (int i = 0; i < 50000; ++i) {
+                CSmartPtr<CXmlObjectBase> local = shared;
+            }
+        });
+    }
+    for (auto& th : threads) th.join();
+    shared = nullptr;
+    EXPECT_EQ(g_nDestroyed, 1);
+}
+
+TEST(ReferenceCount, CopiesStartUnheld) {
+    CSmartPtr<Samples::CPerson> original = Samples::CPerson::CreateInstance();
+    original->SetName("n");
+    CSmartPtr<CXmlObjectBase> extra = original;
+    CSmartPtr<Samples::CPerson> copy = new Samples::CPerson(*original);
+    EXPECT_EQ(copy->GetName(), "n");
+    EXPECT_EQ(copy->AddRef(), 2);  // held once by 'copy': the source's two holders don't carry over
+    EXPECT_EQ(copy->Release(), 1);
+}
+
+TEST(ChoiceHelpers, SelectElementFollowsTheOneOfRule) {
+    std::string selected;
+    CSmartPtr<Samples::CPerson> value = Samples::CPerson::CreateInstance();
+    CHelpers::Choice_SelectElement("a", value, selected);
+    EXPECT_EQ(selected, "a");
+    CHelpers::Choice_SelectElement("a", value, selected);  // same member, new object
+    EXPECT_EQ(selected, "a");
+    CHelpers::Choice_SelectElement("b", nullptr, selected);  // other member cleared: nothing happens
+    EXPECT_EQ(selected, "a");
+    EXPECT_EQ(MessageOf([&] { CHelpers::Choice_SelectElement("b", value, selected); }),
+              "The Property [a] is already set. Only one element within this class bay be set at a time");
+    EXPECT_EQ(selected, "a");
+    CHelpers::Choice_SelectElement("a", nullptr, selected);
+    EXPECT_EQ(selected, "");
+    CHelpers::Choice_SelectElement("c", nullptr, selected);  // clearing a member of an empty choice selects it
+    EXPECT_EQ(selected, "c");
+}
+
+TEST(ChoiceHelpers, SetElementValidAndCollectionChanged) {
+    std::string selected = "a";
+    EXPECT_EQ(MessageOf([&] { CHelpers::Choice_SetElementValid(true, "b", selected); }),
+              "The Property a is already set. Only one element within this class bay be set at a time");
+    CHelpers::Choice_SetElementValid(false, "b", selected);  // clears whatever was selected
+    EXPECT_EQ(selected, "");
+    CHelpers::Choice_SetElementValid(true, "b", selected);
+    EXPECT_EQ(selected, "b");
+
+    CHelpers::Choice_CollectionChanged("c", 0, selected);  // not selected, count 0: nothing
+    EXPECT_EQ(selected, "b");
+    EXPECT_EQ(MessageOf([&] { CHelpers::Choice_CollectionChanged("c", -1, selected); }),
+              "The Property [b] is already set. Only one element within this class bay be set at a time");
+    selected.clear();
+    CHelpers::Choice_CollectionChanged("c", -1, selected);  // a negative count selects nothing
+    EXPECT_EQ(selected, "");
+    CHelpers::Choice_CollectionChanged("c", 2, selected);
+    EXPECT_EQ(selected, "c");
+    CHelpers::Choice_CollectionChanged("c", 0, selected);
+    EXPECT_EQ(selected, "");
+}
+
+TEST(SetterGuards, NullAndElementNameChecks) {
+    EXPECT_EQ(MessageOf([] { CHelpers::Throw_IfPropertyIsNull(nullptr, "Item"); }),
+              "The Property [Item] is mandatory, it may node be NULL");
+    EXPECT_NO_THROW(CHelpers::Throw_IfElementNameDiffers(nullptr, "Item"));
+    CSmartPtr<Samples::CPerson> person = Samples::CPerson::CreateInstance();
+    EXPECT_NO_THROW(CHelpers::Throw_IfElementNameDiffers(person, "Person"));
+    try {
+        CHelpers::Throw_IfElementNameDiffers(person, "Item");
+        FAIL() << "no exception";
+    } catch (const COxInvalidParamException& e) {
+        EXPECT_EQ(e.GetMessage(),
+                  "This property requires an element with the name Item the element being set has the element name "
+                  "Person");
+    }
+}
+
+TEST(NamespaceConstraints, TokensOfAWildcardNamespaceAttribute) {
+    EXPECT_TRUE(IsNamespaceValid("urn:any", "##any", "urn:t"));
+    EXPECT_TRUE(IsNamespaceValid("", "##local", "urn:t"));
+    EXPECT_FALSE(IsNamespaceValid("urn:x", "##local", "urn:t"));
+    EXPECT_TRUE(IsNamespaceValid("urn:t", "##targetNamespace ##local", "urn:t"));
+    EXPECT_TRUE(IsNamespaceValid("", "##targetNamespace ##local", "urn:t"));
+    EXPECT_FALSE(IsNamespaceValid("urn:x", "##targetNamespace ##local", "urn:t"));
+    EXPECT_TRUE(IsNamespaceValid("urn:lit", "urn:other urn:lit", "urn:t"));
+    EXPECT_TRUE(IsNamespaceValid("", "urn:lit", "urn:t"));
+    EXPECT_FALSE(IsNamespaceValid("urn:li", "urn:lit", "urn:t"));
+    EXPECT_FALSE(IsNamespaceValid("urn:t", "##other", "urn:t"));
+    EXPECT_FALSE(IsNamespaceValid("", "##other", ""));
+    EXPECT_TRUE(IsNamespaceValid("", "##other", "urn:t"));
+    EXPECT_TRUE(IsNamespaceValid("", "", "urn:t"));
+    EXPECT_FALSE(IsNamespaceValid("urn:x", "", "urn:t"));
+
+    CHelpers helpers;
+    EXPECT_TRUE(helpers.IsNamespaceValid(nullptr, "##local", "urn:t"));
+    try {
+        helpers.TestNamespace("urn:x", "##local", "urn:t");
+        FAIL() << "no exception";
+    } catch (const COxInvalidNamespaceException& e) {
+        EXPECT_EQ(e.GetMessage(),
+                  "Invalid namespace [urn:x]. The namespace must be one of [##local] where the target namespace is "
+                  "[urn:t].");
+    }
+}
+
+}  // namespace
