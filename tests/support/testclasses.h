@@ -4,6 +4,9 @@
 
 #include <orvexxml/orvexxml.h>
 
+#include <map>
+#include <string>
+
 namespace OrvexTest {
 
 using namespace OrvexXml;
@@ -34,22 +37,24 @@ protected:
         ToXml_Int(child, pWriter, false, GetElementNamespace().c_str(), ctx, false);
         return true;
     }
-    bool ElementFromXml(const CSerializationContext&, CXmlGeneratedClass*, CXmlElement*, CXmlElement**, const char*,
-                        XmlElementType) override {
-        return false;
-    }
+    bool ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement*,
+                        CXmlElement** ppCurrent, const char*, XmlElementType) override;
 };
 
 // Sequence of one mandatory string "Value", plus string simple content.
 class CTestRecord : public CXmlGeneratedClass {
 public:
-    CTestRecord() : m_bFailGetter(false), m_pParentInfo(&ms_parent) { SetElementName("Record"); }
+    CTestRecord() : m_bFailGetter(false), m_bFailSetter(false), m_pParentInfo(&ms_parent) { SetElementName("Record"); }
 
     CXmlObjectBase* GetBase() override { return this; }
     std::string GetNamespace() const override { return ""; }
     std::string GetTargetNamespace() const override { return ""; }
     void ExchangeProperty(int nIndex, bool bRead, OxVariant& value) override {
-        if (!bRead) return;
+        if (!bRead) {
+            if (m_bFailSetter) throw COxException("setter refused");
+            (nIndex == 0 ? m_value : m_text) = value;
+            return;
+        }
         if (nIndex == 0) {
             if (m_bFailGetter) throw COxException("getter refused");
             value = m_value;
@@ -74,6 +79,7 @@ public:
     OxVariant m_value;
     OxVariant m_text;
     bool m_bFailGetter;
+    bool m_bFailSetter;
     CParentElementInfo* m_pParentInfo;
 
     static inline CParentElementInfo ms_parent{XmlElementGroupType_Sequence, XmlElementType_Element, "Record", "",
@@ -93,7 +99,10 @@ public:
     std::string GetNamespace() const override { return ""; }
     std::string GetTargetNamespace() const override { return ""; }
     void ExchangeProperty(int, bool bRead, OxVariant& value) override {
-        if (bRead && m_child) value.SetXmlObject(m_child);
+        if (!bRead)
+            m_child = value.GetXmlObject();
+        else if (m_child)
+            value.SetXmlObject(m_child);
     }
     CParentElementInfo* GetParentElementInfo() const override { return &ms_parent; }
     CElementInfo** GetClassElementInfo() const override { return ms_elements; }
@@ -108,7 +117,26 @@ public:
     static inline CElementInfo* ms_elements[2] = {&ms_child, nullptr};
 };
 
-// A choice whose members are not choice members: an empty choice is an error.
+// A member of a choice that is written when set and read when present, but that doesn't
+// make an empty choice legal (as a collection with a minimum does).
+class CTestChoiceMember : public CElementInfo {
+public:
+    CTestChoiceMember(const char* pszName, int nIndex)
+        : CElementInfo(pszName, "", nIndex, false, ItemType_i4, nullptr, CWhitespaceUtils::WhitespaceRule_collapse,
+                       CPrimitiveRestrictions(), nullptr) {}
+
+protected:
+    bool ElementToXml(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
+                      CXmlWriter* pWriter) const override {
+        return ElementToXmlPrim(ctx, pClass, pWriter);
+    }
+    bool ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement*,
+                        CXmlElement** ppCurrent, const char*, XmlElementType) override {
+        return ElementFromXmlOptional(ctx, pClass, ppCurrent);
+    }
+};
+
+// A choice whose members don't make it optional: an empty choice is an error.
 class CStrictChoice : public CXmlGeneratedClass {
 public:
     CStrictChoice() : m_bFirst(false), m_bSecond(false) { SetElementName("StrictChoice"); }
@@ -116,7 +144,10 @@ public:
     std::string GetNamespace() const override { return ""; }
     std::string GetTargetNamespace() const override { return ""; }
     void ExchangeProperty(int nIndex, bool bRead, OxVariant& value) override {
-        if (!bRead) return;
+        if (!bRead) {
+            (nIndex == 0 ? m_bFirst : m_bSecond) = true;
+            return;
+        }
         if (nIndex == 0 && m_bFirst) value.SetI4(1);
         if (nIndex == 1 && m_bSecond) value.SetI4(2);
     }
@@ -130,10 +161,8 @@ public:
 
     static inline CParentElementInfo ms_parent{XmlElementGroupType_Choice, XmlElementType_Element, "StrictChoice", "",
                                                true, false, -1, ItemType_invalid, nullptr, false};
-    static inline CElementInfoSeqPrimOpt ms_first{"First", "", 0, false, ItemType_i4, nullptr,
-                                                  CWhitespaceUtils::WhitespaceRule_collapse, NoFacets(), nullptr};
-    static inline CElementInfoSeqPrimOpt ms_second{"Second", "", 1, false, ItemType_i4, nullptr,
-                                                   CWhitespaceUtils::WhitespaceRule_collapse, NoFacets(), nullptr};
+    static inline CTestChoiceMember ms_first{"First", 0};
+    static inline CTestChoiceMember ms_second{"Second", 1};
     static inline CElementInfo* ms_elements[3] = {&ms_first, &ms_second, nullptr};
 };
 
@@ -208,6 +237,58 @@ public:
     static inline CElementInfoAllPrimOpt ms_second{"Second", "", 1, false, ItemType_i4, nullptr,
                                                    CWhitespaceUtils::WhitespaceRule_collapse, NoFacets(), nullptr};
     static inline CElementInfo* ms_elements[3] = {&ms_first, &ms_second, nullptr};
+};
+
+}  // namespace OrvexTest
+
+namespace OrvexTest {
+
+inline bool CTestClassElementInfo::ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                                  CXmlElement*, CXmlElement** ppCurrent, const char*, XmlElementType) {
+    if (!IsThisElement(ctx, *ppCurrent)) return false;
+    CSmartPtr<CTestRecord> child = new CTestRecord();
+    FromXml_Int(child, *ppCurrent, (*ppCurrent)->GetFirstElement(), ctx, false);
+    OxVariant value;
+    value.SetXmlObject(child);
+    InvokePropertySet(pClass, value, **ppCurrent);
+    *ppCurrent = (*ppCurrent)->GetNextSiblingElement();
+    return true;
+}
+
+// A class whose tables are chosen per instance and whose properties live in a map of
+// variants: enough to drive the walks through any combination of members.
+class CTestBag : public CXmlGeneratedClass {
+public:
+    CTestBag(CParentElementInfo* pParent, CElementInfo** ppElements, const char* pszName = nullptr)
+        : m_pParent(pParent), m_ppElements(ppElements), m_nResets(0) {
+        SetElementName(pszName ? pszName : pParent->GetElementName().c_str());
+    }
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetNamespace() const override { return m_pParent->GetElementNamespace(); }
+    std::string GetTargetNamespace() const override { return m_pParent->GetElementNamespace(); }
+    void ExchangeProperty(int nIndex, bool bRead, OxVariant& value) override {
+        if (bRead) {
+            auto it = m_values.find(nIndex);
+            if (it != m_values.end()) value = it->second;
+        } else {
+            m_values[nIndex] = value;
+        }
+    }
+    CParentElementInfo* GetParentElementInfo() const override { return m_pParent; }
+    CElementInfo** GetClassElementInfo() const override { return m_ppElements; }
+    CAttributeInfo** GetClassAttributeInfo() const override { return NoAttributes(); }
+    void ResetToDefaults() override {
+        m_values.clear();
+        ++m_nResets;
+    }
+    bool Has(int nIndex) const { return m_values.count(nIndex) != 0; }
+    std::string Text(int nIndex) const { return m_values.at(nIndex).ToString(nullptr); }
+    using CXmlObjectBase::GetElementName;
+
+    CParentElementInfo* m_pParent;
+    CElementInfo** m_ppElements;
+    std::map<int, OxVariant> m_values;
+    int m_nResets;
 };
 
 }  // namespace OrvexTest

@@ -1,10 +1,13 @@
 #include "orvexxml/binding/elementinfo.h"
 
+#include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/binding/xmlgeneratedclass.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/values/oxvariant.h"
 #include "orvexxml/writers/xmlwriter.h"
+#include "orvexxml/xml/xmlattribute.h"
+#include "orvexxml/xml/xmlelement.h"
 
 using namespace OrvexXml;
 
@@ -106,6 +109,105 @@ bool CElementInfo::ElementToXmlPrim(const CSerializationContext&, const CXmlGene
     pWriter->WriteElementText(strText, value.GetTypeAsEnum(), false);
     pWriter->WriteEndElement();
     return true;
+}
+
+bool CElementInfo::IsThisElement(const CSerializationContext& ctx, const CXmlElement* pElement) const {
+    if (!pElement) return false;
+    if (pElement->GetLocalName() != m_strElementName) return false;
+    if (ctx.GetIgnoreNamespaces()) return true;
+    return pElement->GetNamespaceURI() == m_strElementNamespace;
+}
+
+void CElementInfo::InvokePropertySet(CXmlGeneratedClass* pClass, OxVariant& value, const CXmlElement& element) const {
+    try {
+        pClass->ExchangeProperty(m_nPropertyIndex, false, value);
+    } catch (const COxException& e) {
+        throw COxValidationException("Failed to set the property value.", element.GetXPath(), e);
+    }
+}
+
+static bool EqualsNoCase(const std::string& strText, const char* pszWord) {
+    size_t i = 0;
+    for (; pszWord[i]; ++i) {
+        if (i >= strText.size()) return false;
+        char c = strText[i];
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+        if (c != pszWord[i]) return false;
+    }
+    return i == strText.size();
+}
+
+void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                      CXmlElement** ppCurrent) {
+    CXmlElement* pElement = *ppCurrent;
+    bool bNil = false;
+    for (CXmlAttribute* pAttribute : pElement->GetAttributes()) {
+        if (!pAttribute->IsNilAttribute()) {
+            // Unlike at class level, xsi:type and friends are unexpected on a simple element.
+            if (ctx.GetIgnoreUnknownAttributes()) continue;
+            throw COxValidationException("Unexpected Attribute found.", pAttribute->GetXPath());
+        }
+        const std::string& strValue = pAttribute->GetValue();
+        if (EqualsNoCase(strValue, "false") || EqualsNoCase(strValue, "0")) {
+            bNil = false;
+            continue;
+        }
+        bNil = true;
+        if (!m_bNillable) {
+            throw COxValidationException("Invalid use of 'nil' attribute in non-nillable element.",
+                                         pElement->GetXPath());
+        }
+        if (!EqualsNoCase(strValue, "true") && !EqualsNoCase(strValue, "1")) {
+            throw COxValidationException(
+                FormatString("Unexpected Value [%s] for 'nil' Attribute found.", strValue.c_str()),
+                pAttribute->GetXPath());
+        }
+    }
+    if (!bNil) {
+        // An empty element stands for the default value, as the writer produces it.
+        const std::string& strText =
+            pElement->GetText().empty() && !m_strDefaultValue.empty() ? m_strDefaultValue : pElement->GetText();
+        OxVariant value;
+        value.FromString(strText, m_eItemType, m_eWhitespaceRule);
+        InvokePropertySet(pClass, value, *pElement);
+    }
+    // A nil element leaves the property as ResetToDefaults left it.
+    *ppCurrent = pElement->GetNextSiblingElement();
+}
+
+bool CElementInfo::ElementFromXmlSeqMandatory(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                              CXmlElement* pParent, CXmlElement** ppCurrent,
+                                              XmlElementType eParentType) {
+    if (eParentType != XmlElementType_Element) {
+        // Inside a model group the driver decides what a missing element means.
+        if (!IsThisElement(ctx, *ppCurrent)) return false;
+        ReadElement(ctx, pClass, ppCurrent);
+        return true;
+    }
+    for (;;) {
+        if (IsThisElement(ctx, *ppCurrent)) {
+            ReadElement(ctx, pClass, ppCurrent);
+            return true;
+        }
+        if (ctx.GetIgnoreMissingMandatoryElements()) return true;
+        if (!ctx.GetIgnoreUnknownElements() || !*ppCurrent) {
+            throw COxValidationException(
+                FormatString("Failed to find the required child element [%s].", m_strElementName.c_str()),
+                pParent->GetXPath());
+        }
+        *ppCurrent = (*ppCurrent)->GetNextSiblingElement();  // skipped elements are lost
+    }
+}
+
+bool CElementInfo::ElementFromXmlOptional(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                          CXmlElement** ppCurrent) {
+    if (!IsThisElement(ctx, *ppCurrent)) return false;
+    ReadElement(ctx, pClass, ppCurrent);
+    return true;
+}
+
+void CElementInfo::ReadElement(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement** ppCurrent) {
+    ElementFromXmlPrim(ctx, pClass, ppCurrent);
 }
 
 void CElementInfo::ToXml_Int(const CXmlObjectBase* pObject, CXmlWriter* pWriter, bool bRoot, const char* pszNamespace,

@@ -72,7 +72,26 @@ protected:
     bool ElementToXmlPrim(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
                           OrvexXml::CXmlWriter* pWriter) const;
 
+    // Reads the primitive element at the cursor into the property and moves the cursor on.
+    void ElementFromXmlPrim(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                            OrvexXml::CXmlElement** ppCurrent);
+    // Whether the element at the cursor belongs to this description.
+    bool IsThisElement(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlElement* pElement) const;
+    // Sequence members: read the element if it is at the cursor; a mandatory one searches
+    // forward as far as the context allows and fails when it can't find its element.
+    bool ElementFromXmlSeqMandatory(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                                    OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
+                                    XmlElementType eParentType);
+    bool ElementFromXmlOptional(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                                OrvexXml::CXmlElement** ppCurrent);
+
+    // Reads the simple value at the cursor the way this description's kind reads it.
+    void ReadElement(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                     OrvexXml::CXmlElement** ppCurrent);
+
     void ReadProperty(const OrvexXml::CXmlGeneratedClass* pClass, OrvexXml::OxVariant& value) const;
+    void InvokePropertySet(OrvexXml::CXmlGeneratedClass* pClass, OrvexXml::OxVariant& value,
+                           const OrvexXml::CXmlElement& element) const;
     void InvokePropertyGet(const OrvexXml::CXmlGeneratedClass* pClass, OrvexXml::OxVariant& value) const;
 
     // Reach the protected virtuals of objects for the members of the family.

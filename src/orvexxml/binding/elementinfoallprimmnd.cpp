@@ -16,10 +16,9 @@ bool CElementInfoAllPrimMnd::ElementToXml(const CSerializationContext& ctx, cons
     return true;
 }
 
-bool CElementInfoAllPrimMnd::ElementFromXml(const CSerializationContext&, CXmlGeneratedClass*, CXmlElement*,
-                                            CXmlElement**, const char*, XmlElementType) {
-    // The document tree and the reading drivers are not part of this build yet.
-    throw COxInvalidStateException("Reading XML is not available in this build");
+bool CElementInfoAllPrimMnd::ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement*,
+                                            CXmlElement** ppCurrent, const char*, XmlElementType) {
+    return ElementFromXmlOptional(ctx, pClass, ppCurrent);
 }
 
 bool CElementInfoAllPrimMnd::Validate(const CSerializationContext&, const CXmlGeneratedClass*, bool bFound,

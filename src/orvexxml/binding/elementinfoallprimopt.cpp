@@ -11,10 +11,9 @@ bool CElementInfoAllPrimOpt::ElementToXml(const CSerializationContext& ctx, cons
     return ElementToXmlPrim(ctx, pClass, pWriter);
 }
 
-bool CElementInfoAllPrimOpt::ElementFromXml(const CSerializationContext&, CXmlGeneratedClass*, CXmlElement*,
-                                            CXmlElement**, const char*, XmlElementType) {
-    // The document tree and the reading drivers are not part of this build yet.
-    throw COxInvalidStateException("Reading XML is not available in this build");
+bool CElementInfoAllPrimOpt::ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement*,
+                                            CXmlElement** ppCurrent, const char*, XmlElementType) {
+    return ElementFromXmlOptional(ctx, pClass, ppCurrent);
 }
 
 bool CElementInfoAllPrimOpt::Validate(const CSerializationContext&, const CXmlGeneratedClass*, bool, bool) const {

@@ -11,10 +11,9 @@ bool CElementInfoChoicePrimOpt::ElementToXml(const CSerializationContext& ctx, c
     return ElementToXmlPrim(ctx, pClass, pWriter);
 }
 
-bool CElementInfoChoicePrimOpt::ElementFromXml(const CSerializationContext&, CXmlGeneratedClass*, CXmlElement*,
-                                               CXmlElement**, const char*, XmlElementType) {
-    // The document tree and the reading drivers are not part of this build yet.
-    throw COxInvalidStateException("Reading XML is not available in this build");
+bool CElementInfoChoicePrimOpt::ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                               CXmlElement*, CXmlElement** ppCurrent, const char*, XmlElementType) {
+    return ElementFromXmlOptional(ctx, pClass, ppCurrent);
 }
 
 }  // namespace OrvexXmlData

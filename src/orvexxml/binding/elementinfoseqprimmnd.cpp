@@ -16,10 +16,10 @@ bool CElementInfoSeqPrimMnd::ElementToXml(const CSerializationContext& ctx, cons
     return true;
 }
 
-bool CElementInfoSeqPrimMnd::ElementFromXml(const CSerializationContext&, CXmlGeneratedClass*, CXmlElement*,
-                                            CXmlElement**, const char*, XmlElementType) {
-    // The document tree and the reading drivers are not part of this build yet.
-    throw COxInvalidStateException("Reading XML is not available in this build");
+bool CElementInfoSeqPrimMnd::ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                            CXmlElement* pParent, CXmlElement** ppCurrent, const char*,
+                                            XmlElementType eParentType) {
+    return ElementFromXmlSeqMandatory(ctx, pClass, pParent, ppCurrent, eParentType);
 }
 
 }  // namespace OrvexXmlData

@@ -11,10 +11,10 @@ bool CElementInfoSeqPrimOpt::ElementToXml(const CSerializationContext& ctx, cons
     return ElementToXmlPrim(ctx, pClass, pWriter);
 }
 
-bool CElementInfoSeqPrimOpt::ElementFromXml(const CSerializationContext&, CXmlGeneratedClass*, CXmlElement*,
-                                            CXmlElement**, const char*, XmlElementType) {
-    // The document tree and the reading drivers are not part of this build yet.
-    throw COxInvalidStateException("Reading XML is not available in this build");
+bool CElementInfoSeqPrimOpt::ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement*,
+                                            CXmlElement** ppCurrent, const char*, XmlElementType) {
+    ElementFromXmlOptional(ctx, pClass, ppCurrent);
+    return true;  // an absent optional element leaves the cursor where it is
 }
 
 }  // namespace OrvexXmlData

@@ -8,8 +8,7 @@ CParentElementInfo::CParentElementInfo(XmlElementGroupType eGroupType, XmlElemen
                                        const char* pszElementName, const char* pszElementNamespace,
                                        bool bFromXmlFailIfAttributeUnknown, bool bHasBaseClasses,
                                        int nPrimitiveValuePropertyIndex, OrvexXml::ItemType ePrimitiveDataType,
-                                       const char* pszPrimitiveFormatOverride,
-                                       bool bOutputPrimitiveClassAsTextProperty)
+                                       const char* pszPrimitiveFormatOverride, bool bOutputPrimitiveClassAsTextProperty)
     : m_eElementGroupType(eGroupType),
       m_eElementType(eElementType),
       m_strElementName(NotNull(pszElementName)),

@@ -6,6 +6,8 @@
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/writers/xmlwriter.h"
+#include "orvexxml/xml/xmlattribute.h"
+#include "orvexxml/xml/xmlelement.h"
 
 using namespace OrvexXmlData;
 
@@ -147,9 +149,234 @@ int CXmlGeneratedClass::GetClassElementInfoCount() const {
     return nCount;
 }
 
-CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {
-    // The document tree and the reading drivers are not part of this build yet.
-    throw COxInvalidStateException("Reading XML is not available in this build");
+namespace {
+
+// A small array of flags that lives on the stack for ordinary tables.
+class CFlags {
+public:
+    explicit CFlags(int nCount) : m_p(nCount <= kInline ? m_inline : new bool[nCount]) {
+        for (int i = 0; i < nCount; ++i) m_p[i] = false;
+    }
+    ~CFlags() {
+        if (m_p != m_inline) delete[] m_p;
+    }
+    CFlags(const CFlags&) = delete;
+    CFlags& operator=(const CFlags&) = delete;
+    bool& operator[](int i) { return m_p[i]; }
+
+private:
+    static const int kInline = 64;
+    bool m_inline[kInline];
+    bool* m_p;
+};
+
+bool EqualsNoCase(const std::string& strText, const char* pszWord) {
+    size_t i = 0;
+    for (; pszWord[i]; ++i) {
+        if (i >= strText.size()) return false;
+        char c = strText[i];
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+        if (c != pszWord[i]) return false;
+    }
+    return i == strText.size();
+}
+
+}  // namespace
+
+CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* pElement, CXmlElement* pFirstChild,
+                                             const CSerializationContext& ctx, bool bOptionalChoice) {
+    try {
+        ResetToDefaults();
+        CParentElementInfo* pInfo = GetParentElementInfo();
+        if (pInfo->GetElementType() == XmlElementType_Element) SetElementName(pElement->GetLocalName().c_str());
+        ProcessAttributesFromXml(ctx, pElement, pInfo->GetFromXmlFailIfAttributeUnknown());
+
+        INillable* pNillable = dynamic_cast<INillable*>(this);
+        if (pNillable && pNillable->IsNil()) return pFirstChild;
+
+        CXmlElement* pCursor = nullptr;
+        XmlElementType eType = pInfo->GetElementType();
+        switch (pInfo->GetElementGroupType()) {
+            case XmlElementGroupType_Sequence:
+                pCursor = ProcessElementSeqFromXml(ctx, pElement, pFirstChild, eType);
+                break;
+            case XmlElementGroupType_Choice:
+                pCursor = ProcessElementChoiceFromXml(ctx, pElement, pFirstChild, eType, bOptionalChoice);
+                break;
+            case XmlElementGroupType_All:
+                pCursor = ProcessElementAllFromXml(ctx, pElement, pFirstChild, eType);
+                break;
+            default:
+                throw COxException("Unknown Group Type");
+        }
+
+        int nIndex = pInfo->GetPrimitiveValuePropertyIndex();
+        if (nIndex != -1 && pInfo->GetPrimitiveDataType() != ItemType_invalid) {
+            OxVariant value;
+            if (pInfo->GetOutputPrimitiveClassAsTextProperty()) {
+                value.SetString(pElement->GetText());
+            } else {
+                value.FromString(pElement->GetText(), pInfo->GetPrimitiveDataType(),
+                                 CWhitespaceUtils::WhitespaceRule_none);
+            }
+            ExchangeProperty(nIndex, false, value);
+        }
+        return pCursor;
+    } catch (const COxException& e) {
+        // The innermost level stamps its path; outer levels pass the error on as it is.
+        if (e.GetPath().empty()) {
+            throw COxValidationException("Failed to process the element.", pElement->GetXPath(), e);
+        }
+        throw COxException(e);
+    }
+}
+
+void CXmlGeneratedClass::ProcessAttributesFromXml(const CSerializationContext& ctx, CXmlElement* pElement,
+                                                  bool bFailIfUnknown) {
+    CAttributeInfo** ppAttributes = GetClassAttributeInfo();
+    int nCount = 0;
+    if (ppAttributes) {
+        while (ppAttributes[nCount]) ++nCount;
+    }
+    CFlags seen(nCount);
+    for (CXmlAttribute* pAttribute : pElement->GetAttributes()) {
+        if (pAttribute->IsNamespaceAttribute()) continue;
+        if (pAttribute->IsNilAttribute()) {
+            INillable* pNillable = dynamic_cast<INillable*>(this);
+            if (!pNillable) {
+                throw COxValidationException("Invalid use of 'nil' attribute in non-nillable element.",
+                                             pElement->GetXPath());
+            }
+            const std::string& strValue = pAttribute->GetValue();
+            bool bNil;
+            if (EqualsNoCase(strValue, "true") || EqualsNoCase(strValue, "1")) {
+                bNil = true;
+            } else if (EqualsNoCase(strValue, "false") || EqualsNoCase(strValue, "0")) {
+                bNil = false;
+            } else {
+                throw COxValidationException(
+                    FormatString("Unexpected Value [%s] for 'nil' Attribute found.", strValue.c_str()),
+                    pAttribute->GetXPath());
+            }
+            pNillable->SetNil(bNil);
+            continue;
+        }
+        bool bTaken = false;
+        for (int i = 0; i < nCount; ++i) {
+            if (ppAttributes[i]->AttributeFromXml(ctx, this, pAttribute)) {
+                seen[i] = true;
+                bTaken = true;
+                break;
+            }
+        }
+        if (!bTaken && bFailIfUnknown && !ctx.GetIgnoreUnknownAttributes()) {
+            throw COxValidationException("Unexpected Attribute found.", pAttribute->GetXPath());
+        }
+    }
+    for (int i = 0; i < nCount; ++i) ppAttributes[i]->Validate(ctx, seen[i]);
+}
+
+void CXmlGeneratedClass::ThrowUnprocessedElement(CXmlElement* pElement, CXmlElement* pCurrent) {
+    throw COxValidationException(
+        FormatString("Failed read all the elements held within the element [%s]. The unexpected element [%s] "
+                     "remains un processed",
+                     pElement->GetLocalName().c_str(), pCurrent->GetLocalName().c_str()),
+        pElement->GetXPath());
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CSerializationContext& ctx, CXmlElement* pElement,
+                                                          CXmlElement* pCurrent, XmlElementType eType) {
+    CElementInfo** ppElements = GetClassElementInfo();
+    CXmlElement* pSaved = pCurrent;
+    const int nCount = GetClassElementInfoCount();
+    const std::string strNamespace = GetNamespace();
+    int nStart = 0;
+    for (;;) {
+        for (int i = nStart; i < nCount; ++i) {
+            while (!ppElements[i]->ElementFromXml(ctx, this, pElement, &pCurrent, strNamespace.c_str(), eType)) {
+                // The sequence can't be satisfied here: it counts as not present.
+                if (!ctx.GetIgnoreUnknownElements() || !pCurrent) return pSaved;
+                pCurrent = pCurrent->GetNextSiblingElement();
+            }
+            nStart = i;
+        }
+        if (eType != XmlElementType_Element || !pCurrent) return pCurrent;
+        if (!ctx.GetIgnoreUnknownElements()) ThrowUnprocessedElement(pElement, pCurrent);
+        // Skip the unknown element; only the last entry gets another chance after it.
+        pCurrent = pCurrent->GetNextSiblingElement();
+        if (!pCurrent) return nullptr;
+    }
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CSerializationContext& ctx, CXmlElement* pElement,
+                                                          CXmlElement* pCurrent, XmlElementType eType) {
+    CElementInfo** ppElements = GetClassElementInfo();
+    CXmlElement* pSaved = pCurrent;
+    CXmlElement* pPrevious = nullptr;
+    const int nCount = GetClassElementInfoCount();
+    const std::string strNamespace = GetNamespace();
+    CFlags found(nCount);
+    while (pCurrent && pCurrent != pPrevious) {
+        pPrevious = pCurrent;
+        for (int i = 0; i < nCount; ++i) {
+            if (!found[i]) {
+                found[i] = ppElements[i]->ElementFromXml(ctx, this, pElement, &pCurrent, strNamespace.c_str(), eType);
+            }
+        }
+    }
+    for (int i = 0; i < nCount; ++i) {
+        if (!ppElements[i]->Validate(ctx, this, found[i], eType == XmlElementType_Element)) return pSaved;
+    }
+    if (eType != XmlElementType_Element || !pCurrent) return pCurrent;
+    if (ctx.GetIgnoreUnknownElements()) return pCurrent;
+    ThrowUnprocessedElement(pElement, pCurrent);
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CSerializationContext& ctx, CXmlElement* pElement,
+                                                             CXmlElement* pCurrent, XmlElementType eType,
+                                                             bool bOptionalChoice) {
+    CElementInfo** ppElements = GetClassElementInfo();
+    const int nCount = GetClassElementInfoCount();
+    const std::string strNamespace = GetNamespace();
+    CXmlElement* pSaved = pCurrent;
+    bool bFound = false;
+    for (;;) {
+        for (int i = 0; i < nCount; ++i) {
+            bFound = ppElements[i]->ElementFromXml(ctx, this, pElement, &pCurrent, strNamespace.c_str(), eType);
+            if (bFound) break;
+        }
+        if (pCurrent && ctx.GetIgnoreUnknownElements() && !bFound && eType == XmlElementType_Element) {
+            pCurrent = pCurrent->GetNextSiblingElement();
+        }
+        if (!ctx.GetIgnoreUnknownElements()) break;
+        if (bFound || !pCurrent || eType != XmlElementType_Element) break;
+    }
+    bFound = bFound || bOptionalChoice;
+    if (!bFound) {
+        if (eType == XmlElementType_PseudoElement && ctx.GetIgnoreUnknownElements()) pCurrent = pSaved;
+        if (eType == XmlElementType_Element && !DoesElementContainOptionalElements() && !ctx.GetIgnoreMissingChoice()) {
+            throw COxValidationException(
+                FormatString("No child elements within the element [%s] were populated. The element represents a "
+                             "choice, so one and only one element should be populated. The element contained no "
+                             "sutable child elements",
+                             pElement->GetLocalName().c_str()),
+                pElement->GetXPath());
+        }
+    }
+    if (eType == XmlElementType_Element && pCurrent && !ctx.GetIgnoreUnknownElements()) {
+        ThrowUnprocessedElement(pElement, pCurrent);
+    }
+    return pCurrent;
+}
+
+bool CXmlGeneratedClass::IsElementInList(const CSerializationContext& ctx, CXmlElement* pElement) const {
+    if (!pElement) return false;
+    CElementInfo** ppElements = GetClassElementInfo();
+    if (!ppElements) return false;
+    for (CElementInfo** pp = ppElements; *pp; ++pp) {
+        if ((*pp)->IsThisElement(ctx, pElement)) return true;
+    }
+    return false;
 }
 
 void CXmlGeneratedClass::CleanMetaData(CParentElementInfo*& pParent, CElementInfo**& ppElements,

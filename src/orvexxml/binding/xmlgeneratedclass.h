@@ -57,6 +57,11 @@ protected:
     // True if a member of the choice may be absent, so that an empty choice is no error.
     bool DoesElementContainOptionalElements() const;
 
+    // Reads the attributes of pElement into the object.
+    void ProcessAttributesFromXml(const CSerializationContext& ctx, CXmlElement* pElement, bool bFailIfUnknown);
+    // True if some entry of the element table accepts the element.
+    bool IsElementInList(const CSerializationContext& ctx, CXmlElement* pElement) const;
+
     // Frees a class's three metadata tables and nulls the references.
     static void CleanMetaData(OrvexXmlData::CParentElementInfo*& pParent, OrvexXmlData::CElementInfo**& ppElements,
                               OrvexXmlData::CAttributeInfo**& ppAttributes);
@@ -66,6 +71,16 @@ protected:
 
 private:
     int GetClassElementInfoCount() const;
+
+    CXmlElement* ProcessElementSeqFromXml(const CSerializationContext& ctx, CXmlElement* pElement,
+                                          CXmlElement* pCurrent, OrvexXmlData::XmlElementType eType);
+    CXmlElement* ProcessElementAllFromXml(const CSerializationContext& ctx, CXmlElement* pElement,
+                                          CXmlElement* pCurrent, OrvexXmlData::XmlElementType eType);
+    CXmlElement* ProcessElementChoiceFromXml(const CSerializationContext& ctx, CXmlElement* pElement,
+                                             CXmlElement* pCurrent, OrvexXmlData::XmlElementType eType,
+                                             bool bOptionalChoice);
+    // The error of elements left over after a group has read what it could.
+    [[noreturn]] static void ThrowUnprocessedElement(CXmlElement* pElement, CXmlElement* pCurrent);
 };
 
 }  // namespace OrvexXml

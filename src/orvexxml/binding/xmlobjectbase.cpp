@@ -7,6 +7,8 @@
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/textstream.h"
 #include "orvexxml/writers/xmltextwriter.h"
+#include "orvexxml/xml/xmldocument.h"
+#include "orvexxml/xml/xmlelement.h"
 
 namespace OrvexXml {
 
@@ -39,9 +41,8 @@ void Register(int nMajor, int nMinor) {
 void CXmlObjectBase::CheckVersion() {
     if (VersionMatches()) return;
     ShowVersionMismatch();
-    throw COxException(FormatString("Wrong Version (Orvex Runtime: v%d.%d, Generator: v%d.%d)",
-                                    ORVEXXML_VERSION_MAJOR, ORVEXXML_VERSION_MINOR, g_nGeneratorMajor,
-                                    g_nGeneratorMinor));
+    throw COxException(FormatString("Wrong Version (Orvex Runtime: v%d.%d, Generator: v%d.%d)", ORVEXXML_VERSION_MAJOR,
+                                    ORVEXXML_VERSION_MINOR, g_nGeneratorMajor, g_nGeneratorMinor));
 }
 
 CXmlObjectBase::CXmlObjectBase() : m_lRefCount(0) {
@@ -79,6 +80,40 @@ std::string CXmlObjectBase::ToXml(bool bHeader, bool bFormatted, EOLType eEOL, c
     return std::string(stream.GetText(), stream.GetLength());
 }
 
+void CXmlObjectBase::ReadDocument(CXmlDocument& doc, const CSerializationContext& ctx) {
+    CXmlElement* pRoot = doc.GetDocumentElement();
+    if (!pRoot) throw COxException("Invalid or empty XML document");
+    FromXml_Int(pRoot, pRoot->GetFirstElement(), ctx, false);
+}
+
+void CXmlObjectBase::FromXml(const wchar_t* pszXml, const CSerializationContext& ctx) {
+    CheckVersion();
+    CXmlDocument doc(ctx);
+    doc.LoadXml(pszXml);
+    ReadDocument(doc, ctx);
+}
+
+void CXmlObjectBase::FromXml(const char* pszXml, const CSerializationContext& ctx) {
+    CheckVersion();
+    CXmlDocument doc(ctx);
+    doc.LoadXml(pszXml);
+    ReadDocument(doc, ctx);
+}
+
+void CXmlObjectBase::FromXmlElement(const CXmlElement* pElement, const CSerializationContext& ctx) {
+    CheckVersion();
+    // The walk does not change the tree; its signature is shared with the builders.
+    CXmlElement* p = const_cast<CXmlElement*>(pElement);
+    FromXml_Int(p, p->GetFirstElement(), ctx, false);
+}
+
+bool CXmlObjectBase::DoesElementNameMatch(const CSerializationContext& ctx, const CXmlElement* pElement,
+                                          const char* pszName, const char* pszNamespace) const {
+    if (pElement->GetLocalName() != (pszName ? pszName : "")) return false;
+    if (ctx.GetSchemaType() == SchemaType_DTD || ctx.GetIgnoreNamespaces()) return true;
+    return pElement->GetNamespaceURI() == (pszNamespace ? pszNamespace : "");
+}
+
 void CXmlObjectBase::AttributesToXml_Int(CXmlWriter*, const CSerializationContext&) const {}
 
 bool IsNamespaceValid(const std::string& strNamespace, const std::string& strRestriction,
@@ -110,8 +145,9 @@ void TestNamespace(const std::string& strNamespace, const std::string& strRestri
                    const std::string& strTargetNamespace) {
     if (!IsNamespaceValid(strNamespace, strRestriction, strTargetNamespace)) {
         throw COxInvalidNamespaceException(
-            FormatString("Invalid namespace [%s]. The namespace must be one of [%s] where the target namespace is [%s].",
-                         strNamespace.c_str(), strRestriction.c_str(), strTargetNamespace.c_str()),
+            FormatString(
+                "Invalid namespace [%s]. The namespace must be one of [%s] where the target namespace is [%s].",
+                strNamespace.c_str(), strRestriction.c_str(), strTargetNamespace.c_str()),
             std::string());
     }
 }
@@ -138,9 +174,9 @@ void CXmlObjectBase::Choice_SelectElement(const char* pszName, CXmlObjectBase* p
         return;
     }
     if (pValue) {
-        throw COxInvalidStateException(FormatString(
-            "The Property [%s] is already set. Only one element within this class bay be set at a time",
-            selected.c_str()));
+        throw COxInvalidStateException(
+            FormatString("The Property [%s] is already set. Only one element within this class bay be set at a time",
+                         selected.c_str()));
     }
 }
 
@@ -150,9 +186,9 @@ void CXmlObjectBase::Choice_SetElementValid(bool bValid, const char* pszName, st
         return;
     }
     if (!selected.empty() && selected != pszName) {
-        throw COxInvalidStateException(FormatString(
-            "The Property %s is already set. Only one element within this class bay be set at a time",
-            selected.c_str()));
+        throw COxInvalidStateException(
+            FormatString("The Property %s is already set. Only one element within this class bay be set at a time",
+                         selected.c_str()));
     }
     selected = pszName;
 }
@@ -167,9 +203,9 @@ void CXmlObjectBase::Choice_CollectionChanged(const char* pszName, OxLong nCount
         return;
     }
     if (nCount != 0) {
-        throw COxInvalidStateException(FormatString(
-            "The Property [%s] is already set. Only one element within this class bay be set at a time",
-            selected.c_str()));
+        throw COxInvalidStateException(
+            FormatString("The Property [%s] is already set. Only one element within this class bay be set at a time",
+                         selected.c_str()));
     }
 }
 

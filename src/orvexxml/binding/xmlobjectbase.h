@@ -15,6 +15,7 @@ namespace OrvexXml {
 
 class CXmlWriter;
 class CXmlElement;
+class CXmlDocument;
 class CSerializationContext;
 class CXmlObjectBase;
 
@@ -74,6 +75,12 @@ public:
     virtual CXmlObjectBase* GetBase() = 0;
     // Writes the object as an XML document in the local encoding.
     virtual std::string ToXml(bool bHeader, bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const;
+    // Reads the object from XML text: wide text (converted to UTF-16 for the parser), or
+    // narrow text parsed in the encoding its declaration names, UTF-8 if none.
+    virtual void FromXml(const wchar_t* pszXml, const CSerializationContext& ctx);
+    virtual void FromXml(const char* pszXml, const CSerializationContext& ctx);
+    // Reads the object from an element of a document the caller holds.
+    virtual void FromXmlElement(const CXmlElement* pElement, const CSerializationContext& ctx);
 
 protected:
     virtual ~CXmlObjectBase();
@@ -122,8 +129,14 @@ protected:
         return pObject->FromXml_Int(pElement, pFirstChild, ctx, false);
     }
 
+    // Whether an element has the given local name and, unless namespaces are ignored, namespace.
+    bool DoesElementNameMatch(const CSerializationContext& ctx, const CXmlElement* pElement, const char* pszName,
+                              const char* pszNamespace) const;
+
     // The version test of every public entry point: throws on a mismatch.
     static void CheckVersion();
+    // Reads the object from the root element of a loaded document.
+    void ReadDocument(CXmlDocument& doc, const CSerializationContext& ctx);
 
     // Helpers that keep the one-of rule of a choice. 'selected' is the generated class's
     // record of the member that is set (its element name), empty when none is.

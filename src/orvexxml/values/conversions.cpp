@@ -351,6 +351,26 @@ bool CConversions::booleanFromString(const std::string& text, WhitespaceRule rul
         text);
 }
 
+// --- hexBinary, base64Binary --------------------------------------------------------------
+
+std::string CConversions::hexBinaryToString(const CBinaryData& value) { return value.GetAsHexString(); }
+
+std::string CConversions::base64BinaryToString(const CBinaryData& value) { return value.GetAsBase64(); }
+
+CBinaryData CConversions::hexBinaryFromString(const std::string& text, WhitespaceRule rule) {
+    CProcessedText processed(text, rule);
+    CBinaryData value;
+    value.SetAsHexString(processed.Get().c_str());
+    return value;
+}
+
+CBinaryData CConversions::base64BinaryFromString(const std::string& text, WhitespaceRule rule) {
+    CProcessedText processed(text, rule);
+    CBinaryData value;
+    value.SetAsBase64(processed.Get().c_str());
+    return value;
+}
+
 // --- year, month, day ---------------------------------------------------------------------
 
 std::string CConversions::yearToString(uint16_t value) { return UnsignedToString(value); }

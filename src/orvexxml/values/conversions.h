@@ -4,6 +4,7 @@
 #include <string>
 
 #include "orvexxml/export.h"
+#include "orvexxml/values/binarydata.h"
 #include "orvexxml/values/whitespaceutils.h"
 
 namespace OrvexXml {
@@ -67,6 +68,17 @@ public:
     static std::string stringFromString(const std::string& text, WhitespaceRule rule);
     // "true", "false", "1" or "0", without regard to case.
     static bool booleanFromString(const std::string& text, WhitespaceRule rule);
+
+    // --- hexBinary, base64Binary ---------------------------------------------------------------
+    // Upper-case hex, two digits per byte; one line of base64. The empty value gives "".
+    static std::string hexBinaryToString(const CBinaryData& value);
+    static std::string base64BinaryToString(const CBinaryData& value);
+
+    // The processed text as CBinaryData::SetAsHexString and SetAsBase64 read it: hex throws
+    // COxException for an odd length or a character that isn't a hex digit; base64 gives the
+    // empty value for a text with a character outside its alphabet.
+    static CBinaryData hexBinaryFromString(const std::string& text, WhitespaceRule rule);
+    static CBinaryData base64BinaryFromString(const std::string& text, WhitespaceRule rule);
 
     // --- year, month, day (the gYear, gMonth and gDay kinds held as plain numbers) ----------
     static std::string yearToString(uint16_t value);  // "%u", unpadded

@@ -5,6 +5,7 @@
 
 #include "orvexxml/export.h"
 #include "orvexxml/infrastructure/smartptr.h"
+#include "orvexxml/values/binarydata.h"
 #include "orvexxml/values/itemtype.h"
 #include "orvexxml/values/whitespaceutils.h"
 
@@ -44,7 +45,7 @@ public:
         double m_dValue;                 // r8
         bool m_bValue;                   // boolean
         std::string* m_pString;          // string
-        CBinaryData* m_pBinaryData;      // hexBinary, base64Binary (arrives with CBinaryData)
+        CBinaryData* m_pBinaryData;      // hexBinary, base64Binary
         CDateTimeSpan* m_pDateTimeSpan;  // duration (arrives with CDateTimeSpan)
         CDateTime* m_pDateTime;          // the five date kinds (arrive with CDateTime)
         CDecimal* m_pDecimal;            // decimal (arrives with CDecimal)
@@ -93,6 +94,9 @@ public:
     void SetChar(char value);
     void SetString(std::string value);
     void SetBoolean(bool value);
+    // The variant keeps its own copy; later changes through value don't reach it.
+    void SetHexBinary(const CBinaryData& value);
+    void SetBase64Binary(const CBinaryData& value);
     // Takes a reference on pObject unless it is null.
     void SetXmlObject(CXmlObjectBase* pObject);
 
@@ -112,6 +116,9 @@ public:
     char GetChar() const { return m_cValue; }
     std::string GetString() const { return *m_pString; }
     bool GetBoolean() const { return m_bValue; }
+    // A copy of the value; a nil variant gives the empty value.
+    CBinaryData GetHexBinary() const;
+    CBinaryData GetBase64Binary() const;
     // The object held; the smart pointer takes its own reference.
     CSmartPtr<CXmlObjectBase> GetXmlObject() const;
 

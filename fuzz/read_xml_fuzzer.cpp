@@ -1,0 +1,58 @@
+// Feeds arbitrary bytes to the XML reading path: the document loader and the walks that
+// read a tree into generated objects. Any outcome but a COxException is a finding.
+#include <orvexxml/orvexxml.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "note.h"
+#include "person.h"
+#include "primitiveset.h"
+#include "shape.h"
+
+using namespace OrvexXml;
+
+template <class T>
+static void ReadInto(const std::string& text, const CSerializationContext& ctx) {
+    CSmartPtr<T> object = T::CreateInstance();
+    try {
+        object->FromXml(text.c_str(), ctx);
+        // Whatever was read must write out again.
+        object->ToXml(true, true, EOLType_LF, ctx);
+    } catch (const COxException&) {
+    }
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
+    if (nSize == 0) return 0;
+    // The first byte picks the settings, the rest is the document.
+    static CSerializationContext s_contexts[4];
+    static bool s_bInit = false;
+    if (!s_bInit) {
+        s_bInit = true;
+        s_contexts[1].SetIgnoreUnknownElements(true);
+        s_contexts[1].SetIgnoreUnknownAttributes(true);
+        s_contexts[2].SetIgnoreMissingMandatoryElements(true);
+        s_contexts[2].SetStripCDATA(false);
+        s_contexts[3].SetSchemaType(SchemaType_DTD);
+        s_contexts[3].SetIgnoreMissingChoice(true);
+    }
+    const CSerializationContext& ctx = s_contexts[pData[0] % 4];
+    std::string text(reinterpret_cast<const char*>(pData + 1), nSize - 1);
+    switch ((pData[0] >> 2) % 4) {
+        case 0:
+            ReadInto<Samples::CPerson>(text, ctx);
+            break;
+        case 1:
+            ReadInto<Samples::CPrimitiveSet>(text, ctx);
+            break;
+        case 2:
+            ReadInto<Samples::CShape>(text, ctx);
+            break;
+        default:
+            ReadInto<Samples::CNote>(text, ctx);
+            break;
+    }
+    return 0;
+}

@@ -1,0 +1,115 @@
+#include "orvexxml/infrastructure/stringbuffer.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace OrvexXml {
+
+namespace {
+
+const uint32_t kDefaultBlockSize = 4096;
+
+// What GetBuffer returns while there is no block at all.
+const char g_szEmpty[1] = {'\0'};
+
+char* AllocateZeroed(size_t nBytes) {
+    void* p = std::calloc(nBytes, 1);
+    if (!p) throw std::bad_alloc();
+    return static_cast<char*>(p);
+}
+
+}  // namespace
+
+CStringBuffer::CStringBuffer() : CStringBuffer(kDefaultBlockSize) {}
+
+CStringBuffer::CStringBuffer(uint32_t nBlockSize)
+    : CInstanceMonitor("CStringBuffer"),
+      m_dwBlockSize(nBlockSize < 2 ? 1 : nBlockSize - 1),
+      m_LastBlock_DataIn(0),
+      m_LastBlock_SizeOf(0),
+      m_pLastBlock(nullptr),
+      m_dwTotalBufferLen(0) {}
+
+CStringBuffer::~CStringBuffer() { ReleaseAll(); }
+
+void CStringBuffer::AppendSlow(const char* pData, uint32_t nLen) {
+    while (nLen > 0) {
+        if (m_LastBlock_SizeOf == m_LastBlock_DataIn) {
+            AddBlock();
+            continue;
+        }
+        uint32_t nFree = m_LastBlock_SizeOf - m_LastBlock_DataIn;
+        uint32_t nCopy = nLen < nFree ? nLen : nFree;
+        std::memcpy(m_pLastBlock + m_LastBlock_DataIn, pData, nCopy);
+        m_LastBlock_DataIn += nCopy;
+        m_dwTotalBufferLen += nCopy;
+        pData += nCopy;
+        nLen -= nCopy;
+    }
+}
+
+void CStringBuffer::AddBlock() {
+    // Reserve the vector slots first, so that a failing push_back cannot leak the block.
+    m_vecBlocks.reserve(m_vecBlocks.size() + 1);
+    m_vecBlockSizes.reserve(m_vecBlockSizes.size() + 1);
+    char* pBlock = AllocateZeroed(static_cast<size_t>(m_dwBlockSize) + 1);
+    m_vecBlocks.push_back(pBlock);
+    m_vecBlockSizes.push_back(m_dwBlockSize);
+    m_pLastBlock = pBlock;
+    m_LastBlock_SizeOf = m_dwBlockSize;
+    m_LastBlock_DataIn = 0;
+}
+
+void CStringBuffer::Assign(const char* psz) {
+    ReleaseAll();
+    Append(psz);
+}
+
+void CStringBuffer::Clear() {
+    if (m_vecBlocks.size() == 1) {
+        std::memset(m_pLastBlock, 0, static_cast<size_t>(m_LastBlock_SizeOf) + 1);
+        m_LastBlock_DataIn = 0;
+        m_dwTotalBufferLen = 0;
+    } else {
+        ReleaseAll();
+    }
+}
+
+const char* CStringBuffer::GetBuffer() {
+    if (m_vecBlocks.empty()) return g_szEmpty;
+    if (m_vecBlocks.size() == 1) return m_pLastBlock;
+
+    char* pJoined = static_cast<char*>(std::malloc(static_cast<size_t>(m_dwTotalBufferLen) + 1));
+    if (!pJoined) throw std::bad_alloc();
+    char* pOut = pJoined;
+    size_t nLast = m_vecBlocks.size() - 1;
+    for (size_t i = 0; i < nLast; ++i) {
+        std::memcpy(pOut, m_vecBlocks[i], m_vecBlockSizes[i]);
+        pOut += m_vecBlockSizes[i];
+    }
+    std::memcpy(pOut, m_pLastBlock, m_LastBlock_DataIn);
+    pOut[m_LastBlock_DataIn] = '\0';
+
+    uint32_t nTotal = m_dwTotalBufferLen;
+    ReleaseAll();
+    // Both vectors had capacity for several entries, so these pushes do not allocate.
+    m_vecBlocks.push_back(pJoined);
+    m_vecBlockSizes.push_back(nTotal);
+    m_pLastBlock = pJoined;
+    m_LastBlock_SizeOf = nTotal;
+    m_LastBlock_DataIn = nTotal;
+    m_dwTotalBufferLen = nTotal;
+    return pJoined;
+}
+
+void CStringBuffer::ReleaseAll() {
+    for (char* pBlock : m_vecBlocks) std::free(pBlock);
+    m_vecBlocks.clear();
+    m_vecBlockSizes.clear();
+    m_LastBlock_DataIn = 0;
+    m_LastBlock_SizeOf = 0;
+    m_pLastBlock = nullptr;
+    m_dwTotalBufferLen = 0;
+}
+
+}  // namespace OrvexXml

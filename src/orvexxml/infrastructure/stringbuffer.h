@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "orvexxml/export.h"
+#include "orvexxml/infrastructure/instancemonitor.h"
+
+namespace OrvexXml {
+
+// Accumulates text in fixed blocks, so that output grows without moving what was already
+// written. The blocks are joined only when the whole text is asked for.
+//
+// Every block is allocated with one byte more than its capacity and zero-filled, so the last
+// block is always null-terminated. The appends that fit into the last block are inline; only
+// the crossing into a new block goes out of line.
+class ORVEXXML_API CStringBuffer : public CInstanceMonitor {
+public:
+    // Blocks of 4096 bytes: 4095 bytes of text and the terminator.
+    CStringBuffer();
+    // nBlockSize counts the terminator, so a block holds nBlockSize - 1 bytes of text.
+    // Sizes below 2 are raised to 2: a block must be able to hold at least one byte.
+    explicit CStringBuffer(uint32_t nBlockSize);
+    ~CStringBuffer() override;
+
+    CStringBuffer(const CStringBuffer&) = delete;
+    CStringBuffer& operator=(const CStringBuffer&) = delete;
+
+    // Adds the bytes up to the terminator.
+    void Append(const char* psz) { Append(psz, static_cast<uint32_t>(std::strlen(psz))); }
+    // Adds the bytes up to the first null byte, like the const char* form.
+    void Append(const std::string& str) { Append(str.c_str()); }
+    // Adds one byte; a null byte is counted like any other.
+    void Append(char c) {
+        if (m_LastBlock_DataIn < m_LastBlock_SizeOf) {
+            m_pLastBlock[m_LastBlock_DataIn++] = c;
+            ++m_dwTotalBufferLen;
+        } else {
+            AppendSlow(&c, 1);
+        }
+    }
+    // Adds exactly nLen bytes, null bytes included.
+    void Append(const char* pData, uint32_t nLen) {
+        if (nLen != 0 && nLen <= m_LastBlock_SizeOf - m_LastBlock_DataIn) {
+            std::memcpy(m_pLastBlock + m_LastBlock_DataIn, pData, nLen);
+            m_LastBlock_DataIn += nLen;
+            m_dwTotalBufferLen += nLen;
+        } else {
+            AppendSlow(pData, nLen);
+        }
+    }
+
+    // Releases everything, then appends.
+    void Assign(const char* psz);
+    // Empties the buffer. With exactly one block, that block is kept for further text.
+    void Clear();
+
+    uint32_t GetLength() const { return m_dwTotalBufferLen; }
+    // The whole text as one null-terminated string. Joins the blocks if there are several;
+    // the pointer stays valid until the next change of the buffer.
+    const char* GetBuffer();
+
+private:
+    void AppendSlow(const char* pData, uint32_t nLen);
+    void AddBlock();
+    void ReleaseAll();
+
+    std::vector<char*> m_vecBlocks;         // oldest first; owned
+    std::vector<uint32_t> m_vecBlockSizes;  // capacity of each block, in step with m_vecBlocks
+    uint32_t m_dwBlockSize;                 // capacity of new blocks
+    uint32_t m_LastBlock_DataIn;            // bytes used in the last block
+    uint32_t m_LastBlock_SizeOf;            // capacity of the last block; 0 with no blocks
+    char* m_pLastBlock;                     // null with no blocks
+    uint32_t m_dwTotalBufferLen;            // all bytes held
+};
+
+}  // namespace OrvexXml

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "orvexxml/export.h"
+#include "orvexxml/infrastructure/encodingtypes.h"
+#include "orvexxml/infrastructure/instancemonitor.h"
+#include "orvexxml/infrastructure/stringbuffer.h"
+
+namespace OrvexXml {
+
+// The sink of the text writers: text accumulates in memory, in the library's local encoding.
+// The encoding is only recorded here; the writer asks for it to declare it in the header.
+//
+// The write operations are inline appends to the block buffer, so that a writer pays for a
+// function call only when a block fills up.
+class ORVEXXML_API CTextStream : public CInstanceMonitor {
+public:
+    // A stream for XmlEncoding_None.
+    CTextStream();
+    explicit CTextStream(XmlEncoding eEncoding);
+    ~CTextStream() override;
+
+    CTextStream(const CTextStream&) = delete;
+    CTextStream& operator=(const CTextStream&) = delete;
+
+    // In memory, Start empties the buffer; End and Flush do nothing.
+    virtual void Start();
+    virtual void End();
+    virtual void Flush();
+
+    void WriteChar(char c) { m_buffer.Append(c); }
+    // Appends the bytes up to the terminator.
+    void WriteString(const char* psz) { m_buffer.Append(psz); }
+    // Appends the bytes up to the first null byte, like the const char* form.
+    void WriteString(const std::string& str) { m_buffer.Append(str); }
+    // Appends exactly nLen bytes.
+    void WriteString(const char* pData, size_t nLen) { m_buffer.Append(pData, static_cast<uint32_t>(nLen)); }
+
+    // Characters now buffered.
+    uint32_t GetLength() const { return m_buffer.GetLength(); }
+    XmlEncoding GetEncoding() const { return m_eEncoding; }
+    // The buffered text as one null-terminated string, valid until the next write.
+    const char* GetText() { return m_buffer.GetBuffer(); }
+
+protected:
+    // For derived streams: registers the instance under their own class name.
+    CTextStream(const char* pszClassName, XmlEncoding eEncoding);
+
+    CStringBuffer m_buffer;
+    XmlEncoding m_eEncoding;
+};
+
+}  // namespace OrvexXml

@@ -1,0 +1,359 @@
+#include "orvexxml/writers/xmltextwriter.h"
+
+#include <cstring>
+
+#include "orvexxml/infrastructure/exceptions.h"
+
+namespace OrvexXml {
+
+namespace {
+
+// Appends a string literal without measuring it at run time.
+template <size_t N>
+inline void PutLiteral(CTextStream* pStream, const char (&szText)[N]) {
+    pStream->WriteString(szText, N - 1);
+}
+
+// Marks the bytes that the escaper must stop at, one table per mode. The terminator is
+// marked too, so the scan needs no separate length check.
+struct CEscapeTables {
+    unsigned char abText[256];
+    unsigned char abAttribute[256];
+};
+
+constexpr CEscapeTables MakeEscapeTables() {
+    CEscapeTables tables{};
+    const unsigned char abSpecial[] = {'\0', '\n', '\r', '&', '<', '>'};
+    for (unsigned char c : abSpecial) {
+        tables.abText[c] = 1;
+        tables.abAttribute[c] = 1;
+    }
+    tables.abAttribute[static_cast<unsigned char>('"')] = 1;
+    return tables;
+}
+
+constexpr CEscapeTables g_escapeTables = MakeEscapeTables();
+
+const char g_szCDataStart[] = "<![CDATA[";
+
+const std::string& XsiNamespace() {
+    static const std::string s_str(CXmlWriter::XsiNamespaceURI);
+    return s_str;
+}
+
+}  // namespace
+
+CXmlTextWriter::CXmlTextWriter(CTextStream* pStream) : CXmlTextWriter("CXmlTextWriter", pStream) {}
+
+CXmlTextWriter::CXmlTextWriter(const char* pszClassName, CTextStream* pStream)
+    : CXmlWriter(pszClassName),
+      m_bWriteDefaultValues(false),
+      m_strIndentChars("\t"),
+      m_strEOL("\n"),
+      m_eEOLType(EOLType_LF),
+      m_bFormatted(true),
+      m_pStream(pStream) {}
+
+CXmlTextWriter::~CXmlTextWriter() {}
+
+void CXmlTextWriter::StartDocument() {
+    CXmlWriter::StartDocument();
+    m_pStream->Start();
+}
+
+void CXmlTextWriter::EndDocument() {
+    m_pStream->End();
+    CXmlWriter::EndDocument();
+}
+
+void CXmlTextWriter::SetEOLType(EOLType eEOLType) {
+    switch (eEOLType) {
+        case EOLType_CRLF:
+            m_strEOL = "\r\n";
+            break;
+        case EOLType_LF:
+            m_strEOL = "\n";
+            break;
+        default:
+            throw COxException("Invalid EOL type.");
+    }
+    m_eEOLType = eEOLType;
+}
+
+void CXmlTextWriter::SetIndentChars(const char* pszIndentChars) {
+    m_strIndentChars = pszIndentChars ? pszIndentChars : "";
+    m_strIndentRun.clear();
+}
+
+void CXmlTextWriter::WriteIndent(uint32_t nDepth) {
+    if (nDepth == 0 || m_strIndentChars.empty()) return;
+    size_t nLen = static_cast<size_t>(nDepth) * m_strIndentChars.size();
+    if (m_strIndentRun.size() < nLen) {
+        m_strIndentRun.reserve(nLen * 2);
+        while (m_strIndentRun.size() < nLen * 2) m_strIndentRun += m_strIndentChars;
+    }
+    m_pStream->WriteString(m_strIndentRun.data(), nLen);
+}
+
+void CXmlTextWriter::WriteNamespaceDeclaration(const std::string& strPrefix, const std::string& strNamespace) {
+    PutLiteral(m_pStream, "xmlns:");
+    m_pStream->WriteString(strPrefix);
+    PutLiteral(m_pStream, "=\"");
+    m_pStream->WriteString(strNamespace);
+    m_pStream->WriteChar('"');
+}
+
+void CXmlTextWriter::CheckInStartTag() const {
+    if (!m_pContext || !m_pContext->m_bInStartTag) throw COxException("Attributes must be added before elements");
+}
+
+void CXmlTextWriter::WriteHeader() {
+    PutLiteral(m_pStream, "<?xml version=\"1.0\"");
+    switch (m_pStream->GetEncoding()) {
+        case XmlEncoding_UTF8:
+            PutLiteral(m_pStream, " encoding=\"UTF-8\"");
+            break;
+        case XmlEncoding_UTF16:
+            PutLiteral(m_pStream, " encoding=\"UTF-16\"");
+            break;
+        default:  // None and UTF16NoDeclaration name no encoding
+            break;
+    }
+    PutLiteral(m_pStream, "?>");
+    WriteEOL();
+    FlushIfLarge();
+}
+
+void CXmlTextWriter::WriteComment(const std::string& strText) {
+    PutLiteral(m_pStream, "<!--");
+    EscapeAndWrite(strText.c_str(), false);
+    PutLiteral(m_pStream, "-->");
+    WriteEOL();
+    FlushIfLarge();
+}
+
+void CXmlTextWriter::WriteProcessingInstruction(const std::string& strText) {
+    m_pStream->WriteString(strText);
+    WriteEOL();
+    WriteEOL();
+    FlushIfLarge();
+}
+
+void CXmlTextWriter::WriteInLineSchema(const std::string& strText) {
+    m_pStream->WriteChar(' ');
+    WriteEOL();
+    m_pStream->WriteString(strText);
+    WriteEOL();
+    FlushIfLarge();
+}
+
+void CXmlTextWriter::CloseStartTag() {
+    if (!m_pContext) return;
+    ++m_pContext->m_nChildCount;
+    if (m_pContext->m_bInStartTag) {
+        m_pContext->m_bInStartTag = false;
+        m_pStream->WriteChar('>');
+        if (m_bFormatted) WriteEOL();
+    }
+}
+
+void CXmlTextWriter::WriteRaw(const std::string& strText) {
+    m_pStream->WriteString(strText);
+    if (m_bFormatted) WriteEOL();
+}
+
+void CXmlTextWriter::WriteStartElement(const std::string& strName, const std::string& strNamespace) {
+    CloseStartTag();
+    CXmlWriterContext* pNew = CreateContext(strName, strNamespace);
+    try {
+        pNew->m_bInStartTag = true;
+        if (m_bFormatted) WriteIndent(pNew->m_nDepth);
+        m_pStream->WriteChar('<');
+
+        if (!strNamespace.empty() && strNamespace != pNew->GetDefaultNamespace()) {
+            const NamespaceMap& mapNamespaces = pNew->GetNamespaceMap();
+            NamespaceMap::const_iterator it = mapNamespaces.find(strNamespace);
+            if (it != mapNamespaces.end()) {
+                m_pStream->WriteString(it->second);
+                m_pStream->WriteChar(':');
+                m_pStream->WriteString(strName);
+            } else {
+                std::string strPrefix = GenerateNamespacePrefix(mapNamespaces);
+                pNew->SetNamespaceMapValue(strNamespace, strPrefix);
+                m_pStream->WriteString(strPrefix);
+                m_pStream->WriteChar(':');
+                m_pStream->WriteString(strName);
+                m_pStream->WriteChar(' ');
+                WriteNamespaceDeclaration(strPrefix, strNamespace);
+            }
+        } else {
+            // An element in no namespace under a default namespace gets no undeclaration.
+            m_pStream->WriteString(strName);
+        }
+
+        if (!m_pContext) {
+            // The root carries the declarations registered for the document, by ascending URI.
+            if (!m_strDefaultNamespace.empty()) {
+                PutLiteral(m_pStream, " xmlns=\"");
+                m_pStream->WriteString(m_strDefaultNamespace);
+                m_pStream->WriteChar('"');
+            }
+            const size_t nXmlNamespaceLen = std::strlen(XmlNamespaceURI);
+            for (NamespaceMap::const_iterator it = m_mapNamespaces.begin(); it != m_mapNamespaces.end(); ++it) {
+                if (it->first.compare(0, nXmlNamespaceLen, XmlNamespaceURI) == 0) continue;  // "xml" is implicit
+                m_pStream->WriteChar(' ');
+                WriteNamespaceDeclaration(it->second, it->first);
+            }
+        }
+        FlushIfLarge();
+    } catch (...) {
+        DestroyContext(pNew);
+        throw;
+    }
+    m_pContext = pNew;
+}
+
+void CXmlTextWriter::WriteElementText(const std::string& strValue, ItemType /*eType*/, bool bIsDefaultValue) {
+    if (strValue.empty()) return;
+    if (bIsDefaultValue && !m_bWriteDefaultValues) return;
+    if (m_pContext && m_pContext->m_bInStartTag) {
+        m_pStream->WriteChar('>');
+        m_pContext->m_bInStartTag = false;
+    }
+    const char* pszValue = strValue.c_str();
+    if (pszValue[0] == '<' && std::strncmp(pszValue, g_szCDataStart, sizeof(g_szCDataStart) - 1) == 0)
+        m_pStream->WriteString(pszValue);
+    else
+        EscapeAndWrite(pszValue, false);
+    FlushIfLarge();
+}
+
+void CXmlTextWriter::WriteEndElement() {
+    CXmlWriterContext* pContext = m_pContext;
+    if (!pContext) throw COxException("There is no open element to end.");
+    if (pContext->m_bInStartTag) {
+        PutLiteral(m_pStream, "/>");
+    } else {
+        // An element that holds only text keeps its end tag on the same line.
+        if (m_bFormatted && pContext->m_nChildCount != 0) WriteIndent(pContext->m_nDepth);
+        PutLiteral(m_pStream, "</");
+        const std::string& strNamespace = pContext->m_strNamespace;
+        if (!strNamespace.empty() && strNamespace != pContext->GetDefaultNamespace()) {
+            m_pStream->WriteString(pContext->GetNamespaceMapValue(strNamespace));
+            m_pStream->WriteChar(':');
+        }
+        m_pStream->WriteString(pContext->m_strName);
+        m_pStream->WriteChar('>');
+    }
+    if (m_bFormatted) WriteEOL();
+    FlushIfLarge();
+    PopContext();
+}
+
+void CXmlTextWriter::WriteAttribute(const std::string& strName, const std::string& strNamespace,
+                                    const std::string& strValue, ItemType /*eType*/) {
+    CheckInStartTag();
+    m_pStream->WriteChar(' ');
+    if (!strNamespace.empty()) {
+        // Unprefixed attributes are in no namespace, so even the default namespace needs a
+        // prefix here.
+        const NamespaceMap& mapNamespaces = m_pContext->GetNamespaceMap();
+        NamespaceMap::const_iterator it = mapNamespaces.find(strNamespace);
+        if (it != mapNamespaces.end()) {
+            m_pStream->WriteString(it->second);
+        } else {
+            std::string strPrefix = GenerateNamespacePrefix(mapNamespaces);
+            m_pContext->SetNamespaceMapValue(strNamespace, strPrefix);
+            WriteNamespaceDeclaration(strPrefix, strNamespace);
+            m_pStream->WriteChar(' ');
+            m_pStream->WriteString(strPrefix);
+        }
+        m_pStream->WriteChar(':');
+    }
+    m_pStream->WriteString(strName);
+    PutLiteral(m_pStream, "=\"");
+    EscapeAndWrite(strValue.c_str(), true);
+    m_pStream->WriteChar('"');
+    FlushIfLarge();
+}
+
+void CXmlTextWriter::WriteXsiType(const std::string& strNamespace, const std::string& strTypeName, ItemType eType) {
+    CheckInStartTag();
+    if (!strNamespace.empty() && strNamespace != m_pContext->GetDefaultNamespace()) {
+        const NamespaceMap& mapNamespaces = m_pContext->GetNamespaceMap();
+        NamespaceMap::const_iterator it = mapNamespaces.find(strNamespace);
+        std::string strPrefix;
+        if (it != mapNamespaces.end()) {
+            strPrefix = it->second;
+        } else {
+            strPrefix = GenerateNamespacePrefix(mapNamespaces);
+            m_pContext->SetNamespaceMapValue(strNamespace, strPrefix);
+            m_pStream->WriteChar(' ');
+            WriteNamespaceDeclaration(strPrefix, strNamespace);
+            m_pStream->WriteChar(' ');
+        }
+        WriteAttribute("type", XsiNamespace(), strPrefix + ":" + strTypeName, eType);
+    } else {
+        WriteAttribute("type", XsiNamespace(), strTypeName, eType);
+    }
+}
+
+void CXmlTextWriter::WriteXsiNil() {
+    CheckInStartTag();
+    WriteAttribute("nil", XsiNamespace(), "true", ItemType_boolean);
+}
+
+void CXmlTextWriter::EscapeAndWrite(const char* pszText, bool bAttribute) {
+    const unsigned char* pTable = bAttribute ? g_escapeTables.abAttribute : g_escapeTables.abText;
+    const char* p = pszText;
+    for (;;) {
+        // Find the next byte that needs attention; everything before it goes out in one piece.
+        const char* pRun = p;
+        for (;;) {
+            if (pTable[static_cast<unsigned char>(p[0])]) break;
+            if (pTable[static_cast<unsigned char>(p[1])]) {
+                p += 1;
+                break;
+            }
+            if (pTable[static_cast<unsigned char>(p[2])]) {
+                p += 2;
+                break;
+            }
+            if (pTable[static_cast<unsigned char>(p[3])]) {
+                p += 3;
+                break;
+            }
+            p += 4;
+        }
+        if (p != pRun) m_pStream->WriteString(pRun, static_cast<size_t>(p - pRun));
+
+        switch (*p) {
+            case '\0':
+                return;
+            case '\n':
+                if (bAttribute)
+                    PutLiteral(m_pStream, "&#xA;");
+                else
+                    WriteEOL();
+                break;
+            case '\r':
+                // Line ends inside the library are LF; a stray CR is dropped.
+                break;
+            case '"':
+                PutLiteral(m_pStream, "&quot;");
+                break;
+            case '&':
+                PutLiteral(m_pStream, "&amp;");
+                break;
+            case '<':
+                PutLiteral(m_pStream, "&lt;");
+                break;
+            case '>':
+                PutLiteral(m_pStream, "&gt;");
+                break;
+        }
+        ++p;
+    }
+}
+
+}  // namespace OrvexXml

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "orvexxml/export.h"
+#include "orvexxml/infrastructure/encodingtypes.h"
+#include "orvexxml/infrastructure/textstream.h"
+#include "orvexxml/writers/xmlwriter.h"
+
+namespace OrvexXml {
+
+// Writes the events of CXmlWriter as XML text into a CTextStream, which it does not own.
+// Strings are written byte by byte in the local encoding; the stream converts them later.
+//
+// Usage: StartDocument, the setters, WriteHeader if a declaration is wanted, the elements,
+// EndDocument; then read the text from the stream.
+class ORVEXXML_API CXmlTextWriter : public CXmlWriter {
+public:
+    explicit CXmlTextWriter(CTextStream* pStream);
+    ~CXmlTextWriter() override;
+
+    // --- CXmlWriter ------------------------------------------------------------------------
+    // The base, then Start on the stream.
+    void StartDocument() override;
+    // End on the stream first, so that a file is complete before the open-element check.
+    void EndDocument() override;
+    void WriteComment(const std::string& strText) override;
+    void WriteProcessingInstruction(const std::string& strText) override;
+    // Lands inside the root element's start tag, after its attributes; the tag stays open.
+    void WriteInLineSchema(const std::string& strText) override;
+    void WriteStartElement(const std::string& strName, const std::string& strNamespace) override;
+    void WriteElementText(const std::string& strValue, ItemType eType, bool bIsDefaultValue) override;
+    void WriteEndElement() override;
+    void WriteAttribute(const std::string& strName, const std::string& strNamespace, const std::string& strValue,
+                        ItemType eType) override;
+    void WriteXsiType(const std::string& strNamespace, const std::string& strTypeName, ItemType eType) override;
+    void WriteXsiNil() override;
+
+    // --- settings, before the first element ------------------------------------------------
+    bool GetFormatted() const { return m_bFormatted; }
+    void SetFormatted(bool bFormatted) { m_bFormatted = bFormatted; }
+    EOLType GetEOLType() const { return m_eEOLType; }
+    // Throws COxException "Invalid EOL type." for any value but CRLF and LF, changing nothing.
+    void SetEOLType(EOLType eEOLType);
+    const std::string& GetIndentChars() const { return m_strIndentChars; }
+    // A null pointer stands for no indentation.
+    void SetIndentChars(const char* pszIndentChars);
+    bool GetWriteDefaultValues() const { return m_bWriteDefaultValues; }
+    void SetWriteDefaultValues(bool bWriteDefaultValues) { m_bWriteDefaultValues = bWriteDefaultValues; }
+
+    // The XML declaration, naming the stream's encoding if it has one to name.
+    void WriteHeader();
+    // Counts a child of the open element and closes its start tag if still open.
+    void CloseStartTag();
+    // Writes strText unchanged, then a line end if formatted. With CloseStartTag, splices in
+    // an element rendered by another writer.
+    void WriteRaw(const std::string& strText);
+
+protected:
+    CXmlTextWriter(const char* pszClassName, CTextStream* pStream);
+
+    // Writes a null-terminated text with the XML special characters replaced; in attribute
+    // mode also the double quote and the line feed.
+    void EscapeAndWrite(const char* pszText, bool bAttribute);
+    // Passes the text on once 4096 characters have piled up.
+    void FlushIfLarge() {
+        if (m_pStream->GetLength() >= 4096) m_pStream->Flush();
+    }
+
+    bool m_bWriteDefaultValues;
+    std::string m_strIndentChars;  // written once per depth level
+    std::string m_strEOL;          // line end of m_eEOLType
+    EOLType m_eEOLType;
+    bool m_bFormatted;
+    CTextStream* m_pStream;  // not owned
+
+private:
+    void WriteEOL() { m_pStream->WriteString(m_strEOL.data(), m_strEOL.size()); }
+    void WriteIndent(uint32_t nDepth);
+    void WriteNamespaceDeclaration(const std::string& strPrefix, const std::string& strNamespace);
+    void CheckInStartTag() const;
+
+    // m_strIndentChars repeated, so that an indent of any depth is one append.
+    std::string m_strIndentRun;
+};
+
+}  // namespace OrvexXml

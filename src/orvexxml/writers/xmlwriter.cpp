@@ -1,0 +1,193 @@
+#include "orvexxml/writers/xmlwriter.h"
+
+#include <memory>
+#include <new>
+
+#include "orvexxml/infrastructure/exceptions.h"
+
+namespace OrvexXml {
+
+namespace {
+
+const std::string& EmptyString() {
+    static const std::string s_strEmpty;
+    return s_strEmpty;
+}
+
+const int kPrefixLetters = 26;
+const int kPrefixCount = kPrefixLetters * kPrefixLetters;  // "AA" to "ZZ"
+
+}  // namespace
+
+// --- CXmlWriterContext -----------------------------------------------------------------------
+
+CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::string& strName, const std::string& strNamespace,
+                                                 const std::string& strDefaultNamespace,
+                                                 const NamespaceMap& mapNamespaces, CXmlWriterContext* pParent)
+    : CInstanceMonitor("CXmlWriterContext"),
+      m_nChildCount(0),
+      m_bInStartTag(true),
+      m_nDepth(0),
+      m_strNamespace(strNamespace),
+      m_strName(strName),
+      m_pParent(nullptr),
+      m_bHasAttributes(false),
+      m_nCollectionState(0),
+      m_strContextDefaultNamespace(strDefaultNamespace),
+      m_pNamespaceMap(new NamespaceMap(mapNamespaces)),
+      m_bInheritsNamespaces(false),
+      m_bOwnsNamespaceMap(true) {
+    // Taken last: once the parent is held, this context's destructor is responsible for it.
+    m_pParent = pParent;
+}
+
+CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::string& strName, const std::string& strNamespace,
+                                                 CXmlWriterContext* pParent)
+    : CInstanceMonitor("CXmlWriterContext"),
+      m_nChildCount(0),
+      m_bInStartTag(true),
+      m_nDepth(pParent->m_nDepth + 1),
+      m_strNamespace(strNamespace),
+      m_strName(strName),
+      m_pParent(pParent),
+      m_bHasAttributes(false),
+      m_nCollectionState(0),
+      m_pNamespaceMap(const_cast<NamespaceMap*>(&pParent->GetNamespaceMap())),
+      m_bInheritsNamespaces(true),
+      m_bOwnsNamespaceMap(false) {}
+
+CXmlWriter::CXmlWriterContext::~CXmlWriterContext() {
+    if (m_bOwnsNamespaceMap) delete m_pNamespaceMap;
+    delete m_pParent;
+}
+
+const std::string& CXmlWriter::CXmlWriterContext::GetNamespaceMapValue(const std::string& strNamespace) const {
+    const NamespaceMap& map = GetNamespaceMap();
+    NamespaceMap::const_iterator it = map.find(strNamespace);
+    return it == map.end() ? EmptyString() : it->second;
+}
+
+void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(const std::string& strNamespace) {
+    if (m_bInheritsNamespaces) {
+        const CXmlWriterContext* pOwner = ScopeOwner();
+        if (pOwner->m_strContextDefaultNamespace == strNamespace) return;  // nothing changes
+        // The scope becomes its own for the default namespace; the map stays shared until a
+        // prefix is set.
+        m_strContextDefaultNamespace = strNamespace;
+        m_pNamespaceMap = pOwner->m_pNamespaceMap;
+        m_bInheritsNamespaces = false;
+    } else {
+        m_strContextDefaultNamespace = strNamespace;
+    }
+}
+
+void CXmlWriter::CXmlWriterContext::SetNamespaceMapValue(const std::string& strNamespace,
+                                                         const std::string& strPrefix) {
+    if (!m_bOwnsNamespaceMap) {
+        const NamespaceMap& mapShared = GetNamespaceMap();
+        NamespaceMap::const_iterator it = mapShared.find(strNamespace);
+        if (it != mapShared.end() && it->second == strPrefix) return;  // nothing changes
+        std::unique_ptr<NamespaceMap> pCopy(new NamespaceMap(mapShared));
+        if (m_bInheritsNamespaces) {
+            m_strContextDefaultNamespace = GetDefaultNamespace();
+            m_bInheritsNamespaces = false;
+        }
+        m_pNamespaceMap = pCopy.release();
+        m_bOwnsNamespaceMap = true;
+    }
+    (*m_pNamespaceMap)[strNamespace] = strPrefix;
+}
+
+// --- CXmlWriter ------------------------------------------------------------------------------
+
+CXmlWriter::CXmlWriter(const char* pszClassName) : CInstanceMonitor(pszClassName), m_pContext(nullptr) {
+    AddNamespaceAlias("xml", XmlNamespaceURI);
+}
+
+CXmlWriter::~CXmlWriter() {
+    // Elements left open by an exception: free the whole chain.
+    while (m_pContext) PopContext();
+    for (void* pStorage : m_vecFreeContexts) ::operator delete(pStorage);
+}
+
+void CXmlWriter::StartDocument() {}
+
+void CXmlWriter::EndDocument() {
+    if (m_pContext) throw COxException("An Element has not been closed.");
+}
+
+void CXmlWriter::SetDefaultNamespace(const std::string& strNamespace) {
+    if (m_pContext)
+        m_pContext->SetDefaultNamespace(strNamespace);
+    else
+        m_strDefaultNamespace = strNamespace;
+}
+
+void CXmlWriter::AddNamespaceAlias(const std::string& strAlias, const std::string& strNamespace) {
+    if (m_pContext)
+        m_pContext->SetNamespaceMapValue(strNamespace, strAlias);
+    else
+        m_mapNamespaces[strNamespace] = strAlias;
+}
+
+void CXmlWriter::SetCollectionState(uint32_t nState) {
+    if (m_pContext) m_pContext->m_nCollectionState = nState;
+}
+
+std::string CXmlWriter::GenerateNamespacePrefix(const NamespaceMap& mapNamespaces) {
+    // One pass marks the generated prefixes in use; the first unmarked one is the answer.
+    // This gives the same result as trying "AA", "AB", ... against every value in turn.
+    bool abUsed[kPrefixCount] = {};
+    for (NamespaceMap::const_iterator it = mapNamespaces.begin(); it != mapNamespaces.end(); ++it) {
+        const std::string& strPrefix = it->second;
+        if (strPrefix.size() == 2 && strPrefix[0] >= 'A' && strPrefix[0] <= 'Z' && strPrefix[1] >= 'A' &&
+            strPrefix[1] <= 'Z')
+            abUsed[(strPrefix[0] - 'A') * kPrefixLetters + (strPrefix[1] - 'A')] = true;
+    }
+    for (int n = 0; n < kPrefixCount; ++n) {
+        if (!abUsed[n]) {
+            char szPrefix[3] = {static_cast<char>('A' + n / kPrefixLetters),
+                                static_cast<char>('A' + n % kPrefixLetters), '\0'};
+            return std::string(szPrefix, 2);
+        }
+    }
+    throw COxException(
+        "Cannot generate a namespace prefix: all prefixes from AA to ZZ are already in use in this scope.");
+}
+
+CXmlWriter::CXmlWriterContext* CXmlWriter::CreateContext(const std::string& strName, const std::string& strNamespace) {
+    void* pStorage;
+    if (!m_vecFreeContexts.empty()) {
+        pStorage = m_vecFreeContexts.back();
+        m_vecFreeContexts.pop_back();
+    } else {
+        // Exactly the storage a plain new of the class would take, so that such a context can
+        // also be released by delete (the parent chain of a context is deleted that way).
+        pStorage = ::operator new(sizeof(CXmlWriterContext));
+    }
+    try {
+        if (m_pContext) return new (pStorage) CXmlWriterContext(strName, strNamespace, m_pContext);
+        return new (pStorage) CXmlWriterContext(strName, strNamespace, m_strDefaultNamespace, m_mapNamespaces, nullptr);
+    } catch (...) {
+        ::operator delete(pStorage);
+        throw;
+    }
+}
+
+void CXmlWriter::DestroyContext(CXmlWriterContext* pContext) noexcept {
+    pContext->m_pParent = nullptr;
+    pContext->~CXmlWriterContext();
+    try {
+        m_vecFreeContexts.push_back(pContext);
+    } catch (...) {
+        ::operator delete(pContext);
+    }
+}
+
+void CXmlWriter::PopContext() noexcept {
+    CXmlWriterContext* pContext = m_pContext;
+    m_pContext = pContext->m_pParent;
+    DestroyContext(pContext);
+}
+
+}  // namespace OrvexXml

@@ -1,0 +1,58 @@
+#include "orvexxml/xml/xmlattribute.h"
+
+#include <cstring>
+
+#include "orvexxml/xml/xmldocument.h"
+#include "orvexxml/xml/xmlelement.h"
+
+namespace OrvexXml {
+
+namespace {
+
+const char kXsiNamespace[] = "http://www.w3.org/2001/XMLSchema-instance";
+const char kXmlnsNamespace[] = "http://www.w3.org/2000/xmlns/";
+
+bool IsInstanceOrXmlnsNamespace(const std::string& strNamespace) {
+    return strNamespace == kXsiNamespace || strNamespace == kXmlnsNamespace;
+}
+
+}  // namespace
+
+CXmlAttribute::CXmlAttribute(const CXmlElement* pElement, const char* pLocalName, size_t nLocalNameLength,
+                             const char* pValue, size_t nValueLength, const char* pNamespace,
+                             size_t nNamespaceLength)
+    : CInstanceMonitor("CXmlAttribute"),
+      m_pElement(pElement),
+      m_strLocalName(pLocalName, nLocalNameLength),
+      m_strValue(pValue, nValueLength),
+      m_strNamespace(pNamespace, nNamespaceLength) {}
+
+CXmlAttribute::~CXmlAttribute() {}
+
+bool CXmlAttribute::IsNamespaceAttribute() const {
+    if (!IsInstanceOrXmlnsNamespace(m_strNamespace)) return false;
+    return m_strLocalName == "xmlns" || m_strLocalName == "type" || m_strLocalName == "schemaLocation" ||
+           m_strLocalName == "noNamespaceSchemaLocation";
+}
+
+bool CXmlAttribute::IsNilAttribute() const {
+    return m_strLocalName == "nil" && IsInstanceOrXmlnsNamespace(m_strNamespace);
+}
+
+std::string CXmlAttribute::GetXPath() const {
+    std::string strPath;
+    if (m_pElement) strPath = m_pElement->GetXPath();
+    strPath += '/';
+    if (!m_strNamespace.empty() && m_pElement && m_pElement->GetDocument()) {
+        const std::string& strPrefix = m_pElement->GetDocument()->LookupAliasFromNamespace(m_strNamespace.c_str());
+        if (!strPrefix.empty()) {
+            strPath += strPrefix;
+            strPath += ':';
+        }
+    }
+    strPath += '@';
+    strPath += m_strLocalName;
+    return strPath;
+}
+
+}  // namespace OrvexXml

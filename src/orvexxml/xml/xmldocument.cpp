@@ -1,0 +1,444 @@
+#include "orvexxml/xml/xmldocument.h"
+
+#include <aio.h>
+#include <errno.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cstring>
+#include <utility>
+
+#include "orvexxml/infrastructure/exceptions.h"
+#include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/infrastructure/localencoding.h"
+#include "orvexxml/xml/expatreader.h"
+
+namespace OrvexXml {
+
+namespace {
+
+// Size of each of the two buffers of an overlapped load, and of each read.
+const OxULong kChunkSize = 0x20000;
+
+std::atomic<bool> g_bAsyncFromXmlFile(false);
+
+const std::string& EmptyString() {
+    static const std::string s_strEmpty;
+    return s_strEmpty;
+}
+
+inline const char* NotNull(const char* psz) { return psz ? psz : ""; }
+
+}  // namespace
+
+void AsyncFromXmlFile(bool bAsync) { g_bAsyncFromXmlFile.store(bAsync, std::memory_order_relaxed); }
+
+bool GetAsyncFromXmlFile() { return g_bAsyncFromXmlFile.load(std::memory_order_relaxed); }
+
+// The one read of an overlapped load that may be in flight.
+struct CXmlDocument::COverlappedRead {
+    COverlappedRead() : bInFlight(false) { std::memset(&request, 0, sizeof(request)); }
+    struct aiocb request;
+    bool bInFlight;
+};
+
+// --- construction ------------------------------------------------------------------
+
+CXmlDocument::CXmlDocument()
+    : CInstanceMonitor("CXmlDocument"),
+      m_pfnElementCallback(nullptr),
+      m_pContext(&CSerializationContext::GetDefaultContext()) {
+    Init();
+}
+
+CXmlDocument::CXmlDocument(const CSerializationContext& context)
+    : CInstanceMonitor("CXmlDocument"), m_pfnElementCallback(nullptr), m_pContext(&context) {
+    Init();
+}
+
+CXmlDocument::CXmlDocument(XmlElementCallback pfnElementCallback)
+    : CInstanceMonitor("CXmlDocument"),
+      m_pfnElementCallback(pfnElementCallback),
+      m_pContext(&CSerializationContext::GetDefaultContext()) {
+    Init();
+}
+
+CXmlDocument::CXmlDocument(XmlElementCallback pfnElementCallback, const CSerializationContext& context)
+    : CInstanceMonitor("CXmlDocument"), m_pfnElementCallback(pfnElementCallback), m_pContext(&context) {
+    Init();
+}
+
+void CXmlDocument::Init() {
+    m_pOverlapped = nullptr;
+    m_nFilePosition = 0;
+    m_hFile = -1;
+    m_pDocumentElement = nullptr;
+    m_pBuffer = nullptr;
+    m_nBufferLength = 0;
+    m_eSchemaType = m_pContext->GetSchemaType();
+}
+
+CXmlDocument::~CXmlDocument() {
+    CXmlDocument::Cleanup();
+    CloseFile();
+}
+
+void CXmlDocument::Cleanup() {
+    // A read in flight targets one of our buffers: it must finish before any buffer goes.
+    CancelChunk();
+    delete m_pDocumentElement;  // iterative over the whole tree
+    m_pDocumentElement = nullptr;
+    FreeBuffer();
+    m_pElementStack.clear();
+    m_mapAliases.clear();
+}
+
+void CXmlDocument::FreeBuffer() {
+    delete[] m_pBuffer;
+    m_pBuffer = nullptr;
+    m_nBufferLength = 0;
+}
+
+void CXmlDocument::CloseFile() {
+    if (m_hFile >= 0) {
+        ::close(m_hFile);
+        m_hFile = -1;
+    }
+}
+
+// --- lookups -----------------------------------------------------------------------
+
+const std::string& CXmlDocument::LookupNamespaceFromAlias(const char* pszAlias) const {
+    auto it = m_mapAliases.find(NotNull(pszAlias));
+    return it == m_mapAliases.end() ? EmptyString() : it->second;
+}
+
+const std::string& CXmlDocument::LookupAliasFromNamespace(const char* pszNamespace) const {
+    pszNamespace = NotNull(pszNamespace);
+    for (const auto& entry : m_mapAliases) {
+        if (entry.second == pszNamespace) return entry.first;
+    }
+    return EmptyString();
+}
+
+// --- loading -----------------------------------------------------------------------
+
+void CXmlDocument::LoadXml(const char* pszXml) {
+    Cleanup();
+    size_t nLength = pszXml ? std::strlen(pszXml) : 0;
+    if (nLength == 0) throw COxException("XML String is empty!");
+    if (nLength > UINT32_MAX) throw COxException("XML String is too large!");
+    m_pBuffer = new unsigned char[nLength];
+    std::memcpy(m_pBuffer, pszXml, nLength);
+    m_nBufferLength = static_cast<OxULong>(nLength);
+    // No decompression and no Fast Infoset detection for text.
+    ParseText();
+}
+
+void CXmlDocument::LoadXml(const wchar_t* pszXml) {
+    Cleanup();
+    if (!pszXml || *pszXml == L'\0') throw COxException("XML String is empty!");
+    // A byte order mark and UTF-16 little-endian code units, so that expat recognises the
+    // encoding by itself. wchar_t may be wider than UTF-16 here: convert, then lay out the
+    // bytes explicitly, independent of the host's byte order.
+    std::u16string strUtf16 = WideToUtf16(pszXml);
+    if (strUtf16.size() > (UINT32_MAX - 2) / 2) throw COxException("XML String is too large!");
+    OxULong nLength = static_cast<OxULong>(2 + 2 * strUtf16.size());
+    m_pBuffer = new unsigned char[nLength];
+    m_pBuffer[0] = 0xFF;
+    m_pBuffer[1] = 0xFE;
+    unsigned char* pOut = m_pBuffer + 2;
+    for (char16_t c : strUtf16) {
+        *pOut++ = static_cast<unsigned char>(c & 0xFF);
+        *pOut++ = static_cast<unsigned char>(c >> 8);
+    }
+    m_nBufferLength = nLength;
+    ParseText();
+}
+
+void CXmlDocument::LoadXmlStream(unsigned char* const pData, OxULong nLength) {
+    Cleanup();
+    if (!pData || nLength == 0) throw COxException("XML Stream is empty!");
+    m_pBuffer = new unsigned char[nLength];
+    std::memcpy(m_pBuffer, pData, nLength);
+    m_nBufferLength = nLength;
+    Parse();
+}
+
+void CXmlDocument::Load(const char* pszFileName) {
+    Cleanup();
+    if (GetAsyncFromXmlFile())
+        LoadOverlapped(NotNull(pszFileName));
+    else
+        LoadWhole(NotNull(pszFileName));
+}
+
+// The default form: the whole file is in memory before the first byte is parsed.
+void CXmlDocument::LoadWhole(const char* pszFileName) {
+    int hFile = ::open(pszFileName, O_RDONLY | O_CLOEXEC);
+    if (hFile < 0) {
+        int nError = errno;
+        throw COxException(FormatString("Failed to open the file [%s] Error [0x%08x]", pszFileName, nError));
+    }
+    ::posix_fadvise(hFile, 0, 0, POSIX_FADV_SEQUENTIAL);
+
+    struct stat info;
+    int nError = 0;
+    if (::fstat(hFile, &info) != 0)
+        nError = errno;
+    else if (info.st_size < 0 || static_cast<uint64_t>(info.st_size) > UINT32_MAX)
+        nError = EFBIG;  // the whole-file form holds less than 4 GiB
+    if (nError != 0) {
+        ::close(hFile);
+        throw COxException(
+            FormatString("Failed to get the size of the file [%s] Error [0x%08x]", pszFileName, nError));
+    }
+    size_t nSize = static_cast<size_t>(info.st_size);
+
+    try {
+        m_pBuffer = new unsigned char[nSize ? nSize : 1];
+    } catch (...) {
+        ::close(hFile);
+        throw;
+    }
+    // read() may deliver less than asked for; a short count before the expected end (the
+    // file shrank) is reported with error 0.
+    size_t nTotal = 0;
+    while (nTotal < nSize) {
+        ssize_t nRead = ::read(hFile, m_pBuffer + nTotal, nSize - nTotal);
+        if (nRead < 0) {
+            if (errno == EINTR) continue;
+            nError = errno;
+            break;
+        }
+        if (nRead == 0) break;
+        nTotal += static_cast<size_t>(nRead);
+    }
+    ::close(hFile);
+    if (nTotal < nSize) {
+        FreeBuffer();
+        throw COxException(
+            FormatString("Failed to read the contents of the file [%s] Error [0x%08x]", pszFileName, nError));
+    }
+    m_nBufferLength = static_cast<OxULong>(nSize);
+    Parse();
+}
+
+// The overlapped form: two buffers of kChunkSize, the next read in flight while expat
+// parses the previous chunk. POSIX asynchronous I/O takes the place of an overlapped read:
+// one aiocb at an explicit 64-bit offset, aio_suspend to wait for it, aio_error and
+// aio_return for the outcome, and a count of 0 for the end of the file. No event object is
+// needed, as the wait is on the request itself.
+void CXmlDocument::LoadOverlapped(const char* pszFileName) {
+    m_nFilePosition = 0;
+    m_hFile = ::open(pszFileName, O_RDONLY | O_CLOEXEC);
+    if (m_hFile < 0) {
+        int nError = errno;
+        throw COxException(FormatString("Failed to open the file [%s] Error [0x%08x]", pszFileName, nError));
+    }
+    ::posix_fadvise(m_hFile, 0, 0, POSIX_FADV_SEQUENTIAL);
+
+    COverlappedRead overlapped;
+    m_pOverlapped = &overlapped;
+    try {
+        m_pBuffer = new unsigned char[kChunkSize];
+        ReadChunkFromFile(m_pBuffer);
+        OxULong nRead = 0;
+        int nError = 0;
+        if (!WaitForChunk(nRead, nError))
+            throw COxException(
+                FormatString("Failed to read the contents of the file [%s] Error [0x%08x]", pszFileName, nError));
+        m_nFilePosition += nRead;
+        m_nBufferLength = nRead;
+        AsyncParse(nRead < kChunkSize);
+    } catch (...) {
+        CancelChunk();
+        m_pOverlapped = nullptr;
+        CloseFile();
+        FreeBuffer();
+        throw;
+    }
+    m_pOverlapped = nullptr;
+}
+
+void CXmlDocument::AsyncParse(bool bFinal) {
+    unsigned char* pSecond = nullptr;
+    try {
+        CExpatReader reader(*this);
+        reader.Init();
+        pSecond = new unsigned char[kChunkSize];
+        while (!bFinal) {
+            ReadChunkFromFile(pSecond);
+            reader.ParseChunk(false);
+            OxULong nRead = 0;
+            int nError = 0;
+            if (!WaitForChunk(nRead, nError))
+                throw COxException(FormatString("Failed to read the contents of the file. Error [0x%08x]", nError));
+            std::swap(m_pBuffer, pSecond);
+            m_nFilePosition += nRead;
+            m_nBufferLength = nRead;
+            bFinal = nRead < kChunkSize;
+        }
+        reader.ParseChunk(true);
+        if (!m_pDocumentElement) throw COxException("Invalid or empty XML document");
+    } catch (...) {
+        // Whatever went wrong (a parse error, a read error, an exception from the element
+        // callback), the read in flight must end before its buffer is freed; then nothing
+        // of the failed load survives.
+        CancelChunk();
+        Cleanup();
+        delete[] pSecond;
+        CloseFile();
+        throw;
+    }
+    delete[] pSecond;
+    FreeBuffer();
+    CloseFile();
+}
+
+void CXmlDocument::ReadChunkFromFile(unsigned char* pBuffer) {
+    struct aiocb& request = m_pOverlapped->request;
+    std::memset(&request, 0, sizeof(request));
+    request.aio_fildes = m_hFile;
+    request.aio_offset = static_cast<off_t>(m_nFilePosition);
+    request.aio_buf = pBuffer;
+    request.aio_nbytes = kChunkSize;
+    request.aio_sigevent.sigev_notify = SIGEV_NONE;
+    if (::aio_read(&request) != 0) {
+        int nError = errno;
+        throw COxException(FormatString("Failed to read the contents of the file. Error [0x%08x]", nError));
+    }
+    m_pOverlapped->bInFlight = true;
+}
+
+bool CXmlDocument::WaitForChunk(OxULong& nRead, int& nError) {
+    struct aiocb& request = m_pOverlapped->request;
+    const struct aiocb* aRequests[1] = {&request};
+    int nStatus;
+    while ((nStatus = ::aio_error(&request)) == EINPROGRESS) ::aio_suspend(aRequests, 1, nullptr);
+    if (nStatus < 0) nStatus = errno;
+    ssize_t nResult = ::aio_return(&request);
+    m_pOverlapped->bInFlight = false;
+    if (nStatus != 0 || nResult < 0) {
+        nError = nStatus != 0 ? nStatus : EIO;
+        return false;
+    }
+    nRead = static_cast<OxULong>(nResult);
+    return true;
+}
+
+void CXmlDocument::CancelChunk() {
+    if (!m_pOverlapped || !m_pOverlapped->bInFlight) return;
+    struct aiocb& request = m_pOverlapped->request;
+    ::aio_cancel(m_hFile, &request);
+    const struct aiocb* aRequests[1] = {&request};
+    while (::aio_error(&request) == EINPROGRESS) ::aio_suspend(aRequests, 1, nullptr);
+    ::aio_return(&request);
+    m_pOverlapped->bInFlight = false;
+}
+
+void CXmlDocument::Parse() {
+    // Compressed input (gzip or zlib) is recognised and inflated in place at this point
+    // once compression is part of the library; until then every input passes unchanged.
+    //
+    // Fast Infoset input is recognised and read into the tree at this point once the Fast
+    // Infoset reader is part of the library; what it doesn't recognise goes on to the XML
+    // text parser.
+    ParseText();
+}
+
+void CXmlDocument::ParseText() {
+    CExpatReader reader(*this);
+    reader.Init();
+    reader.ParseChunk(true);
+}
+
+// --- tree building ------------------------------------------------------------------
+
+CXmlElement* CXmlDocument::AddDocElement(const char* pszNamespace, const char* pszName) {
+    pszNamespace = NotNull(pszNamespace);
+    pszName = NotNull(pszName);
+    return AddDocElement(pszNamespace, std::strlen(pszNamespace), pszName, std::strlen(pszName));
+}
+
+CXmlElement* CXmlDocument::AddDocElement(const char* pNamespace, size_t nNamespaceLength, const char* pName,
+                                         size_t nNameLength) {
+    // A new root replaces any tree there is. Room on the stack first: once the root is
+    // stored, nothing may fail before the push.
+    m_pElementStack.clear();
+    m_pElementStack.reserve(64);
+    CXmlElement* pElement = new CXmlElement(this, nullptr);
+    delete m_pDocumentElement;
+    m_pDocumentElement = pElement;
+    pElement->SetNamespace(pNamespace, nNamespaceLength);
+    pElement->SetElementName(pName, nNameLength);
+    m_pElementStack.push_back(pElement);
+    return pElement;
+}
+
+CXmlElement* CXmlDocument::AddChildElement(const char* pszNamespace, const char* pszName) {
+    pszNamespace = NotNull(pszNamespace);
+    pszName = NotNull(pszName);
+    return AddChildElement(pszNamespace, std::strlen(pszNamespace), pszName, std::strlen(pszName));
+}
+
+CXmlElement* CXmlDocument::AddChildElement(const char* pNamespace, size_t nNamespaceLength, const char* pName,
+                                           size_t nNameLength) {
+    // The new element is linked into its parent at once, so it is owned even if a later
+    // step throws.
+    if (m_pElementStack.empty()) throw COxInvalidStateException("No open element to add a child element to");
+    if (m_pElementStack.size() == m_pElementStack.capacity())
+        m_pElementStack.reserve(2 * m_pElementStack.size());
+    CXmlElement* pElement = m_pElementStack.back()->CreateNewChildElement();
+    pElement->SetNamespace(pNamespace, nNamespaceLength);
+    pElement->SetElementName(pName, nNameLength);
+    m_pElementStack.push_back(pElement);
+    return pElement;
+}
+
+void CXmlDocument::EndElement() {
+    if (m_pElementStack.empty()) return;
+    CXmlElement* pElement = m_pElementStack.back();
+    m_pElementStack.pop_back();
+    if (!m_pfnElementCallback || !m_pfnElementCallback(pElement)) return;
+    // The callback has dealt with the element. The root has no parent to leave: it stays.
+    if (m_pElementStack.empty()) return;
+    CXmlElement* pRemoved = m_pElementStack.back()->RemoveLastChildElement();
+    delete pRemoved;  // the element just ended is always its parent's last child
+}
+
+CXmlAttribute* CXmlDocument::AddElementAttribute(CXmlElement* pElement, const char* pszLocalName,
+                                                 const char* pszValue, const char* pszNamespace) {
+    return pElement->AddAttribute(pszLocalName, pszValue, pszNamespace);
+}
+
+CXmlAttribute* CXmlDocument::AddElementAttribute(CXmlElement* pElement, const char* pLocalName,
+                                                 size_t nLocalNameLength, const char* pValue, size_t nValueLength,
+                                                 const char* pNamespace, size_t nNamespaceLength) {
+    return pElement->AddAttribute(pLocalName, nLocalNameLength, pValue, nValueLength, pNamespace,
+                                  nNamespaceLength);
+}
+
+void CXmlDocument::ReserveElementAttributes(CXmlElement* pElement, size_t nCount) {
+    pElement->m_vecAttributes.reserve(pElement->m_vecAttributes.size() + nCount);
+}
+
+void CXmlDocument::AppendTextExcludingCR(CXmlElement* pElement, const char* pszText) {
+    AppendTextExcludingCR(pElement, pszText, UINT32_MAX);
+}
+
+void CXmlDocument::AppendTextExcludingCR(CXmlElement* pElement, const char* pText, OxULong nMaxLength) {
+    if (!pText) return;
+    size_t nLength = ::strnlen(pText, nMaxLength);
+    const char* pEnd = pText + nLength;
+    while (pText < pEnd) {
+        const char* pCR = static_cast<const char*>(std::memchr(pText, '\r', static_cast<size_t>(pEnd - pText)));
+        const char* pRunEnd = pCR ? pCR : pEnd;
+        if (pRunEnd > pText) pElement->AppendText(pText, static_cast<OxULong>(pRunEnd - pText));
+        pText = pCR ? pCR + 1 : pEnd;
+    }
+}
+
+}  // namespace OrvexXml

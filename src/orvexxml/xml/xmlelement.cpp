@@ -1,0 +1,174 @@
+#include "orvexxml/xml/xmlelement.h"
+
+#include <cstring>
+
+#include "orvexxml/xml/xmlattribute.h"
+#include "orvexxml/xml/xmldocument.h"
+
+namespace OrvexXml {
+
+namespace {
+
+const std::string& EmptyString() {
+    static const std::string s_strEmpty;
+    return s_strEmpty;
+}
+
+inline const char* NotNull(const char* psz) { return psz ? psz : ""; }
+
+}  // namespace
+
+CXmlElement::CXmlElement(const CXmlDocument* pDocument, const CXmlElement* pParent)
+    : CInstanceMonitor("CXmlElement"),
+      m_pDocument(pDocument),
+      m_pParent(pParent),
+      m_pNextSibling(nullptr),
+      m_pFirstChild(nullptr),
+      m_pLastChild(nullptr) {}
+
+CXmlElement::~CXmlElement() {
+    // Delete the whole subtree without recursion. The pending nodes form one list linked
+    // through m_pNextSibling. A node with children splices them in front of its successor
+    // and is then deleted childless, so no destructor below this one has work to pass on.
+    CXmlElement* pNode = m_pFirstChild;
+    m_pFirstChild = m_pLastChild = nullptr;
+    while (pNode) {
+        if (pNode->m_pFirstChild) {
+            pNode->m_pLastChild->m_pNextSibling = pNode->m_pNextSibling;
+            pNode->m_pNextSibling = pNode->m_pFirstChild;
+            pNode->m_pFirstChild = pNode->m_pLastChild = nullptr;
+        }
+        CXmlElement* pNext = pNode->m_pNextSibling;
+        pNode->m_pNextSibling = nullptr;
+        delete pNode;
+        pNode = pNext;
+    }
+    for (CXmlAttribute* pAttribute : m_vecAttributes) delete pAttribute;
+}
+
+const std::string& CXmlElement::GetAttribute(const char* pszLocalName, const char* pszNamespace) const {
+    pszLocalName = NotNull(pszLocalName);
+    pszNamespace = NotNull(pszNamespace);
+    for (const CXmlAttribute* pAttribute : m_vecAttributes) {
+        if (pAttribute->GetLocalName() == pszLocalName && pAttribute->GetNamespaceURI() == pszNamespace)
+            return pAttribute->GetValue();
+    }
+    return EmptyString();
+}
+
+std::string CXmlElement::GetXPath() const {
+    // Iterative, root first: a path through a very deep tree needs no stack depth.
+    std::vector<const CXmlElement*> vecChain;
+    for (const CXmlElement* p = this; p; p = p->m_pParent) vecChain.push_back(p);
+    std::string strPath;
+    strPath.reserve(vecChain.size() * 8);
+    for (auto it = vecChain.rbegin(); it != vecChain.rend(); ++it) {
+        strPath += '/';
+        strPath += (*it)->GetNameWithPredicate();
+    }
+    return strPath;
+}
+
+std::string CXmlElement::GetQName() const {
+    if (m_pDocument && !m_strNamespace.empty()) {
+        const std::string& strPrefix = m_pDocument->LookupAliasFromNamespace(m_strNamespace.c_str());
+        if (!strPrefix.empty()) {
+            std::string strQName;
+            strQName.reserve(strPrefix.size() + 1 + m_strElementName.size());
+            strQName += strPrefix;
+            strQName += ':';
+            strQName += m_strElementName;
+            return strQName;
+        }
+    }
+    return m_strElementName;
+}
+
+std::string CXmlElement::GetNameWithPredicate() const {
+    std::string strQName = GetQName();
+    if (!m_pParent) return strQName;
+
+    size_t nCount = 0;
+    size_t nPosition = 0;
+    for (const CXmlElement* p = m_pParent->m_pFirstChild; p; p = p->m_pNextSibling) {
+        if (p == this) {
+            nPosition = ++nCount;
+            continue;
+        }
+        // A sibling's qualified name ends with its local name: only siblings whose local
+        // name is a suffix of ours can match, and only they pay for the prefix lookup.
+        const std::string& strOther = p->m_strElementName;
+        if (strOther.size() > strQName.size() ||
+            strQName.compare(strQName.size() - strOther.size(), strOther.size(), strOther) != 0)
+            continue;
+        if (p->GetQName() == strQName) ++nCount;
+    }
+    if (nCount <= 1) return strQName;
+    strQName += '[';
+    strQName += std::to_string(nPosition);
+    strQName += ']';
+    return strQName;
+}
+
+void CXmlElement::SetElementName(const char* pszName) { m_strElementName = NotNull(pszName); }
+
+void CXmlElement::SetNamespace(const char* pszNamespace) { m_strNamespace = NotNull(pszNamespace); }
+
+void CXmlElement::AppendText(const char* pszText) {
+    if (pszText) AppendText(pszText, static_cast<OxULong>(std::strlen(pszText)));
+}
+
+void CXmlElement::AppendText(const char* pText, OxULong nLength) {
+    if (nLength == 0) return;
+    size_t nNewLength = m_strText.size() + nLength;
+    if (!m_strText.empty() && nNewLength > m_strText.capacity()) {
+        size_t nDouble = 2 * m_strText.capacity();
+        m_strText.reserve(nNewLength > nDouble ? nNewLength : nDouble);
+    }
+    m_strText.append(pText, nLength);
+}
+
+CXmlElement* CXmlElement::CreateNewChildElement() {
+    CXmlElement* pChild = new CXmlElement(m_pDocument, this);
+    if (m_pLastChild)
+        m_pLastChild->m_pNextSibling = pChild;
+    else
+        m_pFirstChild = pChild;
+    m_pLastChild = pChild;
+    return pChild;
+}
+
+CXmlAttribute* CXmlElement::AddAttribute(const char* pszLocalName, const char* pszValue, const char* pszNamespace) {
+    pszLocalName = NotNull(pszLocalName);
+    pszValue = NotNull(pszValue);
+    pszNamespace = NotNull(pszNamespace);
+    return AddAttribute(pszLocalName, std::strlen(pszLocalName), pszValue, std::strlen(pszValue), pszNamespace,
+                        std::strlen(pszNamespace));
+}
+
+CXmlAttribute* CXmlElement::AddAttribute(const char* pLocalName, size_t nLocalNameLength, const char* pValue,
+                                         size_t nValueLength, const char* pNamespace, size_t nNamespaceLength) {
+    // Make room first, so that a failing push_back can't lose the new attribute.
+    if (m_vecAttributes.size() == m_vecAttributes.capacity())
+        m_vecAttributes.reserve(m_vecAttributes.empty() ? 4 : 2 * m_vecAttributes.size());
+    CXmlAttribute* pAttribute =
+        new CXmlAttribute(this, pLocalName, nLocalNameLength, pValue, nValueLength, pNamespace, nNamespaceLength);
+    m_vecAttributes.push_back(pAttribute);
+    return pAttribute;
+}
+
+CXmlElement* CXmlElement::RemoveLastChildElement() {
+    CXmlElement* pLast = m_pLastChild;
+    if (!pLast) return nullptr;
+    if (m_pFirstChild == pLast) {
+        m_pFirstChild = m_pLastChild = nullptr;
+    } else {
+        CXmlElement* pPrevious = m_pFirstChild;
+        while (pPrevious->m_pNextSibling != pLast) pPrevious = pPrevious->m_pNextSibling;
+        pPrevious->m_pNextSibling = nullptr;
+        m_pLastChild = pPrevious;
+    }
+    return pLast;
+}
+
+}  // namespace OrvexXml

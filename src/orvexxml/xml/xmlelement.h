@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "orvexxml/export.h"
+#include "orvexxml/infrastructure/instancemonitor.h"
+
+namespace OrvexXml {
+
+class CXmlAttribute;
+class CXmlDocument;
+
+// One element of a parsed document. The children form a singly linked list (first child,
+// next sibling, and the last child for appending); the element owns its children and its
+// attributes. All text of the element, including the text between its children, is kept
+// in one string. Strings are in the local encoding.
+//
+// Elements are built and destroyed by their document only. Destruction is iterative in
+// both directions, along siblings and along depth, so that arbitrarily deep or wide trees
+// never exhaust the stack.
+class ORVEXXML_API CXmlElement : public CInstanceMonitor {
+    friend class CXmlDocument;
+
+public:
+    // A copy would make a second owner of the same nodes: the tree is not copyable.
+    CXmlElement(const CXmlElement&) = delete;
+    CXmlElement& operator=(const CXmlElement&) = delete;
+
+    const CXmlDocument* GetDocument() const { return m_pDocument; }
+    const CXmlElement* GetParentElm() const { return m_pParent; }
+    // The first child element, null if there is none.
+    CXmlElement* GetFirstElement() const { return m_pFirstChild; }
+    // The next sibling element, null at the end of the parent's children.
+    CXmlElement* GetNextSiblingElement() const { return m_pNextSibling; }
+    const std::string& GetLocalName() const { return m_strElementName; }
+    const std::string& GetNamespaceURI() const { return m_strNamespace; }
+    const std::string& GetText() const { return m_strText; }
+    // In document order.
+    const std::vector<CXmlAttribute*>& GetAttributes() const { return m_vecAttributes; }
+    // The value of the first attribute with that local name and namespace (null counts as
+    // empty). Without a match: a reference to a shared empty string that stays valid.
+    const std::string& GetAttribute(const char* pszLocalName, const char* pszNamespace = "") const;
+    // An XPath-like location of the element: /order/item[2]/price. Position predicates
+    // appear only where the parent has more than one child of the same qualified name.
+    std::string GetXPath() const;
+
+protected:
+    CXmlElement(const CXmlDocument* pDocument, const CXmlElement* pParent);
+    ~CXmlElement() override;
+
+    void SetElementName(const char* pszName);
+    void SetElementName(const char* pName, size_t nLength) { m_strElementName.assign(pName, nLength); }
+    void SetNamespace(const char* pszNamespace);
+    void SetNamespace(const char* pNamespace, size_t nLength) { m_strNamespace.assign(pNamespace, nLength); }
+    void AppendText(const char* pszText);
+    // Appends nLength bytes. Capacity at least doubles when it has to grow, so text that
+    // arrives in many small pieces is copied a logarithmic number of times.
+    void AppendText(const char* pText, OxULong nLength);
+    // A new last child of this element.
+    CXmlElement* CreateNewChildElement();
+    CXmlAttribute* AddAttribute(const char* pszLocalName, const char* pszValue, const char* pszNamespace);
+    CXmlAttribute* AddAttribute(const char* pLocalName, size_t nLocalNameLength, const char* pValue,
+                                size_t nValueLength, const char* pNamespace, size_t nNamespaceLength);
+    // Unlinks the last child and returns it (the caller deletes it); null without children.
+    CXmlElement* RemoveLastChildElement();
+
+private:
+    // The prefix of the namespace, ":" and the local name; the local name alone when the
+    // element has no namespace or the namespace has no prefix.
+    std::string GetQName() const;
+    // The qualified name, with "[n]" when siblings share it.
+    std::string GetNameWithPredicate() const;
+
+    const CXmlDocument* m_pDocument;
+    const CXmlElement* m_pParent;
+    CXmlElement* m_pNextSibling;
+    CXmlElement* m_pFirstChild;
+    CXmlElement* m_pLastChild;
+    std::vector<CXmlAttribute*> m_vecAttributes;
+    std::string m_strText;
+    std::string m_strElementName;
+    std::string m_strNamespace;
+};
+
+}  // namespace OrvexXml
