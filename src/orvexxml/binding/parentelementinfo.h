@@ -8,7 +8,7 @@
 namespace OrvexXmlData {
 
 // The content model of a class.
-enum XmlElementGroupType {
+enum XmlElementGroupType : int32_t {
     XmlElementGroupType_Sequence = 0,
     XmlElementGroupType_Choice = 1,
     XmlElementGroupType_All = 2
@@ -16,7 +16,7 @@ enum XmlElementGroupType {
 
 // What a class stands for in the document: an element with tags of its own, or a model
 // group whose content lands directly in its parent's element.
-enum XmlElementType { XmlElementType_Element = 0, XmlElementType_PseudoElement = 1 };
+enum XmlElementType : int32_t { XmlElementType_Element = 0, XmlElementType_PseudoElement = 1 };
 
 // The class-level metadata record of a generated class. Built once per class by
 // generated code and shared by all its instances.

@@ -10,7 +10,7 @@ namespace OrvexXml {
 
 // The schema language the generated code came from. Only SchemaType_DTD changes behaviour:
 // a DTD has no namespaces, so namespace URIs are not compared while reading.
-enum SchemaType { SchemaType_XSD = 0, SchemaType_XDR = 1, SchemaType_DTD = 2 };
+enum SchemaType : int32_t { SchemaType_XSD = 0, SchemaType_XDR = 1, SchemaType_DTD = 2 };
 
 // The settings of a write or read call. One object may serve many calls; operations take
 // it by const reference. Copyable.
