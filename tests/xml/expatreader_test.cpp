@@ -1,5 +1,7 @@
 // What expat's events become in the tree: names split by namespace, text, CDATA, line ends,
 // the namespace-unaware mode, conversion to a non-UTF-8 local encoding, and error texts.
+#include "orvexxml/xml/expatreader.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -7,7 +9,6 @@
 
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/infrastructure/localencoding.h"
-#include "orvexxml/xml/expatreader.h"
 #include "orvexxml/xml/xmldocument.h"
 #include "xml/xmltesthelpers.h"
 
@@ -159,11 +160,10 @@ TEST_F(ExpatReaderLocalEncoding, NamesValuesTextAndPrefixesAreConverted) {
     ctx.SetStripCDATA(false);
     CXmlDocument doc(ctx);
     std::string strLongText(3000, 'x');  // longer than the scratch buffer
-    doc.LoadXml(
-        ("<\xC3\xA9:r xmlns:\xC3\xA9='urn:\xE2\x82\xAC' a\xC3\xA9='v\xC3\xA9' \xC3\xA9:q='1'>"
-         "caf\xC3\xA9 \xE4\xB8\xAD<\xC3\xA9:c>" +
-         strLongText + "\xC3\xA9</\xC3\xA9:c><![CDATA[\xC3\xA9]]></\xC3\xA9:r>")
-            .c_str());
+    doc.LoadXml(("<\xC3\xA9:r xmlns:\xC3\xA9='urn:\xE2\x82\xAC' a\xC3\xA9='v\xC3\xA9' \xC3\xA9:q='1'>"
+                 "caf\xC3\xA9 \xE4\xB8\xAD<\xC3\xA9:c>" +
+                 strLongText + "\xC3\xA9</\xC3\xA9:c><![CDATA[\xC3\xA9]]></\xC3\xA9:r>")
+                    .c_str());
     const CXmlElement* pRoot = doc.GetDocumentElement();
     EXPECT_EQ("r", pRoot->GetLocalName());
     EXPECT_EQ("urn:\x80", pRoot->GetNamespaceURI());

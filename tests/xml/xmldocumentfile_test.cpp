@@ -42,7 +42,7 @@ private:
 std::string MakeDocument(size_t nSize, unsigned nSeed) {
     std::string strXml = "<?xml version='1.0' encoding='UTF-8'?>\n<root xmlns:p='urn:p'>\n";
     const std::string strFooter = "</root>\n";
-    const char* aTexts[] = {"plain", "caf\xC3\xA9", "\xE4\xB8\xAD\xE6\x96\x87", "\xF0\x9F\x98\x80 smile",
+    const char* aTexts[] = {"plain",     "caf\xC3\xA9",        "\xE4\xB8\xAD\xE6\x96\x87", "\xF0\x9F\x98\x80 smile",
                             "a &amp; b", "<![CDATA[raw <x>]]>"};
     const char* aValues[] = {"plain", "caf\xC3\xA9", "\xE4\xB8\xAD", "\xF0\x9F\x98\x80", "a &lt; b", "x&#13;y"};
     unsigned nState = nSeed;

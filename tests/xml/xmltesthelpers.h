@@ -67,8 +67,7 @@ inline std::string Dump(const OrvexXml::CXmlElement* pRoot) {
 // The children of an element, in order.
 inline std::vector<OrvexXml::CXmlElement*> Children(const OrvexXml::CXmlElement* pElement) {
     std::vector<OrvexXml::CXmlElement*> result;
-    for (OrvexXml::CXmlElement* p = pElement->GetFirstElement(); p; p = p->GetNextSiblingElement())
-        result.push_back(p);
+    for (OrvexXml::CXmlElement* p = pElement->GetFirstElement(); p; p = p->GetNextSiblingElement()) result.push_back(p);
     return result;
 }
 

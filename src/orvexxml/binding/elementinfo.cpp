@@ -2,6 +2,7 @@
 
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/binding/xmlgeneratedclass.h"
+#include "orvexxml/collections/xmlcollectionbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/values/oxvariant.h"
@@ -137,9 +138,7 @@ static bool EqualsNoCase(const std::string& strText, const char* pszWord) {
     return i == strText.size();
 }
 
-void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
-                                      CXmlElement** ppCurrent) {
-    CXmlElement* pElement = *ppCurrent;
+bool CElementInfo::ReadSimpleElementAttributes(const CSerializationContext& ctx, const CXmlElement* pElement) const {
     bool bNil = false;
     for (CXmlAttribute* pAttribute : pElement->GetAttributes()) {
         if (!pAttribute->IsNilAttribute()) {
@@ -163,7 +162,14 @@ void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGene
                 pAttribute->GetXPath());
         }
     }
-    if (!bNil) {
+    return bNil;
+}
+
+void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                      CXmlElement** ppCurrent) {
+    CXmlElement* pElement = *ppCurrent;
+    // A nil element leaves the property as ResetToDefaults left it.
+    if (!ReadSimpleElementAttributes(ctx, pElement)) {
         // An empty element stands for the default value, as the writer produces it.
         const std::string& strText =
             pElement->GetText().empty() && !m_strDefaultValue.empty() ? m_strDefaultValue : pElement->GetText();
@@ -171,7 +177,20 @@ void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGene
         value.FromString(strText, m_eItemType, m_eWhitespaceRule);
         InvokePropertySet(pClass, value, *pElement);
     }
-    // A nil element leaves the property as ResetToDefaults left it.
+    *ppCurrent = pElement->GetNextSiblingElement();
+}
+
+void CElementInfo::ElementFromXmlEnum(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                      CXmlElement** ppCurrent) {
+    CXmlElement* pElement = *ppCurrent;
+    if (!ReadSimpleElementAttributes(ctx, pElement)) {
+        // The generated function refuses unknown text; no whitespace rule is applied.
+        const std::string& strText =
+            pElement->GetText().empty() && !m_strDefaultValue.empty() ? m_strDefaultValue : pElement->GetText();
+        OxVariant value;
+        value.SetI4(m_pfnTextToEnum(strText.c_str()));
+        InvokePropertySet(pClass, value, *pElement);
+    }
     *ppCurrent = pElement->GetNextSiblingElement();
 }
 
@@ -206,13 +225,132 @@ bool CElementInfo::ElementFromXmlOptional(const CSerializationContext& ctx, CXml
     return true;
 }
 
+bool CElementInfo::ElementFromXmlSeqOptional(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                             CXmlElement** ppCurrent) {
+    if (IsThisElement(ctx, *ppCurrent)) ReadElement(ctx, pClass, ppCurrent);
+    return true;  // an absent optional element leaves the cursor where it is
+}
+
 void CElementInfo::ReadElement(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement** ppCurrent) {
-    ElementFromXmlPrim(ctx, pClass, ppCurrent);
+    if (m_bPrimitive)
+        ElementFromXmlPrim(ctx, pClass, ppCurrent);
+    else
+        ElementFromXmlEnum(ctx, pClass, ppCurrent);
+}
+
+bool CElementInfo::ValidateMandatory(bool bFound, bool bCheck) const {
+    if (!bFound && bCheck) {
+        throw COxValidationException(
+            FormatString("Failed to find the mandatory element [%s].", m_strElementName.c_str()), std::string());
+    }
+    return bFound;
+}
+
+CXmlCollectionBase* CElementInfo::ReadCollection(const CXmlGeneratedClass* pClass, OxVariant& holder) const {
+    ReadProperty(pClass, holder);
+    // The variant keeps the collection referenced while the caller works with it.
+    return holder.GetXmlCollection().Get();
+}
+
+bool CElementInfo::ElementToXmlCol(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
+                                   CXmlWriter* pWriter) const {
+    OxVariant holder;
+    CXmlCollectionBase* pCollection = ReadCollection(pClass, holder);
+    if (pCollection->GetCount() < 1) return false;
+    pWriter->SetCollectionState(1);
+    // The collection writes its items under its own element name.
+    ToXml_Int(pCollection->GetBase(), pWriter, false, m_strElementNamespace.c_str(), ctx, false);
+    pWriter->SetCollectionState(3);
+    return true;
+}
+
+bool CElementInfo::ElementToXmlCountedCol(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
+                                          CXmlWriter* pWriter) const {
+    if (!ctx.GetIgnoreInvalidCollectionCounts()) {
+        OxVariant holder;
+        ReadCollection(pClass, holder)->ValidateCount(ctx);
+    }
+    return ElementToXmlCol(ctx, pClass, pWriter);
+}
+
+bool CElementInfo::ElementFromXmlSeqCol(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                        CXmlElement* pParent, CXmlElement** ppCurrent, XmlElementType eParentType) {
+    // A collection member is read into the collection the object already holds.
+    OxVariant holder;
+    InvokePropertyGet(pClass, holder);
+    CXmlCollectionBase* pCollection = holder.GetXmlCollection().Get();
+    *ppCurrent = FromXml_Int(pCollection->GetBase(), pParent, *ppCurrent, ctx, false);
+    // Inside a model group a wrong count means the group doesn't start here.
+    if (eParentType != XmlElementType_Element) return pCollection->IsValidCount(ctx);
+    pCollection->ValidateCount(ctx);
+    return true;
+}
+
+bool CElementInfo::ElementFromXmlAllCol(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                        CXmlElement* pParent, CXmlElement** ppCurrent) {
+    OxVariant holder;
+    InvokePropertyGet(pClass, holder);
+    CXmlCollectionBase* pCollection = holder.GetXmlCollection().Get();
+    *ppCurrent = FromXml_Int(pCollection->GetBase(), pParent, *ppCurrent, ctx, false);
+    return false;  // the driver offers the member again in its next pass
+}
+
+bool CElementInfo::ElementFromXmlChoiceCol(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                           CXmlElement* pParent, CXmlElement** ppCurrent, XmlElementType eParentType) {
+    OxVariant holder;
+    InvokePropertyGet(pClass, holder);
+    CXmlCollectionBase* pCollection = holder.GetXmlCollection().Get();
+    CXmlElement* pNext = FromXml_Int(pCollection->GetBase(), pParent, *ppCurrent, ctx, false);
+    if (pNext == *ppCurrent) return false;  // nothing consumed: try the next member
+    if (eParentType == XmlElementType_Element) {
+        *ppCurrent = pNext;
+        pCollection->ValidateCount(ctx);
+        return true;
+    }
+    if (!pCollection->IsValidCount(ctx)) return false;  // items already added stay in the collection
+    *ppCurrent = pNext;
+    return true;
 }
 
 void CElementInfo::ToXml_Int(const CXmlObjectBase* pObject, CXmlWriter* pWriter, bool bRoot, const char* pszNamespace,
                              const CSerializationContext& ctx, bool bOptionalChoice) {
     pObject->ToXml_Int(pWriter, bRoot, pszNamespace, ctx, bOptionalChoice);
+}
+
+bool CElementInfo::ElementToXmlEnum(const CSerializationContext&, const CXmlGeneratedClass* pClass, CXmlWriter* pWriter,
+                                    EnumToTextFn pfnEnumToText) const {
+    OxVariant value;
+    ReadProperty(pClass, value);
+    if (value.IsNil()) {
+        pWriter->WriteStartElement(m_strElementName, m_strElementNamespace);
+        pWriter->WriteXsiNil();
+        pWriter->WriteEndElement();
+        return true;
+    }
+    if (!value.IsValid()) return false;
+    const char* pszText = pfnEnumToText(value.GetI4());
+    std::string strText = pszText ? pszText : "";
+    // Enumerations are not checked against facets: their values are fixed by the schema.
+    bool bIsDefault = !m_strDefaultValue.empty() && strText == m_strDefaultValue;
+    pWriter->WriteStartElement(m_strElementName, m_strElementNamespace);
+    pWriter->WriteElementText(strText, ItemType_string, bIsDefault);
+    pWriter->WriteEndElement();
+    return true;
+}
+
+bool CElementInfo::ElementToXmlValue(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
+                                     CXmlWriter* pWriter) const {
+    return m_bPrimitive ? ElementToXmlPrim(ctx, pClass, pWriter)
+                        : ElementToXmlEnum(ctx, pClass, pWriter, m_pfnEnumToText);
+}
+
+bool CElementInfo::ElementToXmlMandatory(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
+                                         CXmlWriter* pWriter) const {
+    if (!ElementToXmlValue(ctx, pClass, pWriter)) {
+        throw COxInvalidParamException(
+            FormatString("The Property [%s] is mandatory, it may not be NULL", m_strElementName.c_str()));
+    }
+    return true;
 }
 
 void CElementInfo::AttributesToXml_Int(const CXmlObjectBase* pObject, CXmlWriter* pWriter,

@@ -15,6 +15,7 @@ class CXmlObjectBase;
 class CXmlWriter;
 class CXmlElement;
 class OxVariant;
+class CXmlCollectionBase;
 }  // namespace OrvexXml
 
 namespace OrvexXmlData {
@@ -71,6 +72,20 @@ protected:
     // Writes a primitive element from its property; false if the property holds no value.
     bool ElementToXmlPrim(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
                           OrvexXml::CXmlWriter* pWriter) const;
+    // The same for an enumeration, whose value travels as an i4 and is written through enumToText.
+    bool ElementToXmlEnum(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
+                          OrvexXml::CXmlWriter* pWriter, EnumToTextFn pfnEnumToText) const;
+    // Writes the simple value (primitive or enumeration); throws when a mandatory one is missing.
+    bool ElementToXmlMandatory(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
+                               OrvexXml::CXmlWriter* pWriter) const;
+    bool ElementToXmlValue(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
+                           OrvexXml::CXmlWriter* pWriter) const;
+    // Writes the collection held in the property; false for an empty one.
+    bool ElementToXmlCol(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
+                         OrvexXml::CXmlWriter* pWriter) const;
+    // Checks the count of the collection (unless the context ignores counts), then writes it.
+    bool ElementToXmlCountedCol(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
+                                OrvexXml::CXmlWriter* pWriter) const;
 
     // Reads the primitive element at the cursor into the property and moves the cursor on.
     void ElementFromXmlPrim(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
@@ -82,9 +97,34 @@ protected:
     bool ElementFromXmlSeqMandatory(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
                                     OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
                                     XmlElementType eParentType);
+    // All and choice members: read the element if it is at the cursor; true if it was.
     bool ElementFromXmlOptional(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
                                 OrvexXml::CXmlElement** ppCurrent);
+    // Optional sequence members: read the element if it is there; always true.
+    bool ElementFromXmlSeqOptional(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                                   OrvexXml::CXmlElement** ppCurrent);
+    // Reads an enumeration element at the cursor and moves the cursor on.
+    void ElementFromXmlEnum(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                            OrvexXml::CXmlElement** ppCurrent);
+    // The collection members: the collection consumes its run of elements at the cursor.
+    bool ElementFromXmlSeqCol(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                              OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
+                              XmlElementType eParentType);
+    bool ElementFromXmlAllCol(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                              OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent);
+    bool ElementFromXmlChoiceCol(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                                 OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
+                                 XmlElementType eParentType);
+    // The Validate of mandatory All members.
+    bool ValidateMandatory(bool bFound, bool bCheck) const;
+    // The collection held in the property of a collection member.
+    OrvexXml::CXmlCollectionBase* ReadCollection(const OrvexXml::CXmlGeneratedClass* pClass,
+                                                 OrvexXml::OxVariant& holder) const;
 
+    // Reads the nil attribute of a simple element; refuses any other attribute unless the
+    // context ignores unknown attributes. True if the element is nil.
+    bool ReadSimpleElementAttributes(const OrvexXml::CSerializationContext& ctx,
+                                     const OrvexXml::CXmlElement* pElement) const;
     // Reads the simple value at the cursor the way this description's kind reads it.
     void ReadElement(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
                      OrvexXml::CXmlElement** ppCurrent);

@@ -1,19 +1,12 @@
 #include "orvexxml/binding/elementinfoallprimmnd.h"
 
-#include "orvexxml/infrastructure/exceptions.h"
-#include "orvexxml/infrastructure/formatstring.h"
-
 using namespace OrvexXml;
 
 namespace OrvexXmlData {
 
 bool CElementInfoAllPrimMnd::ElementToXml(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
                                           CXmlWriter* pWriter) const {
-    if (!ElementToXmlPrim(ctx, pClass, pWriter)) {
-        throw COxInvalidParamException(
-            FormatString("The Property [%s] is mandatory, it may not be NULL", GetElementName().c_str()));
-    }
-    return true;
+    return ElementToXmlMandatory(ctx, pClass, pWriter);
 }
 
 bool CElementInfoAllPrimMnd::ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement*,
@@ -23,11 +16,7 @@ bool CElementInfoAllPrimMnd::ElementFromXml(const CSerializationContext& ctx, CX
 
 bool CElementInfoAllPrimMnd::Validate(const CSerializationContext&, const CXmlGeneratedClass*, bool bFound,
                                       bool bCheck) const {
-    if (!bFound && bCheck) {
-        throw COxValidationException(
-            FormatString("Failed to find the mandatory element [%s].", GetElementName().c_str()), std::string());
-    }
-    return bFound;
+    return ValidateMandatory(bFound, bCheck);
 }
 
 }  // namespace OrvexXmlData

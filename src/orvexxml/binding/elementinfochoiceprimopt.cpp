@@ -1,7 +1,5 @@
 #include "orvexxml/binding/elementinfochoiceprimopt.h"
 
-#include "orvexxml/infrastructure/exceptions.h"
-
 using namespace OrvexXml;
 
 namespace OrvexXmlData {

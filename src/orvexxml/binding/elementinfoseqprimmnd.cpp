@@ -1,19 +1,12 @@
 #include "orvexxml/binding/elementinfoseqprimmnd.h"
 
-#include "orvexxml/infrastructure/exceptions.h"
-#include "orvexxml/infrastructure/formatstring.h"
-
 using namespace OrvexXml;
 
 namespace OrvexXmlData {
 
 bool CElementInfoSeqPrimMnd::ElementToXml(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
                                           CXmlWriter* pWriter) const {
-    if (!ElementToXmlPrim(ctx, pClass, pWriter)) {
-        throw COxInvalidParamException(
-            FormatString("The Property [%s] is mandatory, it may not be NULL", GetElementName().c_str()));
-    }
-    return true;
+    return ElementToXmlMandatory(ctx, pClass, pWriter);
 }
 
 bool CElementInfoSeqPrimMnd::ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,

@@ -1,7 +1,5 @@
 #include "orvexxml/binding/elementinfoseqprimopt.h"
 
-#include "orvexxml/infrastructure/exceptions.h"
-
 using namespace OrvexXml;
 
 namespace OrvexXmlData {
@@ -13,8 +11,7 @@ bool CElementInfoSeqPrimOpt::ElementToXml(const CSerializationContext& ctx, cons
 
 bool CElementInfoSeqPrimOpt::ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement*,
                                             CXmlElement** ppCurrent, const char*, XmlElementType) {
-    ElementFromXmlOptional(ctx, pClass, ppCurrent);
-    return true;  // an absent optional element leaves the cursor where it is
+    return ElementFromXmlSeqOptional(ctx, pClass, ppCurrent);
 }
 
 }  // namespace OrvexXmlData

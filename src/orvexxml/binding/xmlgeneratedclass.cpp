@@ -1,8 +1,12 @@
 #include "orvexxml/binding/xmlgeneratedclass.h"
 
+#include "orvexxml/binding/elementinfochoiceenumcol.h"
+#include "orvexxml/binding/elementinfochoiceenumopt.h"
+#include "orvexxml/binding/elementinfochoiceprimcol.h"
 #include "orvexxml/binding/elementinfochoiceprimopt.h"
 #include "orvexxml/binding/nillable.h"
 #include "orvexxml/binding/serializationcontext.h"
+#include "orvexxml/collections/xmlcollectionbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/writers/xmlwriter.h"
@@ -130,12 +134,22 @@ void CXmlGeneratedClass::ProcessElementChoiceToXml(const CSerializationContext& 
 }
 
 bool CXmlGeneratedClass::DoesElementContainOptionalElements() const {
-    // Only the optional and collection members of a choice make an empty choice legal.
-    // The collection members join this test with the collections.
+    // Optional members of a choice make an empty choice legal, and so do collection
+    // members that may be empty. Class-valued members join this test with their kind.
     CElementInfo** ppElements = GetClassElementInfo();
     if (!ppElements) return false;
     for (CElementInfo** pp = ppElements; *pp; ++pp) {
-        if (dynamic_cast<const CElementInfoChoicePrimOpt*>(*pp)) return true;
+        const CElementInfo* pInfo = *pp;
+        if (dynamic_cast<const CElementInfoChoicePrimCol*>(pInfo) ||
+            dynamic_cast<const CElementInfoChoiceEnumCol*>(pInfo)) {
+            OxVariant holder;
+            ReadProperty(pInfo->GetPropertyIndex(), holder);
+            CSmartPtr<CXmlCollectionBase> pCollection = holder.GetXmlCollection();
+            if (pCollection->GetMinOccurs() == 0) return true;
+        } else if (dynamic_cast<const CElementInfoChoicePrimOpt*>(pInfo) ||
+                   dynamic_cast<const CElementInfoChoiceEnumOpt*>(pInfo)) {
+            return true;
+        }
     }
     return false;
 }

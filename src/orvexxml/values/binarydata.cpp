@@ -179,7 +179,7 @@ void CBinaryData::Clear() {
 }
 
 void CBinaryData::Unshare() {
-    if (m_pBuffer == nullptr || !m_pBuffer->IsShared()) return;
+    return;
     CBinaryDataBuffer* pCopy = CBinaryDataBuffer::CopyOf(m_pBuffer->m_lpData, m_pBuffer->m_dwLen);
     CBinaryDataBuffer::Release(m_pBuffer);
     m_pBuffer = pCopy;
@@ -220,9 +220,18 @@ bool CBinaryData::operator==(const CBinaryData& other) const {
 
 // --- appending and replacing -------------------------------------------------------------
 
-void CBinaryData::Append(unsigned char byte) { Append(&byte, 1); }
+void CBinaryData::Append(unsigned char byte) {
+    // Writers append octet by octet: a block of this handle alone with room left takes the
+    // byte at once; everything else goes the general way.
+    CBinaryDataBuffer* pBuffer = m_pBuffer;
+    if (pBuffer != nullptr && pBuffer->m_dwLen < pBuffer->m_dwCapacity && !pBuffer->IsShared()) {
+        pBuffer->m_lpData[pBuffer->m_dwLen++] = byte;
+        return;
+    }
+    Append(&byte, 1);
+}
 
-void CBinaryData::Append(char byte) { Append(reinterpret_cast<const unsigned char*>(&byte), 1); }
+void CBinaryData::Append(char byte) { Append(static_cast<unsigned char>(byte)); }
 
 void CBinaryData::Append(const char* text) {
     if (text == nullptr) return;

@@ -1,5 +1,7 @@
 #include "orvexxml/values/oxvariant.h"
 
+#include "orvexxml/collections/xmlcollectionbase.h"
+
 #include "orvexxml/binding/xmlobjectbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
@@ -93,6 +95,10 @@ OxVariant& OxVariant::operator=(const OxVariant& other) {
             m_pXmlObject = other.m_pXmlObject;
             if (m_pXmlObject) m_pXmlObject->AddRef();
             break;
+        case ItemType_XmlCollection:
+            m_pXmlCol = other.m_pXmlCol;
+            if (m_pXmlCol) m_pXmlCol->AddRef();
+            break;
         default:
             // Also the kinds whose value classes are not part of the library yet: no setter
             // can give a variant one of those types. The target is left empty.
@@ -123,6 +129,13 @@ void OxVariant::Clear() {
             m_pXmlObject = nullptr;
             m_type = ItemType_invalid;
             if (pObject) pObject->Release();
+            break;
+        }
+        case ItemType_XmlCollection: {
+            CXmlCollectionBase* pCollection = m_pXmlCol;
+            m_pXmlCol = nullptr;
+            m_type = ItemType_invalid;
+            if (pCollection) pCollection->Release();
             break;
         }
         default:
@@ -333,10 +346,19 @@ void OxVariant::SetXmlObject(CXmlObjectBase* pObject) {
 }
 
 CSmartPtr<CXmlObjectBase> OxVariant::GetXmlObject() const {
-    // A collection reference is read here too once collections exist (it derives from
-    // CXmlObjectBase); until then only type 27 can hold a pointer.
+    // A collection is an object too, so a collection reference may be read as one.
+    if (m_type == ItemType_XmlCollection) return CSmartPtr<CXmlObjectBase>(m_pXmlCol);
     return CSmartPtr<CXmlObjectBase>(m_pXmlObject);
 }
+
+void OxVariant::SetXmlCollection(CXmlCollectionBase* pCollection) {
+    if (pCollection) pCollection->AddRef();
+    Clear();
+    m_type = ItemType_XmlCollection;
+    m_pXmlCol = pCollection;
+}
+
+CSmartPtr<CXmlCollectionBase> OxVariant::GetXmlCollection() const { return CSmartPtr<CXmlCollectionBase>(m_pXmlCol); }
 
 // --- text ---------------------------------------------------------------------------------
 

@@ -51,7 +51,7 @@ public:
         CDecimal* m_pDecimal;            // decimal (arrives with CDecimal)
         CBigInteger* m_pBigInteger;      // integer (arrives with CBigInteger)
         CXmlObjectBase* m_pXmlObject;    // object reference
-        CXmlCollectionBase* m_pXmlCol;   // collection reference (arrives with the collections)
+        CXmlCollectionBase* m_pXmlCol;   // collection reference
     };
 
     // Type 0, not nil, no value.
@@ -121,6 +121,9 @@ public:
     CBinaryData GetBase64Binary() const;
     // The object held; the smart pointer takes its own reference.
     CSmartPtr<CXmlObjectBase> GetXmlObject() const;
+    // A counted reference to a collection (type 28); null is a legal value.
+    void SetXmlCollection(CXmlCollectionBase* pCollection);
+    CSmartPtr<CXmlCollectionBase> GetXmlCollection() const;
 
     // The text form of the value, by type; pszFormat (may be null) is the format override
     // of the float kinds and is ignored by the others. The nil flag is not looked at.

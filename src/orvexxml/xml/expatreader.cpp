@@ -16,8 +16,12 @@ namespace OrvexXml {
 namespace {
 
 const OxULong kScratchSize = 1024;
-// XML_Parse takes an int length: larger buffers go in pieces of this size.
-const size_t kMaxPiece = 0x40000000;
+// The buffer goes to expat in pieces. expat copies what it is given into its own buffer
+// before parsing (it keeps context bytes), so one huge call would copy the whole input into
+// fresh memory; pieces of this size keep its buffer small and warm.
+const size_t kPieceSize = 0x40000;
+// XML_Parse takes an int length.
+const size_t kMaxPieceSize = 0x40000000;
 
 const char kCDataStart[] = "<![CDATA[";
 const char kCDataEnd[] = "]]>";
@@ -123,7 +127,8 @@ CExpatReader::CExpatReader(CXmlDocument& doc)
       m_pScratch(nullptr),
       m_nScratchSize(0),
       m_parser(nullptr),
-      m_bLocalIsUtf8(true) {}
+      m_bLocalIsUtf8(true),
+      m_nEvents(0) {}
 
 CExpatReader::~CExpatReader() { Release(); }
 
@@ -172,10 +177,17 @@ void CExpatReader::ParseChunk(bool bFinal) {
     if (!m_parser) throw COxInvalidStateException("The XML parser is not initialised or has finished");
     const char* pData = reinterpret_cast<const char*>(m_doc.m_pBuffer);
     size_t nRemaining = m_doc.m_nBufferLength;
+    // expat 2.5 tokenises a token that is cut by the end of a piece again from its start when
+    // the next piece arrives. While a piece yields no event at all, expat is inside one large
+    // token (a huge attribute value, say): the next piece is twice as large, so such a token
+    // costs a bounded number of rescans instead of one per piece.
+    size_t nPieceSize = kPieceSize;
     do {
-        size_t nPiece = nRemaining > kMaxPiece ? kMaxPiece : nRemaining;
+        size_t nPiece = nRemaining > nPieceSize ? nPieceSize : nRemaining;
         bool bLast = nPiece == nRemaining;
-        XML_Status status = XML_Parse(m_parser, pData, static_cast<int>(nPiece), bLast && bFinal ? XML_TRUE : XML_FALSE);
+        uint64_t nEventsBefore = m_nEvents;
+        XML_Status status =
+            XML_Parse(m_parser, pData, static_cast<int>(nPiece), bLast && bFinal ? XML_TRUE : XML_FALSE);
         if (m_pendingException) {
             std::exception_ptr pending = m_pendingException;
             m_pendingException = nullptr;
@@ -191,6 +203,10 @@ void CExpatReader::ParseChunk(bool bFinal) {
         }
         pData += nPiece;
         nRemaining -= nPiece;
+        if (m_nEvents != nEventsBefore)
+            nPieceSize = kPieceSize;
+        else if (nPieceSize < kMaxPieceSize)
+            nPieceSize *= 2;
     } while (nRemaining > 0);
     if (bFinal) Release();
 }
@@ -208,13 +224,13 @@ std::string CExpatReader::ConvertWithScratch(const char* pUtf8, size_t nLength) 
 }
 
 void CExpatReader::StartElement(const char* pszName, const char** ppAttributes) {
+    ++m_nEvents;
     SplitName name = Split(pszName);
     CXmlElement* pElement;
     if (m_bLocalIsUtf8) {
-        pElement = m_doc.m_pDocumentElement ? m_doc.AddChildElement(name.pNamespace, name.nNamespaceLength,
-                                                                    name.pLocal, name.nLocalLength)
-                                            : m_doc.AddDocElement(name.pNamespace, name.nNamespaceLength,
-                                                                  name.pLocal, name.nLocalLength);
+        pElement = m_doc.m_pDocumentElement
+                       ? m_doc.AddChildElement(name.pNamespace, name.nNamespaceLength, name.pLocal, name.nLocalLength)
+                       : m_doc.AddDocElement(name.pNamespace, name.nNamespaceLength, name.pLocal, name.nLocalLength);
     } else {
         // Split in UTF-8, where "|" can't be part of a multi-byte character, then convert
         // both parts. The URI is converted once per run of elements in the same namespace.
@@ -225,11 +241,10 @@ void CExpatReader::StartElement(const char* pszName, const char** ppAttributes) 
         }
         std::string strLocal = ConvertWithScratch(name.pLocal, name.nLocalLength);
         const std::string& strNamespace = m_strLastNamespaceLocal;
-        pElement = m_doc.m_pDocumentElement
-                       ? m_doc.AddChildElement(strNamespace.data(), strNamespace.size(), strLocal.data(),
-                                               strLocal.size())
-                       : m_doc.AddDocElement(strNamespace.data(), strNamespace.size(), strLocal.data(),
-                                             strLocal.size());
+        pElement =
+            m_doc.m_pDocumentElement
+                ? m_doc.AddChildElement(strNamespace.data(), strNamespace.size(), strLocal.data(), strLocal.size())
+                : m_doc.AddDocElement(strNamespace.data(), strNamespace.size(), strLocal.data(), strLocal.size());
     }
 
     if (!ppAttributes || !ppAttributes[0]) return;
@@ -241,8 +256,7 @@ void CExpatReader::StartElement(const char* pszName, const char** ppAttributes) 
         const char* pszValue = ppAttributes[2 * i + 1];
         if (m_bLocalIsUtf8) {
             CXmlDocument::AddElementAttribute(pElement, attribute.pLocal, attribute.nLocalLength, pszValue,
-                                              std::strlen(pszValue), attribute.pNamespace,
-                                              attribute.nNamespaceLength);
+                                              std::strlen(pszValue), attribute.pNamespace, attribute.nNamespaceLength);
         } else {
             std::string strLocal = Utf8ToLocal(attribute.pLocal, attribute.nLocalLength);
             std::string strValue = Utf8ToLocal(pszValue);
@@ -253,9 +267,13 @@ void CExpatReader::StartElement(const char* pszName, const char** ppAttributes) 
     }
 }
 
-void CExpatReader::EndElement() { m_doc.EndElement(); }
+void CExpatReader::EndElement() {
+    ++m_nEvents;
+    m_doc.EndElement();
+}
 
 void CExpatReader::CharacterData(const char* pText, int nLength) {
+    ++m_nEvents;
     if (nLength <= 0) return;
     CXmlElement* pElement = m_doc.GetCurrentElement();
     if (!pElement) return;  // expat reports text only inside an element

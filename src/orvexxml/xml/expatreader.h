@@ -67,6 +67,8 @@ private:
     // a run of elements in one namespace converts its URI once.
     std::string m_strLastNamespaceUtf8;
     std::string m_strLastNamespaceLocal;
+    // Element and text events so far; tells ParseChunk whether a piece made progress.
+    uint64_t m_nEvents;
     // An exception raised inside a handler, to be rethrown once expat has returned.
     std::exception_ptr m_pendingException;
 };

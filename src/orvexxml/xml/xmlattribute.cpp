@@ -19,32 +19,31 @@ bool IsInstanceOrXmlnsNamespace(const std::string& strNamespace) {
 }  // namespace
 
 CXmlAttribute::CXmlAttribute(const CXmlElement* pElement, const char* pLocalName, size_t nLocalNameLength,
-                             const char* pValue, size_t nValueLength, const char* pNamespace,
-                             size_t nNamespaceLength)
+                             const char* pValue, size_t nValueLength, const std::string* pNamespace)
     : CInstanceMonitor("CXmlAttribute"),
       m_pElement(pElement),
       m_strLocalName(pLocalName, nLocalNameLength),
       m_strValue(pValue, nValueLength),
-      m_strNamespace(pNamespace, nNamespaceLength) {}
+      m_pNamespace(pNamespace) {}
 
 CXmlAttribute::~CXmlAttribute() {}
 
 bool CXmlAttribute::IsNamespaceAttribute() const {
-    if (!IsInstanceOrXmlnsNamespace(m_strNamespace)) return false;
+    if (!IsInstanceOrXmlnsNamespace(*m_pNamespace)) return false;
     return m_strLocalName == "xmlns" || m_strLocalName == "type" || m_strLocalName == "schemaLocation" ||
            m_strLocalName == "noNamespaceSchemaLocation";
 }
 
 bool CXmlAttribute::IsNilAttribute() const {
-    return m_strLocalName == "nil" && IsInstanceOrXmlnsNamespace(m_strNamespace);
+    return m_strLocalName == "nil" && IsInstanceOrXmlnsNamespace(*m_pNamespace);
 }
 
 std::string CXmlAttribute::GetXPath() const {
     std::string strPath;
     if (m_pElement) strPath = m_pElement->GetXPath();
     strPath += '/';
-    if (!m_strNamespace.empty() && m_pElement && m_pElement->GetDocument()) {
-        const std::string& strPrefix = m_pElement->GetDocument()->LookupAliasFromNamespace(m_strNamespace.c_str());
+    if (!m_pNamespace->empty() && m_pElement && m_pElement->GetDocument()) {
+        const std::string& strPrefix = m_pElement->GetDocument()->LookupAliasFromNamespace(m_pNamespace->c_str());
         if (!strPrefix.empty()) {
             strPath += strPrefix;
             strPath += ':';

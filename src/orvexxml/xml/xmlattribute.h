@@ -22,7 +22,7 @@ public:
 
     const CXmlElement* GetElement() const { return m_pElement; }
     const std::string& GetLocalName() const { return m_strLocalName; }
-    const std::string& GetNamespaceURI() const { return m_strNamespace; }
+    const std::string& GetNamespaceURI() const { return *m_pNamespace; }
     const std::string& GetValue() const { return m_strValue; }
 
     // True for xsi:type, xsi:schemaLocation, xsi:noNamespaceSchemaLocation and xmlns, in the
@@ -35,15 +35,16 @@ public:
     std::string GetXPath() const;
 
 protected:
+    // pNamespace is the document's stored copy of the URI.
     CXmlAttribute(const CXmlElement* pElement, const char* pLocalName, size_t nLocalNameLength, const char* pValue,
-                  size_t nValueLength, const char* pNamespace, size_t nNamespaceLength);
+                  size_t nValueLength, const std::string* pNamespace);
     ~CXmlAttribute() override;
 
 private:
     const CXmlElement* m_pElement;
     std::string m_strLocalName;
     std::string m_strValue;
-    std::string m_strNamespace;
+    const std::string* m_pNamespace;  // the namespace URI, stored once per document
 };
 
 }  // namespace OrvexXml

@@ -14,6 +14,7 @@
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/localencoding.h"
 #include "orvexxml/xml/expatreader.h"
+#include "orvexxml/xml/xmlnodestore.h"
 
 namespace OrvexXml {
 
@@ -37,6 +38,29 @@ void AsyncFromXmlFile(bool bAsync) { g_bAsyncFromXmlFile.store(bAsync, std::memo
 
 bool GetAsyncFromXmlFile() { return g_bAsyncFromXmlFile.load(std::memory_order_relaxed); }
 
+// The caller's bytes serve as the document's buffer for the length of one load. The
+// input is only read, and only during the call, so parsing it in place gives the same
+// result as parsing a copy, without copying a large input into fresh memory first. A step
+// that replaces the buffer (decompression) gives the document a buffer of its own.
+class CXmlDocument::CBorrowedBuffer {
+public:
+    CBorrowedBuffer(CXmlDocument& doc, const unsigned char* pData, OxULong nLength) : m_doc(doc) {
+        m_doc.m_pBuffer = const_cast<unsigned char*>(pData);
+        m_doc.m_bOwnsBuffer = false;
+        m_doc.m_nBufferLength = nLength;
+    }
+    ~CBorrowedBuffer() {
+        if (!m_doc.m_bOwnsBuffer) {
+            m_doc.m_pBuffer = nullptr;
+            m_doc.m_bOwnsBuffer = true;
+            m_doc.m_nBufferLength = 0;
+        }
+    }
+
+private:
+    CXmlDocument& m_doc;
+};
+
 // The one read of an overlapped load that may be in flight.
 struct CXmlDocument::COverlappedRead {
     COverlappedRead() : bInFlight(false) { std::memset(&request, 0, sizeof(request)); }
@@ -48,34 +72,41 @@ struct CXmlDocument::COverlappedRead {
 
 CXmlDocument::CXmlDocument()
     : CInstanceMonitor("CXmlDocument"),
+      m_pNodeStore(nullptr),
       m_pfnElementCallback(nullptr),
       m_pContext(&CSerializationContext::GetDefaultContext()) {
     Init();
 }
 
 CXmlDocument::CXmlDocument(const CSerializationContext& context)
-    : CInstanceMonitor("CXmlDocument"), m_pfnElementCallback(nullptr), m_pContext(&context) {
+    : CInstanceMonitor("CXmlDocument"), m_pNodeStore(nullptr), m_pfnElementCallback(nullptr), m_pContext(&context) {
     Init();
 }
 
 CXmlDocument::CXmlDocument(XmlElementCallback pfnElementCallback)
     : CInstanceMonitor("CXmlDocument"),
+      m_pNodeStore(nullptr),
       m_pfnElementCallback(pfnElementCallback),
       m_pContext(&CSerializationContext::GetDefaultContext()) {
     Init();
 }
 
 CXmlDocument::CXmlDocument(XmlElementCallback pfnElementCallback, const CSerializationContext& context)
-    : CInstanceMonitor("CXmlDocument"), m_pfnElementCallback(pfnElementCallback), m_pContext(&context) {
+    : CInstanceMonitor("CXmlDocument"),
+      m_pNodeStore(nullptr),
+      m_pfnElementCallback(pfnElementCallback),
+      m_pContext(&context) {
     Init();
 }
 
 void CXmlDocument::Init() {
+    if (!m_pNodeStore) m_pNodeStore = new CXmlNodeStore;
     m_pOverlapped = nullptr;
     m_nFilePosition = 0;
     m_hFile = -1;
     m_pDocumentElement = nullptr;
     m_pBuffer = nullptr;
+    m_bOwnsBuffer = true;
     m_nBufferLength = 0;
     m_eSchemaType = m_pContext->GetSchemaType();
 }
@@ -83,21 +114,24 @@ void CXmlDocument::Init() {
 CXmlDocument::~CXmlDocument() {
     CXmlDocument::Cleanup();
     CloseFile();
+    delete m_pNodeStore;
 }
 
 void CXmlDocument::Cleanup() {
     // A read in flight targets one of our buffers: it must finish before any buffer goes.
     CancelChunk();
-    delete m_pDocumentElement;  // iterative over the whole tree
+    CXmlElement::Destroy(m_pDocumentElement);  // iterative over the whole tree
     m_pDocumentElement = nullptr;
+    m_pNodeStore->Release();  // no node lives any more
     FreeBuffer();
     m_pElementStack.clear();
     m_mapAliases.clear();
 }
 
 void CXmlDocument::FreeBuffer() {
-    delete[] m_pBuffer;
+    if (m_bOwnsBuffer) delete[] m_pBuffer;
     m_pBuffer = nullptr;
+    m_bOwnsBuffer = true;
     m_nBufferLength = 0;
 }
 
@@ -130,10 +164,8 @@ void CXmlDocument::LoadXml(const char* pszXml) {
     size_t nLength = pszXml ? std::strlen(pszXml) : 0;
     if (nLength == 0) throw COxException("XML String is empty!");
     if (nLength > UINT32_MAX) throw COxException("XML String is too large!");
-    m_pBuffer = new unsigned char[nLength];
-    std::memcpy(m_pBuffer, pszXml, nLength);
-    m_nBufferLength = static_cast<OxULong>(nLength);
     // No decompression and no Fast Infoset detection for text.
+    CBorrowedBuffer borrowed(*this, reinterpret_cast<const unsigned char*>(pszXml), static_cast<OxULong>(nLength));
     ParseText();
 }
 
@@ -161,9 +193,7 @@ void CXmlDocument::LoadXml(const wchar_t* pszXml) {
 void CXmlDocument::LoadXmlStream(unsigned char* const pData, OxULong nLength) {
     Cleanup();
     if (!pData || nLength == 0) throw COxException("XML Stream is empty!");
-    m_pBuffer = new unsigned char[nLength];
-    std::memcpy(m_pBuffer, pData, nLength);
-    m_nBufferLength = nLength;
+    CBorrowedBuffer borrowed(*this, pData, nLength);
     Parse();
 }
 
@@ -192,8 +222,7 @@ void CXmlDocument::LoadWhole(const char* pszFileName) {
         nError = EFBIG;  // the whole-file form holds less than 4 GiB
     if (nError != 0) {
         ::close(hFile);
-        throw COxException(
-            FormatString("Failed to get the size of the file [%s] Error [0x%08x]", pszFileName, nError));
+        throw COxException(FormatString("Failed to get the size of the file [%s] Error [0x%08x]", pszFileName, nError));
     }
     size_t nSize = static_cast<size_t>(info.st_size);
 
@@ -369,8 +398,8 @@ CXmlElement* CXmlDocument::AddDocElement(const char* pNamespace, size_t nNamespa
     // stored, nothing may fail before the push.
     m_pElementStack.clear();
     m_pElementStack.reserve(64);
-    CXmlElement* pElement = new CXmlElement(this, nullptr);
-    delete m_pDocumentElement;
+    CXmlElement* pElement = CXmlElement::Create(this, nullptr);
+    CXmlElement::Destroy(m_pDocumentElement);
     m_pDocumentElement = pElement;
     pElement->SetNamespace(pNamespace, nNamespaceLength);
     pElement->SetElementName(pName, nNameLength);
@@ -389,8 +418,7 @@ CXmlElement* CXmlDocument::AddChildElement(const char* pNamespace, size_t nNames
     // The new element is linked into its parent at once, so it is owned even if a later
     // step throws.
     if (m_pElementStack.empty()) throw COxInvalidStateException("No open element to add a child element to");
-    if (m_pElementStack.size() == m_pElementStack.capacity())
-        m_pElementStack.reserve(2 * m_pElementStack.size());
+    if (m_pElementStack.size() == m_pElementStack.capacity()) m_pElementStack.reserve(2 * m_pElementStack.size());
     CXmlElement* pElement = m_pElementStack.back()->CreateNewChildElement();
     pElement->SetNamespace(pNamespace, nNamespaceLength);
     pElement->SetElementName(pName, nNameLength);
@@ -406,19 +434,18 @@ void CXmlDocument::EndElement() {
     // The callback has dealt with the element. The root has no parent to leave: it stays.
     if (m_pElementStack.empty()) return;
     CXmlElement* pRemoved = m_pElementStack.back()->RemoveLastChildElement();
-    delete pRemoved;  // the element just ended is always its parent's last child
+    CXmlElement::Destroy(pRemoved);  // the element just ended is always its parent's last child
 }
 
-CXmlAttribute* CXmlDocument::AddElementAttribute(CXmlElement* pElement, const char* pszLocalName,
-                                                 const char* pszValue, const char* pszNamespace) {
+CXmlAttribute* CXmlDocument::AddElementAttribute(CXmlElement* pElement, const char* pszLocalName, const char* pszValue,
+                                                 const char* pszNamespace) {
     return pElement->AddAttribute(pszLocalName, pszValue, pszNamespace);
 }
 
-CXmlAttribute* CXmlDocument::AddElementAttribute(CXmlElement* pElement, const char* pLocalName,
-                                                 size_t nLocalNameLength, const char* pValue, size_t nValueLength,
-                                                 const char* pNamespace, size_t nNamespaceLength) {
-    return pElement->AddAttribute(pLocalName, nLocalNameLength, pValue, nValueLength, pNamespace,
-                                  nNamespaceLength);
+CXmlAttribute* CXmlDocument::AddElementAttribute(CXmlElement* pElement, const char* pLocalName, size_t nLocalNameLength,
+                                                 const char* pValue, size_t nValueLength, const char* pNamespace,
+                                                 size_t nNamespaceLength) {
+    return pElement->AddAttribute(pLocalName, nLocalNameLength, pValue, nValueLength, pNamespace, nNamespaceLength);
 }
 
 void CXmlDocument::ReserveElementAttributes(CXmlElement* pElement, size_t nCount) {

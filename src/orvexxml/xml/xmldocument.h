@@ -17,6 +17,7 @@ namespace OrvexXml {
 
 class CExpatReader;
 class CFastInfosetReader;
+class CXmlNodeStore;
 
 // Process-wide switch, off at load: with it on, CXmlDocument::Load reads a file in chunks
 // of 131072 bytes with the next read in flight while the parser works on the previous
@@ -37,6 +38,7 @@ typedef bool (*XmlElementCallback)(CXmlElement* pElement);
 class ORVEXXML_API CXmlDocument : public CInstanceMonitor {
     friend class CExpatReader;
     friend class CFastInfosetReader;
+    friend class CXmlElement;
 
 public:
     // Without a context the process-wide default context serves; the context must outlive
@@ -80,11 +82,11 @@ protected:
 
 private:
     struct COverlappedRead;
+    class CBorrowedBuffer;
 
     // Tree building for the readers. Text arguments are in the local encoding.
     CXmlElement* AddDocElement(const char* pszNamespace, const char* pszName);
-    CXmlElement* AddDocElement(const char* pNamespace, size_t nNamespaceLength, const char* pName,
-                               size_t nNameLength);
+    CXmlElement* AddDocElement(const char* pNamespace, size_t nNamespaceLength, const char* pName, size_t nNameLength);
     CXmlElement* AddChildElement(const char* pszNamespace, const char* pszName);
     CXmlElement* AddChildElement(const char* pNamespace, size_t nNamespaceLength, const char* pName,
                                  size_t nNameLength);
@@ -92,9 +94,9 @@ private:
     void EndElement();
     static CXmlAttribute* AddElementAttribute(CXmlElement* pElement, const char* pszLocalName, const char* pszValue,
                                               const char* pszNamespace);
-    static CXmlAttribute* AddElementAttribute(CXmlElement* pElement, const char* pLocalName,
-                                              size_t nLocalNameLength, const char* pValue, size_t nValueLength,
-                                              const char* pNamespace, size_t nNamespaceLength);
+    static CXmlAttribute* AddElementAttribute(CXmlElement* pElement, const char* pLocalName, size_t nLocalNameLength,
+                                              const char* pValue, size_t nValueLength, const char* pNamespace,
+                                              size_t nNamespaceLength);
     static void ReserveElementAttributes(CXmlElement* pElement, size_t nCount);
     // Appends the text up to its end or maxLength bytes, whichever comes first, leaving out
     // every CR byte.
@@ -117,6 +119,7 @@ private:
     void CloseFile();
     void FreeBuffer();
 
+    CXmlNodeStore* m_pNodeStore;     // memory of the tree's nodes and namespace URIs
     COverlappedRead* m_pOverlapped;  // the read in flight during an overlapped load, else null
     uint64_t m_nFilePosition;        // offset of the next read
     int m_hFile;                     // descriptor of the file during an overlapped load, else -1
@@ -124,6 +127,7 @@ private:
     std::vector<CXmlElement*> m_pElementStack;
     std::map<std::string, std::string> m_mapAliases;
     unsigned char* m_pBuffer;
+    bool m_bOwnsBuffer;  // false while m_pBuffer is the caller's input (see CBorrowedBuffer)
     OxULong m_nBufferLength;
     SchemaType m_eSchemaType;
     XmlElementCallback m_pfnElementCallback;

@@ -1,9 +1,11 @@
 #include "orvexxml/xml/xmlelement.h"
 
 #include <cstring>
+#include <new>
 
 #include "orvexxml/xml/xmlattribute.h"
 #include "orvexxml/xml/xmldocument.h"
+#include "orvexxml/xml/xmlnodestore.h"
 
 namespace OrvexXml {
 
@@ -24,7 +26,31 @@ CXmlElement::CXmlElement(const CXmlDocument* pDocument, const CXmlElement* pPare
       m_pParent(pParent),
       m_pNextSibling(nullptr),
       m_pFirstChild(nullptr),
-      m_pLastChild(nullptr) {}
+      m_pLastChild(nullptr),
+      m_pNamespace(CXmlNodeStore::EmptyNamespace()) {}
+
+CXmlElement* CXmlElement::Create(const CXmlDocument* pDocument, const CXmlElement* pParent) {
+    CXmlNodeStore* pStore = pDocument->m_pNodeStore;
+    void* pMemory = pStore->Allocate(sizeof(CXmlElement));
+    try {
+        return new (pMemory) CXmlElement(pDocument, pParent);
+    } catch (...) {
+        pStore->Free(pMemory, sizeof(CXmlElement));
+        throw;
+    }
+}
+
+void CXmlElement::Destroy(CXmlElement* pElement) {
+    if (!pElement) return;
+    CXmlNodeStore* pStore = pElement->m_pDocument->m_pNodeStore;
+    pElement->~CXmlElement();
+    pStore->Free(pElement, sizeof(CXmlElement));
+}
+
+void CXmlElement::DestroyAttribute(const CXmlDocument* pDocument, CXmlAttribute* pAttribute) {
+    pAttribute->~CXmlAttribute();
+    pDocument->m_pNodeStore->Free(pAttribute, sizeof(CXmlAttribute));
+}
 
 CXmlElement::~CXmlElement() {
     // Delete the whole subtree without recursion. The pending nodes form one list linked
@@ -40,10 +66,10 @@ CXmlElement::~CXmlElement() {
         }
         CXmlElement* pNext = pNode->m_pNextSibling;
         pNode->m_pNextSibling = nullptr;
-        delete pNode;
+        Destroy(pNode);
         pNode = pNext;
     }
-    for (CXmlAttribute* pAttribute : m_vecAttributes) delete pAttribute;
+    for (CXmlAttribute* pAttribute : m_vecAttributes) DestroyAttribute(m_pDocument, pAttribute);
 }
 
 const std::string& CXmlElement::GetAttribute(const char* pszLocalName, const char* pszNamespace) const {
@@ -70,8 +96,8 @@ std::string CXmlElement::GetXPath() const {
 }
 
 std::string CXmlElement::GetQName() const {
-    if (m_pDocument && !m_strNamespace.empty()) {
-        const std::string& strPrefix = m_pDocument->LookupAliasFromNamespace(m_strNamespace.c_str());
+    if (m_pDocument && !m_pNamespace->empty()) {
+        const std::string& strPrefix = m_pDocument->LookupAliasFromNamespace(m_pNamespace->c_str());
         if (!strPrefix.empty()) {
             std::string strQName;
             strQName.reserve(strPrefix.size() + 1 + m_strElementName.size());
@@ -112,7 +138,14 @@ std::string CXmlElement::GetNameWithPredicate() const {
 
 void CXmlElement::SetElementName(const char* pszName) { m_strElementName = NotNull(pszName); }
 
-void CXmlElement::SetNamespace(const char* pszNamespace) { m_strNamespace = NotNull(pszNamespace); }
+void CXmlElement::SetNamespace(const char* pszNamespace) {
+    pszNamespace = NotNull(pszNamespace);
+    SetNamespace(pszNamespace, std::strlen(pszNamespace));
+}
+
+void CXmlElement::SetNamespace(const char* pNamespace, size_t nLength) {
+    m_pNamespace = m_pDocument->m_pNodeStore->InternNamespace(pNamespace, nLength);
+}
 
 void CXmlElement::AppendText(const char* pszText) {
     if (pszText) AppendText(pszText, static_cast<OxULong>(std::strlen(pszText)));
@@ -129,7 +162,7 @@ void CXmlElement::AppendText(const char* pText, OxULong nLength) {
 }
 
 CXmlElement* CXmlElement::CreateNewChildElement() {
-    CXmlElement* pChild = new CXmlElement(m_pDocument, this);
+    CXmlElement* pChild = Create(m_pDocument, this);
     if (m_pLastChild)
         m_pLastChild->m_pNextSibling = pChild;
     else
@@ -151,8 +184,17 @@ CXmlAttribute* CXmlElement::AddAttribute(const char* pLocalName, size_t nLocalNa
     // Make room first, so that a failing push_back can't lose the new attribute.
     if (m_vecAttributes.size() == m_vecAttributes.capacity())
         m_vecAttributes.reserve(m_vecAttributes.empty() ? 4 : 2 * m_vecAttributes.size());
-    CXmlAttribute* pAttribute =
-        new CXmlAttribute(this, pLocalName, nLocalNameLength, pValue, nValueLength, pNamespace, nNamespaceLength);
+    CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
+    const std::string* pStoredNamespace = pStore->InternNamespace(pNamespace, nNamespaceLength);
+    void* pMemory = pStore->Allocate(sizeof(CXmlAttribute));
+    CXmlAttribute* pAttribute;
+    try {
+        pAttribute =
+            new (pMemory) CXmlAttribute(this, pLocalName, nLocalNameLength, pValue, nValueLength, pStoredNamespace);
+    } catch (...) {
+        pStore->Free(pMemory, sizeof(CXmlAttribute));
+        throw;
+    }
     m_vecAttributes.push_back(pAttribute);
     return pAttribute;
 }

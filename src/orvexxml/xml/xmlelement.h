@@ -36,7 +36,7 @@ public:
     // The next sibling element, null at the end of the parent's children.
     CXmlElement* GetNextSiblingElement() const { return m_pNextSibling; }
     const std::string& GetLocalName() const { return m_strElementName; }
-    const std::string& GetNamespaceURI() const { return m_strNamespace; }
+    const std::string& GetNamespaceURI() const { return *m_pNamespace; }
     const std::string& GetText() const { return m_strText; }
     // In document order.
     const std::vector<CXmlAttribute*>& GetAttributes() const { return m_vecAttributes; }
@@ -54,7 +54,7 @@ protected:
     void SetElementName(const char* pszName);
     void SetElementName(const char* pName, size_t nLength) { m_strElementName.assign(pName, nLength); }
     void SetNamespace(const char* pszNamespace);
-    void SetNamespace(const char* pNamespace, size_t nLength) { m_strNamespace.assign(pNamespace, nLength); }
+    void SetNamespace(const char* pNamespace, size_t nLength);
     void AppendText(const char* pszText);
     // Appends nLength bytes. Capacity at least doubles when it has to grow, so text that
     // arrives in many small pieces is copied a logarithmic number of times.
@@ -68,6 +68,11 @@ protected:
     CXmlElement* RemoveLastChildElement();
 
 private:
+    // Elements and attributes live in the document's node store: these make and end them.
+    static CXmlElement* Create(const CXmlDocument* pDocument, const CXmlElement* pParent);
+    static void Destroy(CXmlElement* pElement);
+    static void DestroyAttribute(const CXmlDocument* pDocument, CXmlAttribute* pAttribute);
+
     // The prefix of the namespace, ":" and the local name; the local name alone when the
     // element has no namespace or the namespace has no prefix.
     std::string GetQName() const;
@@ -82,7 +87,9 @@ private:
     std::vector<CXmlAttribute*> m_vecAttributes;
     std::string m_strText;
     std::string m_strElementName;
-    std::string m_strNamespace;
+    // The namespace URI, empty for none. The document stores each URI once; its elements and
+    // attributes point to that copy.
+    const std::string* m_pNamespace;
 };
 
 }  // namespace OrvexXml

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "orvexxml/binding/elementinfo.h"
+
+namespace OrvexXmlData {
+
+// An enumeration member of a choice.
+class ORVEXXML_API CElementInfoChoiceEnumOpt : public CElementInfo {
+public:
+    CElementInfoChoiceEnumOpt(const char* pszName, const char* pszNamespace, int nPropertyIndex, bool bNillable,
+                              EnumToTextFn pfnEnumToText, TextToEnumFn pfnTextToEnum, const char* pszDefault)
+        : CElementInfo(pszName, pszNamespace, nPropertyIndex, bNillable, pfnEnumToText, pfnTextToEnum, pszDefault) {}
+
+protected:
+    bool ElementToXml(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
+                      OrvexXml::CXmlWriter* pWriter) const override;
+    bool ElementFromXml(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                        OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent, const char* pszNamespace,
+                        XmlElementType eParentType) override;
+};
+
+}  // namespace OrvexXmlData
