@@ -179,7 +179,7 @@ void CBinaryData::Clear() {
 }
 
 void CBinaryData::Unshare() {
-    return;
+    if (m_pBuffer == nullptr || !m_pBuffer->IsShared()) return;
     CBinaryDataBuffer* pCopy = CBinaryDataBuffer::CopyOf(m_pBuffer->m_lpData, m_pBuffer->m_dwLen);
     CBinaryDataBuffer::Release(m_pBuffer);
     m_pBuffer = pCopy;
