@@ -82,7 +82,26 @@ CInstanceMonitor::ClassType* CInstanceMonitor::FindRecord(const char* pszClassNa
     return pRecord;
 }
 
+CInstanceMonitor::ClassType* CInstanceMonitor::FindRecord(ClassHandle& handle) {
+    MonitorState& state = State();
+    // The handle is read like a sequence lock: a record is trusted only when the
+    // generation around it is unchanged and current.
+    uint32_t nBefore = handle.nGeneration.load(std::memory_order_acquire);
+    ClassType* pRecord = handle.pRecord.load(std::memory_order_acquire);
+    uint32_t nAfter = handle.nGeneration.load(std::memory_order_acquire);
+    if (pRecord && nBefore == nAfter && nBefore == state.generation.load(std::memory_order_acquire)) return pRecord;
+
+    COXLock lock(state.cs);
+    pRecord = FindRecord(handle.pszClassName);
+    handle.nGeneration.store(0, std::memory_order_release);
+    handle.pRecord.store(pRecord, std::memory_order_release);
+    handle.nGeneration.store(state.generation.load(std::memory_order_acquire), std::memory_order_release);
+    return pRecord;
+}
+
 CInstanceMonitor::CInstanceMonitor(const char* pszClassName) : m_pct(FindRecord(pszClassName)) { Register(m_pct); }
+
+CInstanceMonitor::CInstanceMonitor(ClassHandle& handle) : m_pct(FindRecord(handle)) { Register(m_pct); }
 
 CInstanceMonitor::CInstanceMonitor(const CInstanceMonitor& other) : m_pct(other.m_pct) {
     // The source's record may have been retired by Cleanup; count the copy where the
@@ -91,7 +110,7 @@ CInstanceMonitor::CInstanceMonitor(const CInstanceMonitor& other) : m_pct(other.
     Register(m_pct);
 }
 
-CInstanceMonitor::~CInstanceMonitor() { m_pct->lInstanceCount.fetch_sub(1, std::memory_order_relaxed); }
+CInstanceMonitor::~CInstanceMonitor() { m_pct->lDestroyedCount.fetch_add(1, std::memory_order_relaxed); }
 
 std::string CInstanceMonitor::DumpState() {
     MonitorState& state = State();
@@ -101,7 +120,7 @@ std::string CInstanceMonitor::DumpState() {
     for (ClassType* p : state.list) {
         if (!bFirst) result += '\n';
         bFirst = false;
-        int32_t nLiving = p->lInstanceCount.load(std::memory_order_relaxed);
+        int32_t nLiving = p->GetInstanceCount();
         int32_t nTotal = p->lTotalCount.load(std::memory_order_relaxed);
         result += FormatString(nLiving < 1 ? "    %s = %d/%d" : "--> %s = %d/%d", p->strName.c_str(), nLiving, nTotal);
     }

@@ -18,14 +18,29 @@ class COXCriticalSection;
 // operations and no lock.
 class ORVEXXML_API CInstanceMonitor {
 public:
+    // One record per class name. The living count is the difference of the two counters,
+    // so that a construction and a destruction cost one atomic increment each.
     struct ClassType {
-        explicit ClassType(const char* pszName) : strName(pszName), lInstanceCount(0), lTotalCount(0) {}
+        explicit ClassType(const char* pszName) : strName(pszName), lTotalCount(0), lDestroyedCount(0) {}
+        int32_t GetInstanceCount() const {
+            return lTotalCount.load(std::memory_order_relaxed) - lDestroyedCount.load(std::memory_order_relaxed);
+        }
         std::string strName;
-        std::atomic<int32_t> lInstanceCount;  // living instances
-        std::atomic<int32_t> lTotalCount;     // instances ever made
+        std::atomic<int32_t> lTotalCount;      // instances ever made
+        std::atomic<int32_t> lDestroyedCount;  // instances destroyed
+    };
+
+    // A class built in large numbers keeps one of these as a static and passes it to the
+    // constructor: the record is then found without any search.
+    struct ClassHandle {
+        constexpr explicit ClassHandle(const char* pszName) : pszClassName(pszName), pRecord(nullptr), nGeneration(0) {}
+        const char* pszClassName;
+        std::atomic<ClassType*> pRecord;
+        std::atomic<uint32_t> nGeneration;
     };
 
     explicit CInstanceMonitor(const char* pszClassName);
+    explicit CInstanceMonitor(ClassHandle& handle);
     // A copy is a new instance of the same class.
     CInstanceMonitor(const CInstanceMonitor& other);
     // Assignment keeps the target's own registration.
@@ -39,10 +54,8 @@ public:
 
 private:
     static ClassType* FindRecord(const char* pszClassName);
-    static void Register(ClassType* pct) {
-        pct->lInstanceCount.fetch_add(1, std::memory_order_relaxed);
-        pct->lTotalCount.fetch_add(1, std::memory_order_relaxed);
-    }
+    static ClassType* FindRecord(ClassHandle& handle);
+    static void Register(ClassType* pct) { pct->lTotalCount.fetch_add(1, std::memory_order_relaxed); }
 
     ClassType* m_pct;
 };

@@ -21,10 +21,13 @@ const int kPrefixCount = kPrefixLetters * kPrefixLetters;  // "AA" to "ZZ"
 
 // --- CXmlWriterContext -----------------------------------------------------------------------
 
+// One context is made per element written: its instance record is found once.
+static CInstanceMonitor::ClassHandle s_contextMonitor("CXmlWriterContext");
+
 CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::string& strName, const std::string& strNamespace,
                                                  const std::string& strDefaultNamespace,
                                                  const NamespaceMap& mapNamespaces, CXmlWriterContext* pParent)
-    : CInstanceMonitor("CXmlWriterContext"),
+    : CInstanceMonitor(s_contextMonitor),
       m_nChildCount(0),
       m_bInStartTag(true),
       m_nDepth(0),
@@ -43,7 +46,7 @@ CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::string& strName, con
 
 CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::string& strName, const std::string& strNamespace,
                                                  CXmlWriterContext* pParent)
-    : CInstanceMonitor("CXmlWriterContext"),
+    : CInstanceMonitor(s_contextMonitor),
       m_nChildCount(0),
       m_bInStartTag(true),
       m_nDepth(pParent->m_nDepth + 1),

@@ -18,9 +18,12 @@ bool IsInstanceOrXmlnsNamespace(const std::string& strNamespace) {
 
 }  // namespace
 
+// A node is made per element or attribute parsed: its instance record is found once.
+static CInstanceMonitor::ClassHandle s_monitor("CXmlAttribute");
+
 CXmlAttribute::CXmlAttribute(const CXmlElement* pElement, const char* pLocalName, size_t nLocalNameLength,
                              const char* pValue, size_t nValueLength, const std::string* pNamespace)
-    : CInstanceMonitor("CXmlAttribute"),
+    : CInstanceMonitor(s_monitor),
       m_pElement(pElement),
       m_strLocalName(pLocalName, nLocalNameLength),
       m_strValue(pValue, nValueLength),

@@ -20,8 +20,11 @@ inline const char* NotNull(const char* psz) { return psz ? psz : ""; }
 
 }  // namespace
 
+// A node is made per element or attribute parsed: its instance record is found once.
+static CInstanceMonitor::ClassHandle s_monitor("CXmlElement");
+
 CXmlElement::CXmlElement(const CXmlDocument* pDocument, const CXmlElement* pParent)
-    : CInstanceMonitor("CXmlElement"),
+    : CInstanceMonitor(s_monitor),
       m_pDocument(pDocument),
       m_pParent(pParent),
       m_pNextSibling(nullptr),
