@@ -16,6 +16,9 @@ protected:
     bool ElementFromXml(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
                         OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent, const char* pszNamespace,
                         XmlElementType eParentType) override;
+    // A collection in an All group is satisfied when its count is within its limits.
+    bool Validate(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass, bool bFound,
+                  bool bCheck) const override;
 };
 
 }  // namespace OrvexXmlData

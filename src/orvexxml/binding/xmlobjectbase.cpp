@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "orvexxml/binding/serializationcontext.h"
+#include "orvexxml/collections/xmlcollectionbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/textstream.h"
@@ -207,6 +208,41 @@ void CXmlObjectBase::Choice_CollectionChanged(const char* pszName, OxLong nCount
             FormatString("The Property [%s] is already set. Only one element within this class bay be set at a time",
                          selected.c_str()));
     }
+}
+
+void CXmlObjectBase::FireOnCollectionChangeEvent(IEventSink* pListener, CXmlCollectionBase* pCollection) {
+    pListener->OnEvent(pCollection->GetBase(), MsgType_CollectionChange, nullptr);
+}
+
+void CXmlObjectBase::FireOnCollectionAddEvent(IEventSink* pListener, CXmlCollectionBase* pCollection, void* pItem) {
+    pListener->OnEvent(pCollection->GetBase(), MsgType_CollectionAdd, pItem);
+}
+
+void CXmlObjectBase::FireOnCollectionAddCompleteEvent(IEventSink* pListener, CXmlCollectionBase* pCollection,
+                                                      void* pItem) {
+    pListener->OnEvent(pCollection->GetBase(), MsgType_CollectionAddComplete, pItem);
+}
+
+void CXmlObjectBase::FireOnCollectionRemoveEvent(IEventSink* pListener, CXmlCollectionBase* pCollection, int nIndex) {
+    // The listener gets the address of this copy; -1 stands for "no index" and gives null.
+    int32_t nLocal = nIndex;
+    pListener->OnEvent(pCollection->GetBase(), MsgType_CollectionRemove, nIndex == -1 ? nullptr : &nLocal);
+}
+
+void CXmlObjectBase::FireOnCollectionRemoveCompleteEvent(IEventSink* pListener, CXmlCollectionBase* pCollection,
+                                                         int nIndex) {
+    int32_t nLocal = nIndex;
+    pListener->OnEvent(pCollection->GetBase(), MsgType_CollectionRemoveComplete, nIndex == -1 ? nullptr : &nLocal);
+}
+
+void CXmlObjectBase::Choice_Read_Collection(CXmlCollectionBase* pCollection, CXmlElement* pParent,
+                                            CXmlElement*& pCurrent, OxLong& nCount, const CSerializationContext& ctx) {
+    if (nCount > 0) return;  // this member has had its turn
+    CXmlElement* pNext = FromXml_Int(pCollection->GetBase(), pParent, pCurrent, ctx);
+    if (pNext == pCurrent) return;  // nothing consumed
+    pCurrent = pNext;
+    pCollection->ValidateCount(ctx);
+    ++nCount;
 }
 
 void CXmlObjectBase::Throw_IfPropertyIsNull(CXmlObjectBase* pValue, const char* pszName) {

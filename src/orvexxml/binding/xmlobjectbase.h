@@ -18,6 +18,7 @@ class CXmlElement;
 class CXmlDocument;
 class CSerializationContext;
 class CXmlObjectBase;
+class CXmlCollectionBase;
 
 // Receives notifications (collection changes) from the objects it listens to.
 class ORVEXXML_API IEventSink {
@@ -143,6 +144,19 @@ protected:
     static void Choice_SelectElement(const char* pszName, CXmlObjectBase* pValue, std::string& selected);
     static void Choice_SetElementValid(bool bValid, const char* pszName, std::string& selected);
     static void Choice_CollectionChanged(const char* pszName, OxLong nCount, std::string& selected);
+
+    // Collection events: each calls OnEvent on pListener with the collection's GetBase() as
+    // source. The remove forms pass a pointer to a copy of the index, or null for index -1.
+    static void FireOnCollectionChangeEvent(IEventSink* pListener, CXmlCollectionBase* pCollection);
+    static void FireOnCollectionAddEvent(IEventSink* pListener, CXmlCollectionBase* pCollection, void* pItem);
+    static void FireOnCollectionAddCompleteEvent(IEventSink* pListener, CXmlCollectionBase* pCollection, void* pItem);
+    static void FireOnCollectionRemoveEvent(IEventSink* pListener, CXmlCollectionBase* pCollection, int nIndex);
+    static void FireOnCollectionRemoveCompleteEvent(IEventSink* pListener, CXmlCollectionBase* pCollection, int nIndex);
+
+    // Reads a collection member of a choice by hand: once only (nCount counts the turns
+    // taken), moving pCurrent past what the collection consumed and checking its count.
+    static void Choice_Read_Collection(CXmlCollectionBase* pCollection, CXmlElement* pParent, CXmlElement*& pCurrent,
+                                       OxLong& nCount, const CSerializationContext& ctx);
 
     // Guards for generated property setters.
     static void Throw_IfPropertyIsNull(CXmlObjectBase* pValue, const char* pszName);

@@ -1,5 +1,10 @@
 #include "orvexxml/infrastructure/textstream.h"
 
+#include <cstring>
+
+#include "orvexxml/infrastructure/exceptions.h"
+#include "orvexxml/infrastructure/textencoder.h"
+
 namespace OrvexXml {
 
 CTextStream::CTextStream() : CTextStream("CTextStream", XmlEncoding_None) {}
@@ -16,5 +21,19 @@ void CTextStream::Start() { m_buffer.Clear(); }
 void CTextStream::End() {}
 
 void CTextStream::Flush() {}
+
+CBinaryData CTextStream::GetEncodedData() {
+    if (m_eEncoding != XmlEncoding_UTF8 && m_eEncoding != XmlEncoding_UTF16 &&
+        m_eEncoding != XmlEncoding_UTF16NoDeclaration) {
+        throw COxException("Unknown Encoding, select UTF-8 (contact our support team)");
+    }
+    // The length is known; the search for a null byte only bounds the text the way a
+    // null-terminated string would, without a second pass when there is none.
+    const char* pszText = GetText();
+    const void* pNull = std::memchr(pszText, 0, GetLength());
+    const size_t nLength = pNull != nullptr ? static_cast<const char*>(pNull) - pszText : GetLength();
+    if (m_eEncoding == XmlEncoding_UTF8) return LocalToUtf8(pszText, nLength);
+    return LocalToUtf16(pszText, nLength);
+}
 
 }  // namespace OrvexXml

@@ -8,6 +8,7 @@
 #include "orvexxml/infrastructure/encodingtypes.h"
 #include "orvexxml/infrastructure/instancemonitor.h"
 #include "orvexxml/infrastructure/stringbuffer.h"
+#include "orvexxml/values/binarydata.h"
 
 namespace OrvexXml {
 
@@ -44,6 +45,10 @@ public:
     XmlEncoding GetEncoding() const { return m_eEncoding; }
     // The buffered text as one null-terminated string, valid until the next write.
     const char* GetText() { return m_buffer.GetBuffer(); }
+    // The buffered text as bytes of the stream's encoding: UTF-8, or UTF-16 little-endian
+    // without a byte order mark. The text ends at its first null byte, as GetText reads.
+    // XmlEncoding_None has no byte form: throws COxException.
+    CBinaryData GetEncodedData();
 
 protected:
     // For derived streams: registers the instance under their own class name.

@@ -1,0 +1,7 @@
+#include "orvexxml/collections/booleancol.h"
+
+namespace OrvexXml {
+
+CbooleanCol::~CbooleanCol() {}
+
+}  // namespace OrvexXml

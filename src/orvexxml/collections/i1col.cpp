@@ -1,0 +1,7 @@
+#include "orvexxml/collections/i1col.h"
+
+namespace OrvexXml {
+
+Ci1Col::~Ci1Col() {}
+
+}  // namespace OrvexXml

@@ -1,0 +1,7 @@
+#include "orvexxml/collections/i8col.h"
+
+namespace OrvexXml {
+
+Ci8Col::~Ci8Col() {}
+
+}  // namespace OrvexXml

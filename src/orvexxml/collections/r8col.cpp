@@ -1,0 +1,7 @@
+#include "orvexxml/collections/r8col.h"
+
+namespace OrvexXml {
+
+Cr8Col::~Cr8Col() {}
+
+}  // namespace OrvexXml

@@ -1,0 +1,7 @@
+#include "orvexxml/collections/stringcol.h"
+
+namespace OrvexXml {
+
+CstringCol::~CstringCol() {}
+
+}  // namespace OrvexXml

@@ -1,0 +1,7 @@
+#include "orvexxml/collections/ui2col.h"
+
+namespace OrvexXml {
+
+Cui2Col::~Cui2Col() {}
+
+}  // namespace OrvexXml

@@ -1,0 +1,138 @@
+#pragma once
+
+#include <cstddef>
+#include <iterator>
+
+#include "orvexxml/collections/xmlcollectionbase.h"
+#include "orvexxml/export.h"
+#include "orvexxml/infrastructure/exceptions.h"
+#include "orvexxml/infrastructure/smartptr.h"
+
+namespace OrvexXml {
+
+template <class T>
+class COxIterator;
+
+// A collection of bindable objects in a doubly linked list. Generated collections of
+// classes derive from it, wrap the protected insertion and lookup services in typed Add,
+// Item and the like, and implement ToXml_Int and FromXml_Int.
+//
+// Each node holds a reference to its item, so an item lives as long as a node or anybody
+// else holds it. Appending is constant-time; access by index walks from the head.
+//
+// Events carry the item object (as passed in) for add and add complete, and no index for
+// remove and remove complete (null data): the list is not indexed.
+class ORVEXXML_API CXmlCollection : public CXmlCollectionBase {
+public:
+    class ORVEXXML_API CNode {
+    public:
+        explicit CNode(CXmlObjectBase* pItem) : m_pItem(pItem), m_pNext(nullptr), m_pPrev(nullptr) {}
+
+        CSmartPtr<CXmlObjectBase> m_pItem;
+        CNode* m_pNext;
+        CNode* m_pPrev;
+    };
+
+    CXmlCollection();
+    CXmlCollection(const char* pszElementName, const char* pszNamespace, int nMinOccurs, int nMaxOccurs);
+    // The copy gets a chain of its own whose nodes hold the same items; no listeners.
+    CXmlCollection(const CXmlCollection& other);
+    // Replaces the list by one holding other's items, without events; the target keeps its
+    // listeners. The old nodes release their items.
+    CXmlCollection& operator=(const CXmlCollection& other);
+
+    int GetCount() const override { return m_nCount; }
+    // Removes item 0 through the virtual Remove until the list is empty, so that every item
+    // fires its own events.
+    void Clear() override;
+    // Throws COxInvalidParamException for an index outside 0 to count - 1, before any event.
+    void Remove(int nIndex) override;
+
+    // Iteration from head to tail. Stepping past the end throws.
+    COxIterator<CXmlObjectBase> begin() const;
+    COxIterator<CXmlObjectBase> end() const;
+
+protected:
+    // Calls Clear, so each remaining item fires its events.
+    ~CXmlCollection() override;
+
+    // The attributes of each item, in order.
+    void AttributesToXml_Int(CXmlWriter* pWriter, const CSerializationContext& ctx) const override;
+
+    // Insertion. Every successful insertion fires add, add complete and change, with the
+    // item as data. pItem must not be null.
+    void PrependItem(CXmlObjectBase* pItem);
+    void AppendItem(CXmlObjectBase* pItem);
+    // An index of count appends; outside 0 to count: COxInvalidParamException before any event.
+    void AddItemAt(int nIndex, CXmlObjectBase* pItem);
+    // Null for pAfter prepends. The add event fires before the anchor is looked up; an anchor
+    // that isn't in the list throws and nothing is inserted.
+    void AddAfterItem(const CXmlObjectBase* pAfter, CXmlObjectBase* pItem);
+    // Null for pBefore appends; otherwise as AddAfterItem.
+    void AddBeforeItem(const CXmlObjectBase* pBefore, CXmlObjectBase* pItem);
+
+    // Lookup. Both throw COxInvalidParamException when there is no such node.
+    CNode* GetNodeAtIndex(int nIndex) const;
+    // Compares the items through GetBase(), so any base pointer of an item finds it.
+    CNode* GetNodeForItem(const CXmlObjectBase* pItem) const;
+    // Unlinks and deletes pNode, releasing its item; fires remove, remove complete and change.
+    void RemoveNode(CNode* pNode);
+
+    CNode* m_pHead;
+    CNode* m_pTail;
+    OxLong m_nCount;
+
+private:
+    // Creates a node for pItem and links it in front of pBefore, or at the tail when pBefore
+    // is null; counts it.
+    void LinkNewNode(CXmlObjectBase* pItem, CNode* pBefore);
+    // The events that end an insertion.
+    void FireInserted(CXmlObjectBase* pItem);
+    // Deletes the chain starting at pNode, without events.
+    static void DeleteChain(CNode* pNode);
+    // Links copies of the nodes of other (sharing their items) behind the tail.
+    void AppendNodesOf(const CXmlCollection& other);
+};
+
+// Forward iterator over a CXmlCollection, standing on a node or on null (the end).
+// Dereferencing gives the item as T*; stepping from the end throws COxException
+// "No More Elements in the Collection". Generated collections instantiate it with their
+// item class; T must derive from CXmlObjectBase without virtual inheritance.
+template <class T>
+class COxIterator {
+public:
+    typedef std::forward_iterator_tag iterator_category;
+    typedef T* value_type;
+    typedef std::ptrdiff_t difference_type;
+    typedef T* const* pointer;
+    typedef T* reference;
+
+    COxIterator() : m_pNode(nullptr) {}
+    explicit COxIterator(CXmlCollection::CNode* pNode) : m_pNode(pNode) {}
+
+    // The item of the node; null at the end.
+    T* operator*() const { return m_pNode ? static_cast<T*>(m_pNode->m_pItem.Get()) : nullptr; }
+    T* operator->() const { return **this; }
+
+    COxIterator& operator++() {
+        if (!m_pNode) throw COxException("No More Elements in the Collection");
+        m_pNode = m_pNode->m_pNext;
+        return *this;
+    }
+    COxIterator operator++(int) {
+        COxIterator old(*this);
+        ++*this;
+        return old;
+    }
+
+    bool operator==(const COxIterator& other) const { return m_pNode == other.m_pNode; }
+    bool operator!=(const COxIterator& other) const { return m_pNode != other.m_pNode; }
+
+private:
+    CXmlCollection::CNode* m_pNode;
+};
+
+inline COxIterator<CXmlObjectBase> CXmlCollection::begin() const { return COxIterator<CXmlObjectBase>(m_pHead); }
+inline COxIterator<CXmlObjectBase> CXmlCollection::end() const { return COxIterator<CXmlObjectBase>(nullptr); }
+
+}  // namespace OrvexXml

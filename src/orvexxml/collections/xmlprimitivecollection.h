@@ -1,0 +1,314 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "orvexxml/collections/xmltypecollection.h"
+#include "orvexxml/export.h"
+#include "orvexxml/infrastructure/instancemonitor.h"
+#include "orvexxml/values/conversions.h"
+#include "orvexxml/writers/xmlwriter.h"
+
+namespace OrvexXml {
+
+// What sets the primitive collections apart: the item type, the class name under which
+// instances are counted, and the conversions between an item and its text.
+//
+// ToText takes the format override; only the float kinds use it (an empty one means the
+// default format). FromText applies the whitespace rule and refuses a text that doesn't fit
+// with the conversion's COxInvalidValueException.
+template <ItemType eType>
+struct CXmlPrimitiveTraits;
+
+template <>
+struct CXmlPrimitiveTraits<ItemType_i1> {
+    typedef char ValueType;
+    static constexpr const char* ClassName = "Ci1Col";
+    static std::string ToText(char value, const std::string&) { return CConversions::i1ToString(value); }
+    static char FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::i1FromString(text, rule);
+    }
+};
+
+template <>
+struct CXmlPrimitiveTraits<ItemType_i2> {
+    typedef int16_t ValueType;
+    static constexpr const char* ClassName = "Ci2Col";
+    static std::string ToText(int16_t value, const std::string&) { return CConversions::i2ToString(value); }
+    static int16_t FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::i2FromString(text, rule);
+    }
+};
+
+template <>
+struct CXmlPrimitiveTraits<ItemType_i4> {
+    typedef OxLong ValueType;
+    static constexpr const char* ClassName = "Ci4Col";
+    static std::string ToText(OxLong value, const std::string&) { return CConversions::i4ToString(value); }
+    static OxLong FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::i4FromString(text, rule);
+    }
+};
+
+template <>
+struct CXmlPrimitiveTraits<ItemType_i8> {
+    typedef int64_t ValueType;
+    static constexpr const char* ClassName = "Ci8Col";
+    static std::string ToText(int64_t value, const std::string&) { return CConversions::i8ToString(value); }
+    static int64_t FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::i8FromString(text, rule);
+    }
+};
+
+template <>
+struct CXmlPrimitiveTraits<ItemType_ui1> {
+    typedef uint8_t ValueType;
+    static constexpr const char* ClassName = "Cui1Col";
+    static std::string ToText(uint8_t value, const std::string&) { return CConversions::ui1ToString(value); }
+    static uint8_t FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::ui1FromString(text, rule);
+    }
+};
+
+template <>
+struct CXmlPrimitiveTraits<ItemType_ui2> {
+    typedef uint16_t ValueType;
+    static constexpr const char* ClassName = "Cui2Col";
+    static std::string ToText(uint16_t value, const std::string&) { return CConversions::ui2ToString(value); }
+    static uint16_t FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::ui2FromString(text, rule);
+    }
+};
+
+template <>
+struct CXmlPrimitiveTraits<ItemType_ui4> {
+    typedef OxULong ValueType;
+    static constexpr const char* ClassName = "Cui4Col";
+    static std::string ToText(OxULong value, const std::string&) { return CConversions::ui4ToString(value); }
+    static OxULong FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::ui4FromString(text, rule);
+    }
+};
+
+template <>
+struct CXmlPrimitiveTraits<ItemType_ui8> {
+    typedef uint64_t ValueType;
+    static constexpr const char* ClassName = "Cui8Col";
+    static std::string ToText(uint64_t value, const std::string&) { return CConversions::ui8ToString(value); }
+    static uint64_t FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::ui8FromString(text, rule);
+    }
+};
+
+template <>
+struct CXmlPrimitiveTraits<ItemType_r4> {
+    typedef float ValueType;
+    static constexpr const char* ClassName = "Cr4Col";
+    static std::string ToText(float value, const std::string& format) {
+        return CConversions::r4ToString(value, format);
+    }
+    static float FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::r4FromString(text, rule);
+    }
+};
+
+template <>
+struct CXmlPrimitiveTraits<ItemType_r8> {
+    typedef double ValueType;
+    static constexpr const char* ClassName = "Cr8Col";
+    static std::string ToText(double value, const std::string& format) {
+        return CConversions::r8ToString(value, format);
+    }
+    static double FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::r8FromString(text, rule);
+    }
+};
+
+template <>
+struct CXmlPrimitiveTraits<ItemType_string> {
+    typedef std::string ValueType;
+    static constexpr const char* ClassName = "CstringCol";
+    // The item is its own text: handed to the writer as it is, without a copy.
+    static const std::string& ToText(const std::string& value, const std::string&) { return value; }
+    static std::string FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::stringFromString(text, rule);
+    }
+};
+
+template <>
+struct CXmlPrimitiveTraits<ItemType_boolean> {
+    typedef bool ValueType;
+    static constexpr const char* ClassName = "CbooleanCol";
+    static std::string ToText(bool value, const std::string&) { return CConversions::booleanToString(value); }
+    static bool FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::booleanFromString(text, rule);
+    }
+};
+
+// The shared implementation of the primitive collections. Items are held by value, in
+// order, in one std::vector (duplicates allowed); each concrete class (Ci4Col, CstringCol,
+// ...) only names its ItemType. Instances are counted by CInstanceMonitor under the
+// concrete class's name.
+//
+// Events: add carries the address of the value being added, add complete the address of
+// the stored item (of the value added, for bool, whose packed storage has no addresses);
+// remove and remove complete a pointer to the index. The add and remove events come before
+// the index is checked, so a listener may hear an add or remove that then fails, and gets
+// nothing more for it.
+template <ItemType eType>
+class ORVEXXML_API CXmlPrimitiveCollection : public CXmlTypeCollection, public CInstanceMonitor {
+public:
+    typedef CXmlPrimitiveTraits<eType> Traits;
+    typedef typename Traits::ValueType ValueType;
+    typedef typename std::vector<ValueType>::iterator iterator;
+    typedef typename std::vector<ValueType>::const_iterator const_iterator;
+
+    // The arguments of CXmlTypeCollection after the ItemType: element name, namespace,
+    // minOccurs, maxOccurs (-1 unbounded), the ten facets, the whitespace rule of input text
+    // and the format override of output (null or empty for the default format).
+    CXmlPrimitiveCollection(const char* pszElementName, const char* pszNamespace, int nMinOccurs, int nMaxOccurs,
+                            const char* pszPattern, OxLong nMinLength, OxLong nMaxLength, const char* pszMinInclusive,
+                            const char* pszMaxInclusive, const char* pszMinExclusive, const char* pszMaxExclusive,
+                            OxLong nLength, OxLong nTotalDigits, OxLong nFractionDigits,
+                            CWhitespaceUtils::WhitespaceRule eWhitespaceRule, const char* pszFormatOverride);
+
+    // AddAt(GetCount(), value).
+    void Add(ValueType value);
+    // Inserts value before position nIndex; nIndex equal to the count appends. Fires add
+    // first, then throws COxInvalidParamException "Index out of range" for an index outside
+    // 0 to count; on success fires add complete and change.
+    void AddAt(int nIndex, ValueType value);
+    // A copy of the item; COxInvalidParamException "Index %d is out of range, use 0 - %d"
+    // for an index outside 0 to count - 1. No events.
+    ValueType Item(int nIndex) const;
+
+    int GetCount() const override { return static_cast<int>(m_items.size()); }
+    // Removes item 0 through the virtual Remove until no item is left; each fires its events.
+    void Clear() override;
+    // Fires remove, then throws as Item does for a bad index; on success erases the item and
+    // fires remove complete and change.
+    void Remove(int nIndex) override;
+
+    // Direct access to the items. Writing through these bypasses all checks and events.
+    iterator begin() { return m_items.begin(); }
+    iterator end() { return m_items.end(); }
+    const_iterator begin() const { return m_items.begin(); }
+    const_iterator end() const { return m_items.end(); }
+
+protected:
+    ~CXmlPrimitiveCollection() override;
+
+    // Validates the count (throwing on a count outside the limits unless the context ignores
+    // counts), then writes one element per item with the collection's own name and namespace.
+    // The namespace and flag arguments are not used.
+    void ToXml_Int(CXmlWriter* pWriter, bool bRoot, const char* pszNamespace, const CSerializationContext& ctx,
+                   bool bOptionalChoice) const override;
+    // The reading loop of CXmlTypeCollection, converting and adding each text directly.
+    CXmlElement* FromXml_Int(CXmlElement* pElement, CXmlElement* pFirstChild, const CSerializationContext& ctx,
+                             bool bOptionalChoice) override;
+    // Converts strText with the item type's conversion and the whitespace rule, then adds it.
+    void AddFromString(const std::string& strText) override;
+
+    std::vector<ValueType> m_items;
+};
+
+template <ItemType eType>
+CXmlPrimitiveCollection<eType>::CXmlPrimitiveCollection(
+    const char* pszElementName, const char* pszNamespace, int nMinOccurs, int nMaxOccurs, const char* pszPattern,
+    OxLong nMinLength, OxLong nMaxLength, const char* pszMinInclusive, const char* pszMaxInclusive,
+    const char* pszMinExclusive, const char* pszMaxExclusive, OxLong nLength, OxLong nTotalDigits,
+    OxLong nFractionDigits, CWhitespaceUtils::WhitespaceRule eWhitespaceRule, const char* pszFormatOverride)
+    : CXmlTypeCollection(eType, pszElementName, pszNamespace, nMinOccurs, nMaxOccurs, pszPattern, nMinLength,
+                         nMaxLength, pszMinInclusive, pszMaxInclusive, pszMinExclusive, pszMaxExclusive, nLength,
+                         nTotalDigits, nFractionDigits, eWhitespaceRule, pszFormatOverride),
+      CInstanceMonitor(Traits::ClassName) {}
+
+template <ItemType eType>
+CXmlPrimitiveCollection<eType>::~CXmlPrimitiveCollection() {}
+
+template <ItemType eType>
+void CXmlPrimitiveCollection<eType>::Add(ValueType value) {
+    AddAt(static_cast<int>(m_items.size()), std::move(value));
+}
+
+template <ItemType eType>
+void CXmlPrimitiveCollection<eType>::AddAt(int nIndex, ValueType value) {
+    FireOnCollectionAdd(&value);
+    CheckInsertIndex(nIndex, static_cast<int>(m_items.size()));
+    // Facet check: value is to be tested against m_restrictions here, under the element name,
+    // by the check for eType (ValidatePrimitive(GetElementName(), value, m_eItemType,
+    // m_restrictions)), whose exception leaves the collection unchanged. Values are taken as
+    // they are until value validation is part of the library.
+    iterator itStored = m_items.insert(m_items.begin() + nIndex, std::move(value));
+    if constexpr (std::is_same<ValueType, bool>::value) {
+        (void)itStored;
+        FireOnCollectionAddComplete(&value);
+    } else {
+        FireOnCollectionAddComplete(&*itStored);
+    }
+    FireOnCollectionChange();
+}
+
+template <ItemType eType>
+typename CXmlPrimitiveCollection<eType>::ValueType CXmlPrimitiveCollection<eType>::Item(int nIndex) const {
+    CheckItemIndex(nIndex, static_cast<int>(m_items.size()));
+    return m_items[static_cast<size_t>(nIndex)];
+}
+
+template <ItemType eType>
+void CXmlPrimitiveCollection<eType>::Clear() {
+    while (!m_items.empty()) Remove(0);
+}
+
+template <ItemType eType>
+void CXmlPrimitiveCollection<eType>::Remove(int nIndex) {
+    FireOnCollectionRemove(nIndex);
+    CheckItemIndex(nIndex, static_cast<int>(m_items.size()));
+    m_items.erase(m_items.begin() + nIndex);
+    FireOnCollectionRemoveComplete(nIndex);
+    FireOnCollectionChange();
+}
+
+template <ItemType eType>
+void CXmlPrimitiveCollection<eType>::ToXml_Int(CXmlWriter* pWriter, bool, const char*, const CSerializationContext& ctx,
+                                               bool) const {
+    ValidateCount(ctx);
+    const std::string& strName = GetElementName();
+    for (const_iterator it = m_items.begin(); it != m_items.end(); ++it) {
+        pWriter->WriteStartElement(strName, m_strNamespace);
+        pWriter->WriteElementText(Traits::ToText(*it, m_strFormatOverride), eType, false);
+        pWriter->WriteEndElement();
+    }
+}
+
+template <ItemType eType>
+CXmlElement* CXmlPrimitiveCollection<eType>::FromXml_Int(CXmlElement*, CXmlElement* pFirstChild,
+                                                         const CSerializationContext& ctx, bool) {
+    return ReadItems(pFirstChild, ctx, [this](const std::string& strText) {
+        AddAt(static_cast<int>(m_items.size()), Traits::FromText(strText, m_eWhitespaceRule));
+    });
+}
+
+template <ItemType eType>
+void CXmlPrimitiveCollection<eType>::AddFromString(const std::string& strText) {
+    Add(Traits::FromText(strText, m_eWhitespaceRule));
+}
+
+// The instantiations live in the library; code that includes this header links to them.
+extern template class CXmlPrimitiveCollection<ItemType_i1>;
+extern template class CXmlPrimitiveCollection<ItemType_i2>;
+extern template class CXmlPrimitiveCollection<ItemType_i4>;
+extern template class CXmlPrimitiveCollection<ItemType_i8>;
+extern template class CXmlPrimitiveCollection<ItemType_ui1>;
+extern template class CXmlPrimitiveCollection<ItemType_ui2>;
+extern template class CXmlPrimitiveCollection<ItemType_ui4>;
+extern template class CXmlPrimitiveCollection<ItemType_ui8>;
+extern template class CXmlPrimitiveCollection<ItemType_r4>;
+extern template class CXmlPrimitiveCollection<ItemType_r8>;
+extern template class CXmlPrimitiveCollection<ItemType_string>;
+extern template class CXmlPrimitiveCollection<ItemType_boolean>;
+
+}  // namespace OrvexXml
