@@ -9,7 +9,10 @@
 #include "note.h"
 #include "person.h"
 #include "primitiveset.h"
+#include "selection.h"
+#include "settings.h"
 #include "shape.h"
+#include "tally.h"
 
 using namespace OrvexXml;
 
@@ -40,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
     }
     const CSerializationContext& ctx = s_contexts[pData[0] % 4];
     std::string text(reinterpret_cast<const char*>(pData + 1), nSize - 1);
-    switch ((pData[0] >> 2) % 4) {
+    switch ((pData[0] >> 2) % 7) {
         case 0:
             ReadInto<Samples::CPerson>(text, ctx);
             break;
@@ -50,8 +53,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
         case 2:
             ReadInto<Samples::CShape>(text, ctx);
             break;
-        default:
+        case 3:
             ReadInto<Samples::CNote>(text, ctx);
+            break;
+        case 4:
+            ReadInto<Samples::CTally>(text, ctx);
+            break;
+        case 5:
+            ReadInto<Samples::CSettings>(text, ctx);
+            break;
+        default:
+            ReadInto<Samples::CSelection>(text, ctx);
             break;
     }
     return 0;
