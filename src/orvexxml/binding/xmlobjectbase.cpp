@@ -6,6 +6,8 @@
 #include "orvexxml/collections/xmlcollectionbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/infrastructure/filebinarystream.h"
+#include "orvexxml/infrastructure/filetextstream.h"
 #include "orvexxml/infrastructure/textstream.h"
 #include "orvexxml/writers/xmltextwriter.h"
 #include "orvexxml/xml/xmldocument.h"
@@ -65,10 +67,8 @@ CXmlObjectBase::~CXmlObjectBase() {}
 
 void CXmlObjectBase::OnEvent(CXmlObjectBase*, IEventSink::MsgType, void*) {}
 
-std::string CXmlObjectBase::ToXml(bool bHeader, bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const {
-    CheckVersion();
-    CTextStream stream(XmlEncoding_None);
-    CXmlTextWriter writer(&stream);
+void CXmlObjectBase::WriteDocument(CXmlTextWriter& writer, bool bHeader, bool bFormatted, EOLType eEOL,
+                                   const CSerializationContext& ctx) const {
     writer.StartDocument();
     writer.SetFormatted(bFormatted);
     writer.SetIndentChars(ctx.GetIndentChars().c_str());
@@ -78,7 +78,50 @@ std::string CXmlObjectBase::ToXml(bool bHeader, bool bFormatted, EOLType eEOL, c
     std::string strNamespace = GetTargetNamespace();
     ToXml_Int(&writer, true, strNamespace.c_str(), ctx, false);
     writer.EndDocument();
+}
+
+std::string CXmlObjectBase::ToXml(bool bHeader, bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const {
+    CheckVersion();
+    CTextStream stream(XmlEncoding_None);
+    CXmlTextWriter writer(&stream);
+    WriteDocument(writer, bHeader, bFormatted, eEOL, ctx);
     return std::string(stream.GetText(), stream.GetLength());
+}
+
+// Compression of stream output joins here with the deflate support; until then a request
+// for it is refused rather than answered with uncompressed bytes.
+static void Compress(CBinaryData&, CompressionType eCompression) {
+    if (eCompression != CompressionType_None) {
+        throw COxInvalidParamException("Compressed output is not supported by this build of the library");
+    }
+}
+
+CBinaryData CXmlObjectBase::ToXmlStream(bool bHeader, bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
+                                        const CSerializationContext& ctx, CompressionType eCompression) const {
+    CheckVersion();
+    CTextStream stream(eEncoding);
+    CXmlTextWriter writer(&stream);
+    WriteDocument(writer, bHeader, bFormatted, eEOL, ctx);
+    CBinaryData data = stream.GetEncodedData();
+    Compress(data, eCompression);
+    return data;
+}
+
+void CXmlObjectBase::ToXmlFile(const char* pszFileName, bool bHeader, bool bFormatted, XmlEncoding eEncoding,
+                               EOLType eEOL, const CSerializationContext& ctx, CompressionType eCompression) const {
+    if (eCompression == CompressionType_ZLib) {
+        throw COxException("ZLIB Compression only available for To Stream methods.");
+    }
+    if (GetAsyncToXmlFile() && eCompression == CompressionType_None) {
+        CheckVersion();
+        CFileTextStream stream(pszFileName, eEncoding);
+        CXmlTextWriter writer(&stream);
+        WriteDocument(writer, bHeader, bFormatted, eEOL, ctx);
+        return;
+    }
+    CFileBinaryStream file(pszFileName, eEncoding,
+                           ToXmlStream(bHeader, bFormatted, eEncoding, eEOL, ctx, eCompression));
+    file.WriteToFile();
 }
 
 void CXmlObjectBase::ReadDocument(CXmlDocument& doc, const CSerializationContext& ctx) {
@@ -98,6 +141,26 @@ void CXmlObjectBase::FromXml(const char* pszXml, const CSerializationContext& ct
     CheckVersion();
     CXmlDocument doc(ctx);
     doc.LoadXml(pszXml);
+    ReadDocument(doc, ctx);
+}
+
+void CXmlObjectBase::FromXmlFile(const char* pszFileName, const CSerializationContext& ctx) {
+    CheckVersion();
+    CXmlDocument doc(ctx);
+    doc.Load(pszFileName);
+    ReadDocument(doc, ctx);
+}
+
+void CXmlObjectBase::FromXmlStream(const CBinaryData& data, const CSerializationContext& ctx) {
+    // The bytes are only read; the loader's signature is shared with callers that hand over
+    // a writable buffer.
+    FromXmlStream(const_cast<unsigned char*>(data.GetData()), data.GetLength(), ctx);
+}
+
+void CXmlObjectBase::FromXmlStream(unsigned char* const pData, OxULong nLength, const CSerializationContext& ctx) {
+    CheckVersion();
+    CXmlDocument doc(ctx);
+    doc.LoadXmlStream(pData, nLength);
     ReadDocument(doc, ctx);
 }
 

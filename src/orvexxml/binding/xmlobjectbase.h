@@ -5,6 +5,7 @@
 
 #include "orvexxml/export.h"
 #include "orvexxml/infrastructure/encodingtypes.h"
+#include "orvexxml/values/binarydata.h"
 
 namespace OrvexXmlData {
 class CElementInfo;
@@ -16,6 +17,7 @@ namespace OrvexXml {
 class CXmlWriter;
 class CXmlElement;
 class CXmlDocument;
+class CXmlTextWriter;
 class CSerializationContext;
 class CXmlObjectBase;
 class CXmlCollectionBase;
@@ -74,12 +76,25 @@ public:
     // --- virtual slots, in interface order -------------------------------------------
     void OnEvent(CXmlObjectBase* pSource, IEventSink::MsgType type, void* pData) override;
     virtual CXmlObjectBase* GetBase() = 0;
+    // Writes the object as an XML document into a file, in the given encoding. With
+    // AsyncToXmlFile(true) and no compression the text goes to the disk while it is written;
+    // otherwise the document is built in memory and written with one call.
+    virtual void ToXmlFile(const char* pszFileName, bool bHeader, bool bFormatted, XmlEncoding eEncoding,
+                           EOLType eEOL, const CSerializationContext& ctx, CompressionType eCompression) const;
     // Writes the object as an XML document in the local encoding.
     virtual std::string ToXml(bool bHeader, bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const;
+    // Writes the object as an XML document in the given encoding, as bytes.
+    virtual CBinaryData ToXmlStream(bool bHeader, bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
+                                    const CSerializationContext& ctx, CompressionType eCompression) const;
+    // Reads the object from a file.
+    virtual void FromXmlFile(const char* pszFileName, const CSerializationContext& ctx);
     // Reads the object from XML text: wide text (converted to UTF-16 for the parser), or
     // narrow text parsed in the encoding its declaration names, UTF-8 if none.
     virtual void FromXml(const wchar_t* pszXml, const CSerializationContext& ctx);
     virtual void FromXml(const char* pszXml, const CSerializationContext& ctx);
+    // Reads the object from bytes: XML in any encoding the parser recognises.
+    virtual void FromXmlStream(const CBinaryData& data, const CSerializationContext& ctx);
+    virtual void FromXmlStream(unsigned char* const pData, OxULong nLength, const CSerializationContext& ctx);
     // Reads the object from an element of a document the caller holds.
     virtual void FromXmlElement(const CXmlElement* pElement, const CSerializationContext& ctx);
 
@@ -138,6 +153,9 @@ protected:
     static void CheckVersion();
     // Reads the object from the root element of a loaded document.
     void ReadDocument(CXmlDocument& doc, const CSerializationContext& ctx);
+    // The body of every text write: settings, declaration, the walk, the end of the document.
+    void WriteDocument(CXmlTextWriter& writer, bool bHeader, bool bFormatted, EOLType eEOL,
+                       const CSerializationContext& ctx) const;
 
     // Helpers that keep the one-of rule of a choice. 'selected' is the generated class's
     // record of the member that is set (its element name), empty when none is.
