@@ -13,6 +13,14 @@
 #define ORVEXXML_API __attribute__((visibility("default")))
 #endif
 
+// Explicit instantiation definitions of exported templates: clang needs the visibility
+// repeated there, gcc takes it from the class and warns if it is repeated.
+#if defined(__clang__)
+#define ORVEXXML_INSTANTIATION_API ORVEXXML_API
+#else
+#define ORVEXXML_INSTANTIATION_API
+#endif
+
 #if defined(__GNUC__)
 #define ORVEXXML_PRINTF(fmt, args) __attribute__((format(printf, fmt, args)))
 #else

@@ -348,6 +348,24 @@ TEST_F(FileTextStream, OpenFailuresTellTheFileAndTheSystemCode) {
     EXPECT_EQ(nDescriptors, OpenDescriptors());
 }
 
+TEST_F(FileTextStream, OpenFailureCodeIsPrintedInUpperCaseHex) {
+    // A file that can't be created for a reason whose code holds hex letters: in sysfs that is
+    // "permission denied" (0x0D), or "read-only file system" (0x1E) where it is mounted so.
+    const std::string strPath = "/sys/orvex-streams-test.xml";
+    const int hProbe = ::open(strPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
+    const int nError = errno;
+    if (hProbe >= 0) {
+        ::close(hProbe);
+        ::unlink(strPath.c_str());
+        GTEST_SKIP() << "sysfs accepts new files here";
+    }
+    if (nError != EACCES && nError != EROFS) GTEST_SKIP() << "sysfs refuses with errno " << nError;
+    const char* pszCode = nError == EACCES ? "0x0000000D" : "0x0000001E";
+    CFileTextStream stream(strPath.c_str(), XmlEncoding_UTF8);
+    ExpectException([&]() { stream.Start(); },
+                    "Failed to write data to the file [" + strPath + "] error [" + pszCode + "]");
+}
+
 TEST_F(FileTextStream, FailedWriteTellsTheSystemCodeAndClosesTheFile) {
     const int nDescriptors = OpenDescriptors();
     // Every write to /dev/full fails with "no space left" (28).

@@ -47,6 +47,10 @@ TEST_F(TextEncoder, Utf16ToUtf8StopsAtAnUnpairedSurrogate) {
     EXPECT_EQ("a\xC3\xA9", Bytes(Utf16ToUtf8(loneHigh)));
     const char16_t loneLow[] = {u'a', 0xDE00, 0xD83D, 0xDE00, 0};
     EXPECT_EQ("a", Bytes(Utf16ToUtf8(loneLow)));
+    const char16_t twoLows[] = {u'a', 0xDC00, 0xDC00, u'b', 0};
+    EXPECT_EQ("a", Bytes(Utf16ToUtf8(twoLows)));
+    const char16_t twoHighs[] = {u'a', 0xD800, 0xD800, 0xDC00, 0};
+    EXPECT_EQ("a", Bytes(Utf16ToUtf8(twoHighs)));
     const char16_t highAtEnd[] = {u'x', u'y', 0xD83D, 0};
     EXPECT_EQ("xy", Bytes(Utf16ToUtf8(highAtEnd)));
     // Nothing before the surrogate: the empty value.
@@ -162,6 +166,24 @@ TEST_F(TextEncoder, LocalToUtf16DecodesUtf8AsTheCodePageConverterDoes) {
             << "case " << nCase << ": "
             << CBinaryData::GetAsHexString(reinterpret_cast<const unsigned char*>(strText.data()),
                                            static_cast<OxULong>(strText.size()));
+    }
+}
+
+TEST_F(TextEncoder, NonAsciiByteIsFoundAtEveryPositionOfALongRun) {
+    for (size_t nOffset = 0; nOffset < 20; ++nOffset) {
+        SCOPED_TRACE(nOffset);
+        const std::string strRun(nOffset, 'a');
+        const std::string strTail(11, 'b');
+        std::string strUtf16;
+        for (char c : strRun) strUtf16 += std::string(1, c) + '\0';
+        strUtf16 += std::string("\xE9\0", 2);
+        for (char c : strTail) strUtf16 += std::string(1, c) + '\0';
+        EXPECT_EQ(strUtf16, Bytes(LocalToUtf16((strRun + "\xC3\xA9" + strTail).c_str())));
+
+        SetLocalCharEncoding(1252);
+        EXPECT_EQ(strRun + "\xC3\xA9" + strTail, Bytes(LocalToUtf8((strRun + "\xE9" + strTail).c_str())));
+        EXPECT_EQ(strUtf16, Bytes(LocalToUtf16((strRun + "\xE9" + strTail).c_str())));
+        SetLocalCharEncoding(ORVEXXML_CP_UTF8);
     }
 }
 

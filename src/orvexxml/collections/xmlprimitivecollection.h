@@ -260,6 +260,12 @@ typename CXmlPrimitiveCollection<eType>::ValueType CXmlPrimitiveCollection<eType
 
 template <ItemType eType>
 void CXmlPrimitiveCollection<eType>::Clear() {
+    // Items leave one by one from the front, each with its events. Nobody can observe that
+    // without a listener, so then the vector is emptied at once instead of in quadratic time.
+    if (m_listeners.empty()) {
+        m_items.clear();
+        return;
+    }
     while (!m_items.empty()) Remove(0);
 }
 
@@ -298,17 +304,17 @@ void CXmlPrimitiveCollection<eType>::AddFromString(const std::string& strText) {
 }
 
 // The instantiations live in the library; code that includes this header links to them.
-extern template class CXmlPrimitiveCollection<ItemType_i1>;
-extern template class CXmlPrimitiveCollection<ItemType_i2>;
-extern template class CXmlPrimitiveCollection<ItemType_i4>;
-extern template class CXmlPrimitiveCollection<ItemType_i8>;
-extern template class CXmlPrimitiveCollection<ItemType_ui1>;
-extern template class CXmlPrimitiveCollection<ItemType_ui2>;
-extern template class CXmlPrimitiveCollection<ItemType_ui4>;
-extern template class CXmlPrimitiveCollection<ItemType_ui8>;
-extern template class CXmlPrimitiveCollection<ItemType_r4>;
-extern template class CXmlPrimitiveCollection<ItemType_r8>;
-extern template class CXmlPrimitiveCollection<ItemType_string>;
-extern template class CXmlPrimitiveCollection<ItemType_boolean>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_i1>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_i2>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_i4>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_i8>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_ui1>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_ui2>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_ui4>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_ui8>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_r4>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_r8>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_string>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_boolean>;
 
 }  // namespace OrvexXml

@@ -108,7 +108,8 @@ void CFileTextStream::Flush() {
 
 void CFileTextStream::End() {
     Flush();
-    // What Flush held back is an incomplete character at the very end; it goes out now.
+    // What Flush leaves in the buffer, text short of a full write or an incomplete character
+    // at the very end, goes out now.
     if (GetLength() != 0) WriteBuffered(true);
     const int nError = CompletePendingWrite();
     if (nError != 0) FailWrite(nError);

@@ -1,5 +1,7 @@
 #include "orvexxml/infrastructure/textencoder.h"
 
+#include <sys/mman.h>
+
 #include <cstdint>
 #include <cstring>
 #include <cwchar>
@@ -21,6 +23,21 @@ OxULong CheckedLength(size_t nLength) {
     return static_cast<OxULong>(nLength);
 }
 
+// A new[] array for a result of nLength bytes. A large result is written once from end to end
+// right after it is allocated, so its memory is asked for in huge pages where the system offers
+// them on request: one page fault per 2 MB instead of one per 4 KB, which on some systems costs
+// more than the conversion itself. Without that support the advice is ignored.
+std::unique_ptr<unsigned char[]> AllocateResult(size_t nLength) {
+    std::unique_ptr<unsigned char[]> spData(new unsigned char[nLength]);
+    const size_t kHugePage = 2 * 1024 * 1024;
+    if (nLength >= 2 * kHugePage) {
+        const uintptr_t nStart = (reinterpret_cast<uintptr_t>(spData.get()) + kHugePage - 1) & ~(kHugePage - 1);
+        const uintptr_t nEnd = (reinterpret_cast<uintptr_t>(spData.get()) + nLength) & ~(kHugePage - 1);
+        if (nEnd > nStart) ::madvise(reinterpret_cast<void*>(nStart), nEnd - nStart, MADV_HUGEPAGE);
+    }
+    return spData;
+}
+
 // Hands a new[] array of exactly nLength bytes to a CBinaryData without another copy. An empty
 // result leaves the array to spData, since the empty value takes no array.
 CBinaryData TakeOver(std::unique_ptr<unsigned char[]>& spData, size_t nLength) {
@@ -33,7 +50,7 @@ CBinaryData TakeOver(std::unique_ptr<unsigned char[]>& spData, size_t nLength) {
 // A copy of the bytes, allocated to their exact length.
 CBinaryData CopyBytes(const char* pData, size_t nLength) {
     if (nLength == 0) return CBinaryData();
-    std::unique_ptr<unsigned char[]> spData(new unsigned char[nLength]);
+    std::unique_ptr<unsigned char[]> spData = AllocateResult(nLength);
     std::memcpy(spData.get(), pData, nLength);
     return TakeOver(spData, nLength);
 }
@@ -284,7 +301,7 @@ CBinaryData EncodeUtf8(const TUnit* p, size_t nLength) {
     size_t nAscii = 0;
     while (nAscii < nLength && static_cast<uint32_t>(p[nAscii]) < 0x80) ++nAscii;
     if (nAscii == nLength) {
-        std::unique_ptr<unsigned char[]> spData(new unsigned char[nLength]);
+        std::unique_ptr<unsigned char[]> spData = AllocateResult(nLength);
         for (size_t i = 0; i < nLength; ++i) spData[i] = static_cast<unsigned char>(p[i]);
         return TakeOver(spData, nLength);
     }
@@ -295,7 +312,7 @@ CBinaryData EncodeUtf8(const TUnit* p, size_t nLength) {
     while (TReader::Next(p, nLength, i, nChar)) nBytes += Utf8Size(nChar);
     if (nBytes == 0) return CBinaryData();
 
-    std::unique_ptr<unsigned char[]> spData(new unsigned char[nBytes]);
+    std::unique_ptr<unsigned char[]> spData = AllocateResult(nBytes);
     unsigned char* pOut = spData.get();
     for (i = 0; i < nAscii; ++i) *pOut++ = static_cast<unsigned char>(p[i]);
     while (TReader::Next(p, nLength, i, nChar)) pOut = PutUtf8(pOut, nChar);
@@ -344,7 +361,7 @@ CBinaryData LocalToUtf8(const char* pLocal, size_t nLength) {
         for (size_t i = nAscii; i < nLength; ++i) {
             if (pBytes[i] >= 0x80) nBytes += Utf8Size(pTable[pBytes[i] - 0x80]) - 1;
         }
-        std::unique_ptr<unsigned char[]> spData(new unsigned char[nBytes]);
+        std::unique_ptr<unsigned char[]> spData = AllocateResult(nBytes);
         unsigned char* pOut = spData.get();
         std::memcpy(pOut, pBytes, nAscii);
         pOut += nAscii;
@@ -377,7 +394,7 @@ CBinaryData LocalToUtf16(const char* pLocal, size_t nLength) {
     if (nCodePage == ORVEXXML_CP_UTF8) {
         // Measured first, then converted straight into the result: no temporary.
         const size_t nUnits = DecodeUtf8ToUtf16Le<false>(pBytes, nLength, nullptr);
-        std::unique_ptr<unsigned char[]> spData(new unsigned char[nUnits * 2]);
+        std::unique_ptr<unsigned char[]> spData = AllocateResult(nUnits * 2);
         DecodeUtf8ToUtf16Le<true>(pBytes, nLength, spData.get());
         return TakeOver(spData, nUnits * 2);
     }
@@ -386,7 +403,7 @@ CBinaryData LocalToUtf16(const char* pLocal, size_t nLength) {
     if (nAscii == nLength || IsSimpleSingleByte(nCodePage)) {
         // One unit per byte; 7-bit bytes are the same in every code page offered.
         const char16_t* pTable = nAscii == nLength ? nullptr : SingleByteTable(nCodePage);
-        std::unique_ptr<unsigned char[]> spData(new unsigned char[nLength * 2]);
+        std::unique_ptr<unsigned char[]> spData = AllocateResult(nLength * 2);
         unsigned char* pOut = spData.get();
         for (size_t i = 0; i < nLength; ++i) {
             const unsigned char c = pBytes[i];
@@ -400,7 +417,7 @@ CBinaryData LocalToUtf16(const char* pLocal, size_t nLength) {
     std::unique_ptr<char16_t[]> spUnits;
     const size_t nUnits = LocalToUnits(pLocal, nLength, spUnits);
     if (nUnits == 0) return CBinaryData();
-    std::unique_ptr<unsigned char[]> spData(new unsigned char[nUnits * 2]);
+    std::unique_ptr<unsigned char[]> spData = AllocateResult(nUnits * 2);
     unsigned char* pOut = spData.get();
     for (size_t i = 0; i < nUnits; ++i) {
         pOut[2 * i] = static_cast<unsigned char>(spUnits[i] & 0xFF);

@@ -1,0 +1,83 @@
+// Peak memory of reading a large file with FromXmlFile, and of writing a large document with
+// the direct file route, each measured in a child process of its own so that the peaks don't
+// mix. Prints the peak growth in MB and as a ratio to the file's size.
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+#include "benchdocument.h"
+
+using namespace OrvexXml;
+
+namespace {
+
+long PeakKiB() {
+    struct rusage usage;
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+}
+
+long FileSize(const std::string& strPath) {
+    std::ifstream in(strPath, std::ios::binary | std::ios::ate);
+    return static_cast<long>(in.tellg());
+}
+
+// Runs fn in a child; the child prints its own line.
+template <class F>
+void InChild(F fn) {
+    std::fflush(stdout);
+    pid_t pid = fork();
+    if (pid == 0) {
+        fn();
+        std::fflush(stdout);
+        _exit(0);
+    }
+    int nStatus = 0;
+    waitpid(pid, &nStatus, 0);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    size_t nMegabytes = argc > 1 ? static_cast<size_t>(std::atoi(argv[1])) : 25;
+    std::string strFile = "/tmp/orvexxml-memory-" + std::to_string(getpid()) + ".xml";
+    const CSerializationContext& ctx = CSerializationContext::GetDefaultContext();
+    {
+        CSmartPtr<Samples::CReadingLog> log = MakeReadingLog(nMegabytes * 1000 * 1000);
+        log->ToXmlFile(strFile.c_str(), true, true, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None);
+    }
+    const long nFileBytes = FileSize(strFile);
+    std::printf("file: %.1f MB\n", nFileBytes / 1e6);
+
+    for (bool bAsync : {false, true}) {
+        InChild([&] {
+            AsyncFromXmlFile(bAsync);
+            CSmartPtr<Samples::CReadingLog> target = Samples::CReadingLog::CreateInstance();
+            long nBefore = PeakKiB();
+            target->FromXmlFile(strFile.c_str(), ctx);
+            long nGrowth = (PeakKiB() - nBefore) * 1024;
+            std::printf("FromXmlFile (%s): peak growth %.1f MB = %.2f x file size\n",
+                        bAsync ? "chunked" : "whole file", nGrowth / 1e6, static_cast<double>(nGrowth) / nFileBytes);
+        });
+    }
+    for (bool bAsync : {false, true}) {
+        InChild([&] {
+            CSmartPtr<Samples::CReadingLog> log = MakeReadingLog(nMegabytes * 1000 * 1000);
+            AsyncToXmlFile(bAsync);
+            long nBefore = PeakKiB();
+            log->ToXmlFile((strFile + ".out").c_str(), true, true, XmlEncoding_UTF8, EOLType_LF, ctx,
+                           CompressionType_None);
+            long nGrowth = (PeakKiB() - nBefore) * 1024;
+            std::printf("ToXmlFile (%s): peak growth while writing %.1f MB = %.2f x file size\n",
+                        bAsync ? "direct" : "in memory", nGrowth / 1e6, static_cast<double>(nGrowth) / nFileBytes);
+        });
+    }
+    std::remove(strFile.c_str());
+    std::remove((strFile + ".out").c_str());
+    return 0;
+}
