@@ -85,7 +85,7 @@ std::string CXmlObjectBase::ToXml(bool bHeader, bool bFormatted, EOLType eEOL, c
     CTextStream stream(XmlEncoding_None);
     CXmlTextWriter writer(&stream);
     WriteDocument(writer, bHeader, bFormatted, eEOL, ctx);
-    return std::string(stream.GetText(), stream.GetLength());
+    return stream.GetTextAsString();
 }
 
 // Compression of stream output joins here with the deflate support; until then a request

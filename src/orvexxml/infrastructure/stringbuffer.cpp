@@ -112,4 +112,14 @@ void CStringBuffer::ReleaseAll() {
     m_dwTotalBufferLen = 0;
 }
 
+void CStringBuffer::CopyTo(char* pDest) const {
+    // Every block but the last is full; the last holds m_LastBlock_DataIn bytes.
+    const size_t nBlocks = m_vecBlocks.size();
+    for (size_t i = 0; i + 1 < nBlocks; ++i) {
+        std::memcpy(pDest, m_vecBlocks[i], m_vecBlockSizes[i]);
+        pDest += m_vecBlockSizes[i];
+    }
+    if (nBlocks != 0) std::memcpy(pDest, m_pLastBlock, m_LastBlock_DataIn);
+}
+
 }  // namespace OrvexXml

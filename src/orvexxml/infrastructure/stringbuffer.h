@@ -61,6 +61,8 @@ public:
     // The whole text as one null-terminated string. Joins the blocks if there are several;
     // the pointer stays valid until the next change of the buffer.
     const char* GetBuffer();
+    // Copies the whole text (GetLength() bytes) to pDest in order, without joining the blocks.
+    void CopyTo(char* pDest) const;
 
 private:
     void AppendSlow(const char* pData, uint32_t nLen);

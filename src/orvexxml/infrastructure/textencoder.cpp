@@ -23,29 +23,31 @@ OxULong CheckedLength(size_t nLength) {
     return static_cast<OxULong>(nLength);
 }
 
-// A new[] array for a result of nLength bytes. A large result is written once from end to end
-// right after it is allocated, so its memory is asked for in huge pages where the system offers
-// them on request: one page fault per 2 MB instead of one per 4 KB, which on some systems costs
-// more than the conversion itself. Without that support the advice is ignored.
-std::unique_ptr<unsigned char[]> AllocateResult(size_t nLength) {
-    std::unique_ptr<unsigned char[]> spData(new unsigned char[nLength]);
+}  // namespace
+
+void AdviseHugePages(void* pData, size_t nLength) {
     const size_t kHugePage = 2 * 1024 * 1024;
     if (nLength >= 2 * kHugePage) {
-        const uintptr_t nStart = (reinterpret_cast<uintptr_t>(spData.get()) + kHugePage - 1) & ~(kHugePage - 1);
-        const uintptr_t nEnd = (reinterpret_cast<uintptr_t>(spData.get()) + nLength) & ~(kHugePage - 1);
+        const uintptr_t nStart = (reinterpret_cast<uintptr_t>(pData) + kHugePage - 1) & ~(kHugePage - 1);
+        const uintptr_t nEnd = (reinterpret_cast<uintptr_t>(pData) + nLength) & ~(kHugePage - 1);
         if (nEnd > nStart) ::madvise(reinterpret_cast<void*>(nStart), nEnd - nStart, MADV_HUGEPAGE);
     }
+}
+
+std::unique_ptr<unsigned char[]> AllocateResult(size_t nLength) {
+    std::unique_ptr<unsigned char[]> spData(new unsigned char[nLength]);
+    AdviseHugePages(spData.get(), nLength);
     return spData;
 }
 
-// Hands a new[] array of exactly nLength bytes to a CBinaryData without another copy. An empty
-// result leaves the array to spData, since the empty value takes no array.
 CBinaryData TakeOver(std::unique_ptr<unsigned char[]>& spData, size_t nLength) {
     if (nLength == 0) return CBinaryData();
     CBinaryData result(spData.get(), CheckedLength(nLength), true);
     spData.release();
     return result;
 }
+
+namespace {
 
 // A copy of the bytes, allocated to their exact length.
 CBinaryData CopyBytes(const char* pData, size_t nLength) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 
 #include "orvexxml/export.h"
 #include "orvexxml/values/binarydata.h"
@@ -38,5 +39,13 @@ ORVEXXML_API CBinaryData LocalToUtf8(const char* pLocal, size_t nLength);
 // valid sequence of the code page become U+FFFD, each maximal ill-formed part once.
 ORVEXXML_API CBinaryData LocalToUtf16(const char* pszLocal);
 ORVEXXML_API CBinaryData LocalToUtf16(const char* pLocal, size_t nLength);
+
+// For the library's own streams, not exported: a new[] array for an output of nLength bytes
+// (its memory asked for in huge pages where the system offers them, since it is written once
+// from end to end right away), the same advice for memory the caller allocated, and the hand-over
+// of such an array to a CBinaryData without another copy.
+std::unique_ptr<unsigned char[]> AllocateResult(size_t nLength);
+void AdviseHugePages(void* pData, size_t nLength);
+CBinaryData TakeOver(std::unique_ptr<unsigned char[]>& spData, size_t nLength);
 
 }  // namespace OrvexXml

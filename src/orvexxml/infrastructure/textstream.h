@@ -45,6 +45,8 @@ public:
     XmlEncoding GetEncoding() const { return m_eEncoding; }
     // The buffered text as one null-terminated string, valid until the next write.
     const char* GetText() { return m_buffer.GetBuffer(); }
+    // The whole text as a string, GetLength() bytes, copied from the buffer without joining it.
+    std::string GetTextAsString() const;
     // The buffered text as bytes of the stream's encoding: UTF-8, or UTF-16 little-endian
     // without a byte order mark. The text ends at its first null byte, as GetText reads.
     // XmlEncoding_None has no byte form: throws COxException.
