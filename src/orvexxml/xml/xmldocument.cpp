@@ -253,6 +253,9 @@ void CXmlDocument::LoadWhole(const char* pszFileName) {
     }
     m_nBufferLength = static_cast<OxULong>(nSize);
     Parse();
+    // The tree holds copies of everything it needs: the raw bytes can go before the caller
+    // builds its objects from the tree.
+    FreeBuffer();
 }
 
 // The overlapped form: two buffers of kChunkSize, the next read in flight while expat
@@ -449,7 +452,8 @@ CXmlAttribute* CXmlDocument::AddElementAttribute(CXmlElement* pElement, const ch
 }
 
 void CXmlDocument::ReserveElementAttributes(CXmlElement* pElement, size_t nCount) {
-    pElement->m_vecAttributes.reserve(pElement->m_vecAttributes.size() + nCount);
+    if (!pElement->m_pAttributes) pElement->m_pAttributes = new std::vector<CXmlAttribute*>();
+    pElement->m_pAttributes->reserve(pElement->m_pAttributes->size() + nCount);
 }
 
 void CXmlDocument::AppendTextExcludingCR(CXmlElement* pElement, const char* pszText) {

@@ -30,6 +30,8 @@ CXmlElement::CXmlElement(const CXmlDocument* pDocument, const CXmlElement* pPare
       m_pNextSibling(nullptr),
       m_pFirstChild(nullptr),
       m_pLastChild(nullptr),
+      m_pAttributes(nullptr),
+      m_pElementName(CXmlNodeStore::EmptyNamespace()),
       m_pNamespace(CXmlNodeStore::EmptyNamespace()) {}
 
 CXmlElement* CXmlElement::Create(const CXmlDocument* pDocument, const CXmlElement* pParent) {
@@ -72,13 +74,21 @@ CXmlElement::~CXmlElement() {
         Destroy(pNode);
         pNode = pNext;
     }
-    for (CXmlAttribute* pAttribute : m_vecAttributes) DestroyAttribute(m_pDocument, pAttribute);
+    if (m_pAttributes) {
+        for (CXmlAttribute* pAttribute : *m_pAttributes) DestroyAttribute(m_pDocument, pAttribute);
+        delete m_pAttributes;
+    }
+}
+
+const std::vector<CXmlAttribute*>& CXmlElement::NoAttributes() {
+    static const std::vector<CXmlAttribute*> s_vecEmpty;
+    return s_vecEmpty;
 }
 
 const std::string& CXmlElement::GetAttribute(const char* pszLocalName, const char* pszNamespace) const {
     pszLocalName = NotNull(pszLocalName);
     pszNamespace = NotNull(pszNamespace);
-    for (const CXmlAttribute* pAttribute : m_vecAttributes) {
+    for (const CXmlAttribute* pAttribute : GetAttributes()) {
         if (pAttribute->GetLocalName() == pszLocalName && pAttribute->GetNamespaceURI() == pszNamespace)
             return pAttribute->GetValue();
     }
@@ -103,14 +113,14 @@ std::string CXmlElement::GetQName() const {
         const std::string& strPrefix = m_pDocument->LookupAliasFromNamespace(m_pNamespace->c_str());
         if (!strPrefix.empty()) {
             std::string strQName;
-            strQName.reserve(strPrefix.size() + 1 + m_strElementName.size());
+            strQName.reserve(strPrefix.size() + 1 + m_pElementName->size());
             strQName += strPrefix;
             strQName += ':';
-            strQName += m_strElementName;
+            strQName += *m_pElementName;
             return strQName;
         }
     }
-    return m_strElementName;
+    return *m_pElementName;
 }
 
 std::string CXmlElement::GetNameWithPredicate() const {
@@ -126,7 +136,7 @@ std::string CXmlElement::GetNameWithPredicate() const {
         }
         // A sibling's qualified name ends with its local name: only siblings whose local
         // name is a suffix of ours can match, and only they pay for the prefix lookup.
-        const std::string& strOther = p->m_strElementName;
+        const std::string& strOther = *p->m_pElementName;
         if (strOther.size() > strQName.size() ||
             strQName.compare(strQName.size() - strOther.size(), strOther.size(), strOther) != 0)
             continue;
@@ -139,7 +149,14 @@ std::string CXmlElement::GetNameWithPredicate() const {
     return strQName;
 }
 
-void CXmlElement::SetElementName(const char* pszName) { m_strElementName = NotNull(pszName); }
+void CXmlElement::SetElementName(const char* pszName) {
+    pszName = NotNull(pszName);
+    SetElementName(pszName, std::strlen(pszName));
+}
+
+void CXmlElement::SetElementName(const char* pName, size_t nLength) {
+    m_pElementName = m_pDocument->m_pNodeStore->InternName(pName, nLength);
+}
 
 void CXmlElement::SetNamespace(const char* pszNamespace) {
     pszNamespace = NotNull(pszNamespace);
@@ -185,8 +202,9 @@ CXmlAttribute* CXmlElement::AddAttribute(const char* pszLocalName, const char* p
 CXmlAttribute* CXmlElement::AddAttribute(const char* pLocalName, size_t nLocalNameLength, const char* pValue,
                                          size_t nValueLength, const char* pNamespace, size_t nNamespaceLength) {
     // Make room first, so that a failing push_back can't lose the new attribute.
-    if (m_vecAttributes.size() == m_vecAttributes.capacity())
-        m_vecAttributes.reserve(m_vecAttributes.empty() ? 4 : 2 * m_vecAttributes.size());
+    if (!m_pAttributes) m_pAttributes = new std::vector<CXmlAttribute*>();
+    if (m_pAttributes->size() == m_pAttributes->capacity())
+        m_pAttributes->reserve(m_pAttributes->empty() ? 4 : 2 * m_pAttributes->size());
     CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
     const std::string* pStoredNamespace = pStore->InternNamespace(pNamespace, nNamespaceLength);
     void* pMemory = pStore->Allocate(sizeof(CXmlAttribute));
@@ -198,7 +216,7 @@ CXmlAttribute* CXmlElement::AddAttribute(const char* pLocalName, size_t nLocalNa
         pStore->Free(pMemory, sizeof(CXmlAttribute));
         throw;
     }
-    m_vecAttributes.push_back(pAttribute);
+    m_pAttributes->push_back(pAttribute);
     return pAttribute;
 }
 

@@ -35,11 +35,13 @@ public:
     CXmlElement* GetFirstElement() const { return m_pFirstChild; }
     // The next sibling element, null at the end of the parent's children.
     CXmlElement* GetNextSiblingElement() const { return m_pNextSibling; }
-    const std::string& GetLocalName() const { return m_strElementName; }
+    const std::string& GetLocalName() const { return *m_pElementName; }
     const std::string& GetNamespaceURI() const { return *m_pNamespace; }
     const std::string& GetText() const { return m_strText; }
     // In document order.
-    const std::vector<CXmlAttribute*>& GetAttributes() const { return m_vecAttributes; }
+    const std::vector<CXmlAttribute*>& GetAttributes() const {
+        return m_pAttributes ? *m_pAttributes : NoAttributes();
+    }
     // The value of the first attribute with that local name and namespace (null counts as
     // empty). Without a match: a reference to a shared empty string that stays valid.
     const std::string& GetAttribute(const char* pszLocalName, const char* pszNamespace = "") const;
@@ -52,7 +54,7 @@ protected:
     ~CXmlElement() override;
 
     void SetElementName(const char* pszName);
-    void SetElementName(const char* pName, size_t nLength) { m_strElementName.assign(pName, nLength); }
+    void SetElementName(const char* pName, size_t nLength);
     void SetNamespace(const char* pszNamespace);
     void SetNamespace(const char* pNamespace, size_t nLength);
     void AppendText(const char* pszText);
@@ -75,6 +77,7 @@ private:
 
     // The prefix of the namespace, ":" and the local name; the local name alone when the
     // element has no namespace or the namespace has no prefix.
+    static const std::vector<CXmlAttribute*>& NoAttributes();
     std::string GetQName() const;
     // The qualified name, with "[n]" when siblings share it.
     std::string GetNameWithPredicate() const;
@@ -84,9 +87,11 @@ private:
     CXmlElement* m_pNextSibling;
     CXmlElement* m_pFirstChild;
     CXmlElement* m_pLastChild;
-    std::vector<CXmlAttribute*> m_vecAttributes;
+    // Null until the first attribute arrives: most elements have none.
+    std::vector<CXmlAttribute*>* m_pAttributes;
     std::string m_strText;
-    std::string m_strElementName;
+    // Names are stored once per document and shared by the elements that carry them.
+    const std::string* m_pElementName;
     // The namespace URI, empty for none. The document stores each URI once; its elements and
     // attributes point to that copy.
     const std::string* m_pNamespace;

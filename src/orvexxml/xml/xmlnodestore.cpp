@@ -90,7 +90,9 @@ CXmlNodeStore::CXmlNodeStore()
       m_pBlocks(nullptr),
       m_nNextBlockSize(kFirstBlockSize),
       m_apRecent{nullptr, nullptr},
-      m_nNextRecent(0) {
+      m_nNextRecent(0),
+      m_apRecentNames{},
+      m_nNextRecentName(0) {
     std::memset(m_apFree, 0, sizeof(m_apFree));
 }
 
@@ -144,11 +146,26 @@ void CXmlNodeStore::Release() {
     m_mapNamespaces.clear();
     m_deqNamespaces.clear();
     m_apRecent[0] = m_apRecent[1] = nullptr;
+    for (const std::string*& pRecent : m_apRecentNames) pRecent = nullptr;
 }
 
 const std::string* CXmlNodeStore::EmptyNamespace() {
     static const std::string s_strEmpty;
     return &s_strEmpty;
+}
+
+const std::string* CXmlNodeStore::Store(const char* pText, size_t nLength) {
+    auto it = m_mapNamespaces.find(std::string_view(pText, nLength));
+    if (it != m_mapNamespaces.end()) return it->second;
+    m_deqNamespaces.emplace_back(pText, nLength);
+    const std::string* pStored = &m_deqNamespaces.back();
+    try {
+        m_mapNamespaces.emplace(std::string_view(*pStored), pStored);
+    } catch (...) {
+        m_deqNamespaces.pop_back();
+        throw;
+    }
+    return pStored;
 }
 
 const std::string* CXmlNodeStore::InternNamespace(const char* pUri, size_t nLength) {
@@ -157,22 +174,21 @@ const std::string* CXmlNodeStore::InternNamespace(const char* pUri, size_t nLeng
     for (const std::string* pRecent : m_apRecent) {
         if (pRecent && pRecent->size() == nLength && std::memcmp(pRecent->data(), pUri, nLength) == 0) return pRecent;
     }
-    const std::string* pStored;
-    auto it = m_mapNamespaces.find(std::string_view(pUri, nLength));
-    if (it != m_mapNamespaces.end()) {
-        pStored = it->second;
-    } else {
-        m_deqNamespaces.emplace_back(pUri, nLength);
-        pStored = &m_deqNamespaces.back();
-        try {
-            m_mapNamespaces.emplace(std::string_view(*pStored), pStored);
-        } catch (...) {
-            m_deqNamespaces.pop_back();
-            throw;
-        }
-    }
+    const std::string* pStored = Store(pUri, nLength);
     m_apRecent[m_nNextRecent] = pStored;
     m_nNextRecent ^= 1;
+    return pStored;
+}
+
+const std::string* CXmlNodeStore::InternName(const char* pName, size_t nLength) {
+    if (nLength == 0) return EmptyNamespace();
+    // A document repeats a handful of names: a short list of recent ones saves the hashing.
+    for (const std::string* pRecent : m_apRecentNames) {
+        if (pRecent && pRecent->size() == nLength && std::memcmp(pRecent->data(), pName, nLength) == 0) return pRecent;
+    }
+    const std::string* pStored = Store(pName, nLength);
+    m_apRecentNames[m_nNextRecentName] = pStored;
+    m_nNextRecentName = (m_nNextRecentName + 1) % kRecentNames;
     return pStored;
 }
 

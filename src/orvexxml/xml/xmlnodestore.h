@@ -74,6 +74,8 @@ public:
     // The stored copy of a namespace URI; the shared empty string for length 0.
     const std::string* InternNamespace(const char* pUri, size_t nLength);
     static const std::string* EmptyNamespace();
+    // The stored copy of an element name (names and URIs share one table).
+    const std::string* InternName(const char* pName, size_t nLength);
 
     // Gives back all blocks and forgets the stored URIs.
     void Release();
@@ -106,6 +108,11 @@ private:
     std::unordered_map<std::string_view, const std::string*> m_mapNamespaces;
     const std::string* m_apRecent[2];
     unsigned m_nNextRecent;
+    static const unsigned kRecentNames = 8;
+    const std::string* m_apRecentNames[kRecentNames];
+    unsigned m_nNextRecentName;
+
+    const std::string* Store(const char* pText, size_t nLength);
 };
 
 }  // namespace OrvexXml
