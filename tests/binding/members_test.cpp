@@ -7,6 +7,7 @@
 #include "orderstatus.h"
 #include "selection.h"
 #include "settings.h"
+#include "support/testclasses.h"
 #include "tally.h"
 
 using namespace OrvexXml;
@@ -226,6 +227,30 @@ TEST(ChoiceMembers, GeneratedSelectionFollowsTheCollections) {
     selection->GetWord().Clear();
     selection->GetNumber().Clear();
     EXPECT_EQ(selection->GetChoiceSelectedElement(), "");
+}
+
+OrvexXmlData::CParentElementInfo g_pickParent(OrvexXmlData::XmlElementGroupType_Choice,
+                                              OrvexXmlData::XmlElementType_Element, "Pick", "", true, false, -1,
+                                              ItemType_invalid, nullptr, false);
+OrvexXmlData::CElementInfoChoiceEnumOpt g_pickLevel("Level", "", 0, false, &Priority_EnumToText, &Priority_TextToEnum,
+                                                    nullptr);
+OrvexXmlData::CElementInfoChoicePrimOpt g_pickNote("Note", "", 1, false, ItemType_string, nullptr,
+                                                   CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(),
+                                                   nullptr);
+OrvexXmlData::CElementInfo* g_pickTable[] = {&g_pickLevel, &g_pickNote, nullptr};
+
+TEST(ChoiceMembers, EnumerationMemberIsWrittenAndReadAndMakesTheChoiceOptional) {
+    CSmartPtr<OrvexTest::CTestBag> pick = new OrvexTest::CTestBag(&g_pickParent, g_pickTable);
+    pick->m_values[0].SetI4(Priority_high);
+    EXPECT_EQ(pick->ToXml(false, false, EOLType_LF, DefaultCtx()), "<Pick><Level>high</Level></Pick>");
+    pick->FromXml("<Pick><Note>n</Note></Pick>", DefaultCtx());
+    EXPECT_FALSE(pick->Has(0));
+    EXPECT_EQ(pick->Text(1), "n");
+    pick->FromXml("<Pick><Level>low</Level></Pick>", DefaultCtx());
+    EXPECT_EQ(pick->m_values[0].GetI4(), Priority_low);
+    // An optional member makes an empty choice legal in both directions.
+    pick->FromXml("<Pick/>", DefaultCtx());
+    EXPECT_EQ(pick->ToXml(false, false, EOLType_LF, DefaultCtx()), "<Pick/>");
 }
 
 }  // namespace
