@@ -1,5 +1,7 @@
 #include "orvexxml/infrastructure/codepage.h"
 
+#include "orvexxml/infrastructure/utf8.h"
+
 #include <iconv.h>
 
 #include <cerrno>
@@ -142,45 +144,8 @@ size_t DecodeUtf8(const unsigned char* p, size_t nLength, CSink<char16_t>& sink)
             ++i;
             continue;
         }
-        size_t nTrail;
-        unsigned int nLow = 0x80;
-        unsigned int nHigh = 0xBF;
-        uint32_t nValue;
-        if (c >= 0xC2 && c <= 0xDF) {
-            nTrail = 1;
-            nValue = c & 0x1F;
-        } else if (c >= 0xE0 && c <= 0xEF) {
-            nTrail = 2;
-            nValue = c & 0x0F;
-            if (c == 0xE0)
-                nLow = 0xA0;  // overlong below U+0800
-            else if (c == 0xED)
-                nHigh = 0x9F;  // surrogates
-        } else if (c >= 0xF0 && c <= 0xF4) {
-            nTrail = 3;
-            nValue = c & 0x07;
-            if (c == 0xF0)
-                nLow = 0x90;  // overlong below U+10000
-            else if (c == 0xF4)
-                nHigh = 0x8F;  // above U+10FFFF
-        } else {
-            sink.Put(REPLACEMENT_CHARACTER);
-            ++i;
-            continue;
-        }
-        size_t k = 1;
-        for (; k <= nTrail; ++k) {
-            if (i + k >= nLength) break;
-            const unsigned int t = p[i + k];
-            if (t < nLow || t > nHigh) break;
-            nLow = 0x80;
-            nHigh = 0xBF;
-            nValue = (nValue << 6) | (t & 0x3F);
-        }
-        i += k;
-        if (k <= nTrail) {
-            sink.Put(REPLACEMENT_CHARACTER);
-        } else if (nValue >= 0x10000) {
+        uint32_t nValue = DecodeUtf8Sequence(p, nLength, i);
+        if (nValue >= 0x10000) {
             nValue -= 0x10000;
             sink.Put(static_cast<char16_t>(0xD800 + (nValue >> 10)));
             sink.Put(static_cast<char16_t>(0xDC00 + (nValue & 0x3FF)));

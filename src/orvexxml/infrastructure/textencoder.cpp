@@ -1,5 +1,7 @@
 #include "orvexxml/infrastructure/textencoder.h"
 
+#include "orvexxml/infrastructure/utf8.h"
+
 #include <sys/mman.h>
 
 #include <cstdint>
@@ -110,46 +112,8 @@ size_t DecodeUtf8ToUtf16Le(const unsigned char* p, size_t nLength, unsigned char
         i += nAscii;
         if (i >= nLength) break;
 
-        const unsigned int c = p[i];
-        size_t nTrail;
-        unsigned int nLow = 0x80;
-        unsigned int nHigh = 0xBF;
-        uint32_t nValue;
-        if (c >= 0xC2 && c <= 0xDF) {
-            nTrail = 1;
-            nValue = c & 0x1F;
-        } else if (c >= 0xE0 && c <= 0xEF) {
-            nTrail = 2;
-            nValue = c & 0x0F;
-            if (c == 0xE0)
-                nLow = 0xA0;  // overlong below U+0800
-            else if (c == 0xED)
-                nHigh = 0x9F;  // surrogates
-        } else if (c >= 0xF0 && c <= 0xF4) {
-            nTrail = 3;
-            nValue = c & 0x07;
-            if (c == 0xF0)
-                nLow = 0x90;  // overlong below U+10000
-            else if (c == 0xF4)
-                nHigh = 0x8F;  // above U+10FFFF
-        } else {
-            out.Put(0xFFFD);
-            ++i;
-            continue;
-        }
-        size_t k = 1;
-        for (; k <= nTrail; ++k) {
-            if (i + k >= nLength) break;
-            const unsigned int t = p[i + k];
-            if (t < nLow || t > nHigh) break;
-            nLow = 0x80;
-            nHigh = 0xBF;
-            nValue = (nValue << 6) | (t & 0x3F);
-        }
-        i += k;
-        if (k <= nTrail) {
-            out.Put(0xFFFD);
-        } else if (nValue >= 0x10000) {
+        uint32_t nValue = DecodeUtf8Sequence(p, nLength, i);
+        if (nValue >= 0x10000) {
             nValue -= 0x10000;
             out.Put(0xD800 + (nValue >> 10));
             out.Put(0xDC00 + (nValue & 0x3FF));
