@@ -174,12 +174,14 @@ void CXmlTextWriter::WriteStartElement(const std::string& strName, const std::st
             const NamespaceMap& mapNamespaces = pNew->GetNamespaceMap();
             NamespaceMap::const_iterator it = mapNamespaces.find(strNamespace);
             if (it != mapNamespaces.end()) {
+                pNew->m_strPrefix.assign(it->second).push_back(':');
                 m_pStream->WriteString(it->second);
                 m_pStream->WriteChar(':');
                 m_pStream->WriteString(strName);
             } else {
                 std::string strPrefix = GenerateNamespacePrefix(mapNamespaces);
                 pNew->SetNamespaceMapValue(strNamespace, strPrefix);
+                pNew->m_strPrefix.assign(strPrefix).push_back(':');
                 m_pStream->WriteString(strPrefix);
                 m_pStream->WriteChar(':');
                 m_pStream->WriteString(strName);
@@ -237,11 +239,8 @@ void CXmlTextWriter::WriteEndElement() {
         // An element that holds only text keeps its end tag on the same line.
         if (m_bFormatted && pContext->m_nChildCount != 0) WriteIndent(pContext->m_nDepth);
         PutLiteral(m_pStream, "</");
-        const std::string& strNamespace = pContext->m_strNamespace;
-        if (!strNamespace.empty() && strNamespace != pContext->GetDefaultNamespace()) {
-            m_pStream->WriteString(pContext->GetNamespaceMapValue(strNamespace));
-            m_pStream->WriteChar(':');
-        }
+        // The end tag repeats the start tag's prefix, whatever happened to the scope since.
+        if (!pContext->m_strPrefix.empty()) m_pStream->WriteString(pContext->m_strPrefix);
         m_pStream->WriteString(pContext->m_strName);
         m_pStream->WriteChar('>');
     }

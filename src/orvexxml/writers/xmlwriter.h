@@ -60,6 +60,7 @@ public:
         uint32_t m_nDepth;       // 0 for the root
         std::string m_strNamespace;
         std::string m_strName;
+        std::string m_strPrefix;       // "prefix:" as the start tag was written; empty for none
         CXmlWriterContext* m_pParent;  // owning; null for the root
         bool m_bHasAttributes;
         uint32_t m_nCollectionState;               // 0 none, 1 first item pending, 2 inside, 3 finished
