@@ -1,13 +1,14 @@
 #include "orvexxml/binding/xmlobjectbase.h"
 
 #include <cstdio>
+#include <cstring>
 
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/collections/xmlcollectionbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
-#include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/filebinarystream.h"
 #include "orvexxml/infrastructure/filetextstream.h"
+#include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/textstream.h"
 #include "orvexxml/writers/xmltextwriter.h"
 #include "orvexxml/xml/xmldocument.h"
@@ -173,9 +174,11 @@ void CXmlObjectBase::FromXmlElement(const CXmlElement* pElement, const CSerializ
 
 bool CXmlObjectBase::DoesElementNameMatch(const CSerializationContext& ctx, const CXmlElement* pElement,
                                           const char* pszName, const char* pszNamespace) const {
-    if (pElement->GetLocalName() != (pszName ? pszName : "")) return false;
+    // Called for every element read against every candidate member: one pass of strcmp each,
+    // where comparing a std::string with a char pointer would measure the pointer first.
+    if (std::strcmp(pElement->GetLocalName().c_str(), pszName ? pszName : "") != 0) return false;
     if (ctx.GetSchemaType() == SchemaType_DTD || ctx.GetIgnoreNamespaces()) return true;
-    return pElement->GetNamespaceURI() == (pszNamespace ? pszNamespace : "");
+    return std::strcmp(pElement->GetNamespaceURI().c_str(), pszNamespace ? pszNamespace : "") == 0;
 }
 
 void CXmlObjectBase::AttributesToXml_Int(CXmlWriter*, const CSerializationContext&) const {}
