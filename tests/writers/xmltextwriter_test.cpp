@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <random>
 #include <string>
+#include <utility>
 
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/textstream.h"
@@ -12,21 +14,28 @@ using namespace OrvexXml;
 
 namespace {
 
-const char* const kXsi = "http://www.w3.org/2001/XMLSchema-instance";
-const char* const kXml = "http://www.w3.org/XML/1998/namespace";
+const std::string kXsi = "http://www.w3.org/2001/XMLSchema-instance";
 
-// A writer on a memory stream, started as a caller would start it.
+// A writer on a memory stream, started as a caller would start it, with short forms of the
+// calls the binding engine makes.
 class XmlTextWriterTest : public ::testing::Test {
 protected:
     XmlTextWriterTest() : m_writer(&m_stream) { m_writer.StartDocument(); }
 
     std::string Text() { return m_stream.GetText(); }
-
-    // Writes <name>text</name> as the binding engine does for a primitive element.
-    void Leaf(const std::string& strName, const std::string& strText, const std::string& strNamespace = "") {
+    void Open(const std::string& strName, const std::string& strNamespace = "") {
         m_writer.WriteStartElement(strName, strNamespace);
-        m_writer.WriteElementText(strText, ItemType_string, false);
-        m_writer.WriteEndElement();
+    }
+    void Close() { m_writer.WriteEndElement(); }
+    void Attr(const std::string& strName, const std::string& strValue, const std::string& strNamespace = "") {
+        m_writer.WriteAttribute(strName, strNamespace, strValue, ItemType_string);
+    }
+    // An element holding only text; an empty text leaves it self-closed.
+    void Leaf(const std::string& strName, const std::string& strText, const std::string& strNamespace = "",
+              bool bIsDefaultValue = false) {
+        Open(strName, strNamespace);
+        m_writer.WriteElementText(strText, ItemType_string, bIsDefaultValue);
+        Close();
     }
 
     // The message of the COxException that fn throws; fails the test if it throws none.
@@ -49,56 +58,35 @@ protected:
 
 // --- layout ----------------------------------------------------------------------------------
 
-TEST_F(XmlTextWriterTest, DefaultsAreFormattedWithTabAndLF) {
-    EXPECT_TRUE(m_writer.GetFormatted());
-    EXPECT_EQ("\t", m_writer.GetIndentChars());
-    EXPECT_EQ(EOLType_LF, m_writer.GetEOLType());
-    EXPECT_FALSE(m_writer.GetWriteDefaultValues());
-}
-
-TEST_F(XmlTextWriterTest, EmptyElementIsSelfClosed) {
-    m_writer.WriteStartElement("a", "");
-    m_writer.WriteEndElement();
-    m_writer.EndDocument();
-    EXPECT_EQ("<a/>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, EmptyValueLeavesElementSelfClosed) {
-    Leaf("a", "");
-    EXPECT_EQ("<a/>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, DefaultValueIsSuppressedUnlessAskedFor) {
-    m_writer.WriteStartElement("r", "");
-    m_writer.WriteStartElement("a", "");
-    m_writer.WriteElementText("5", ItemType_string, true);
-    m_writer.WriteEndElement();
-    m_writer.SetWriteDefaultValues(true);
-    m_writer.WriteStartElement("b", "");
-    m_writer.WriteElementText("5", ItemType_string, true);
-    m_writer.WriteEndElement();
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<r>\n\t<a/>\n\t<b>5</b>\n</r>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, NestedElementsAreIndentedOnePerLine) {
-    m_writer.WriteStartElement("a", "");
+TEST_F(XmlTextWriterTest, IndentationSelfClosingDefaultValuesAndChangedIndentChars) {
+    Open("a");
     Leaf("b", "x");
-    m_writer.WriteStartElement("c", "");
+    Leaf("empty", "");
+    Leaf("default", "5", "", true);
+    Open("c");
     Leaf("d", "y");
-    m_writer.WriteStartElement("e", "");
-    m_writer.WriteEndElement();
-    m_writer.WriteEndElement();
-    m_writer.WriteEndElement();
+    Leaf("e", "");
+    Close();
+    m_writer.SetWriteDefaultValues(true);
+    m_writer.SetIndentChars("-+");
+    Leaf("f", "5", "", true);
+    m_writer.SetIndentChars(nullptr);
+    EXPECT_EQ("", m_writer.GetIndentChars());
+    Leaf("g", "3");
+    m_writer.WriteElementText("tail", ItemType_string, false);
+    Close();
     m_writer.EndDocument();
-    EXPECT_EQ("<a>\n\t<b>x</b>\n\t<c>\n\t\t<d>y</d>\n\t\t<e/>\n\t</c>\n</a>\n", Text());
+    EXPECT_EQ(
+        "<a>\n\t<b>x</b>\n\t<empty/>\n\t<default/>\n\t<c>\n\t\t<d>y</d>\n\t\t<e/>\n\t</c>\n"
+        "-+<f>5</f>\n<g>3</g>\ntail</a>\n",
+        Text());
 }
 
-TEST_F(XmlTextWriterTest, CustomIndentAndDeepNesting) {
+TEST_F(XmlTextWriterTest, CustomIndentAtDepth) {
     m_writer.SetIndentChars("  ");
     const int kDepth = 40;
-    for (int i = 0; i < kDepth; ++i) m_writer.WriteStartElement("n", "");
-    for (int i = 0; i < kDepth; ++i) m_writer.WriteEndElement();
+    for (int i = 0; i < kDepth; ++i) Open("n");
+    for (int i = 0; i < kDepth; ++i) Close();
     std::string expected;
     for (int i = 0; i < kDepth - 1; ++i) expected += std::string(2 * i, ' ') + "<n>\n";
     expected += std::string(2 * (kDepth - 1), ' ') + "<n/>\n";
@@ -106,236 +94,147 @@ TEST_F(XmlTextWriterTest, CustomIndentAndDeepNesting) {
     EXPECT_EQ(expected, Text());
 }
 
-TEST_F(XmlTextWriterTest, ChangedIndentCharsTakeEffectAtOnce) {
-    m_writer.WriteStartElement("a", "");
-    Leaf("b", "1");
-    m_writer.SetIndentChars("-+");
-    Leaf("c", "2");
-    m_writer.SetIndentChars(nullptr);
-    EXPECT_EQ("", m_writer.GetIndentChars());
-    Leaf("d", "3");
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<a>\n\t<b>1</b>\n-+<c>2</c>\n<d>3</d>\n</a>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, CrLfLineEnds) {
+TEST_F(XmlTextWriterTest, CrLfLineEndsEverywhereAndAnInvalidTypeChangesNothing) {
     m_writer.SetEOLType(EOLType_CRLF);
+    EXPECT_EQ("Invalid EOL type.", MessageOf([&] { m_writer.SetEOLType(static_cast<EOLType>(7)); }));
     EXPECT_EQ(EOLType_CRLF, m_writer.GetEOLType());
     m_writer.WriteHeader();
-    m_writer.WriteStartElement("a", "");
-    m_writer.WriteAttribute("t", "", "1\n2", ItemType_string);
+    m_writer.WriteProcessingInstruction("<?xml-stylesheet href=\"a&b.xsl\"?>");
+    Open("a");
+    Attr("t", "1\n2");
     Leaf("b", "x\ny");
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<?xml version=\"1.0\"?>\r\n<a t=\"1&#xA;2\">\r\n\t<b>x\r\ny</b>\r\n</a>\r\n", Text());
+    Close();
+    EXPECT_EQ(
+        "<?xml version=\"1.0\"?>\r\n<?xml-stylesheet href=\"a&b.xsl\"?>\r\n\r\n"
+        "<a t=\"1&#xA;2\">\r\n\t<b>x\r\ny</b>\r\n</a>\r\n",
+        Text());
 }
 
 TEST_F(XmlTextWriterTest, UnformattedOutputKeepsLineEndsOfHeaderCommentsAndInstructions) {
     m_writer.SetFormatted(false);
-    EXPECT_FALSE(m_writer.GetFormatted());
+    m_writer.CloseStartTag();  // without an open element: nothing
     m_writer.WriteHeader();
-    m_writer.WriteComment("note");
+    m_writer.WriteComment("a & b -- <c>");
     m_writer.WriteProcessingInstruction("<?pi data?>");
-    m_writer.WriteStartElement("a", "");
+    Open("a");
     Leaf("b", "x");
-    m_writer.WriteStartElement("c", "");
-    m_writer.WriteEndElement();
-    m_writer.WriteEndElement();
+    Leaf("c", "");
+    Open("o");
+    m_writer.CloseStartTag();
+    m_writer.WriteRaw("<i/>");
+    Close();
+    Close();
     m_writer.EndDocument();
-    EXPECT_EQ("<?xml version=\"1.0\"?>\n<!--note-->\n<?pi data?>\n\n<a><b>x</b><c/></a>", Text());
+    EXPECT_EQ("<?xml version=\"1.0\"?>\n<!--a &amp; b -- &lt;c&gt;-->\n<?pi data?>\n\n<a><b>x</b><c/><o><i/></o></a>",
+              Text());
 }
-
-TEST_F(XmlTextWriterTest, InvalidEOLTypeIsRefusedAndChangesNothing) {
-    m_writer.SetEOLType(EOLType_CRLF);
-    EXPECT_EQ("Invalid EOL type.", MessageOf([&] { m_writer.SetEOLType(static_cast<EOLType>(7)); }));
-    EXPECT_EQ(EOLType_CRLF, m_writer.GetEOLType());
-    m_writer.WriteStartElement("a", "");
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<a/>\r\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, TextAfterChildKeepsIndentOfEndTag) {
-    m_writer.WriteStartElement("a", "");
-    Leaf("b", "x");
-    m_writer.WriteElementText("tail", ItemType_string, false);
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<a>\n\t<b>x</b>\ntail</a>\n", Text());
-}
-
-// --- header ----------------------------------------------------------------------------------
 
 TEST(XmlTextWriterHeader, NamesTheEncodingOfTheStream) {
-    struct Case {
-        XmlEncoding eEncoding;
-        const char* pszExpected;
-    } cases[] = {
-        {XmlEncoding_None, "<?xml version=\"1.0\"?>\n"},
-        {XmlEncoding_UTF8, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"},
-        {XmlEncoding_UTF16, "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n"},
-        {XmlEncoding_UTF16NoDeclaration, "<?xml version=\"1.0\"?>\n"},
-    };
-    for (const Case& c : cases) {
-        CTextStream stream(c.eEncoding);
+    const std::pair<XmlEncoding, const char*> cases[] = {
+        {XmlEncoding_None, "<?xml version=\"1.0\"?>"},
+        {XmlEncoding_UTF8, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>"},
+        {XmlEncoding_UTF16, "<?xml version=\"1.0\" encoding=\"UTF-16\"?>"},
+        {XmlEncoding_UTF16NoDeclaration, "<?xml version=\"1.0\"?>"}};
+    for (const auto& c : cases) {
+        CTextStream stream(c.first);
         CXmlTextWriter writer(&stream);
-        writer.StartDocument();
-        writer.SetFormatted(false);
         writer.WriteHeader();
-        EXPECT_EQ(c.pszExpected, std::string(stream.GetText())) << "encoding " << c.eEncoding;
+        EXPECT_EQ(std::string(c.second) + "\n", stream.GetText()) << "encoding " << c.first;
     }
 }
 
-// --- comments, instructions, schema, raw text --------------------------------------------------
-
-TEST_F(XmlTextWriterTest, CommentIsEscapedButDoubleHyphenStays) {
-    m_writer.WriteComment("a & b -- <c>");
-    EXPECT_EQ("<!--a &amp; b -- &lt;c&gt;-->\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, ProcessingInstructionIsWrittenUnchangedWithTwoLineEnds) {
-    m_writer.SetEOLType(EOLType_CRLF);
-    m_writer.WriteProcessingInstruction("<?xml-stylesheet href=\"a&b.xsl\"?>");
-    m_writer.WriteStartElement("a", "");
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<?xml-stylesheet href=\"a&b.xsl\"?>\r\n\r\n<a/>\r\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, InLineSchemaLandsInsideTheOpenStartTag) {
-    m_writer.WriteStartElement("r", "");
-    m_writer.WriteAttribute("a", "", "1", ItemType_string);
+TEST_F(XmlTextWriterTest, InLineSchemaAndRawTextAreSplicedInUnchanged) {
+    Open("r");
+    Attr("a", "1");
     m_writer.WriteInLineSchema("<xs:schema/>");
-    m_writer.WriteAttribute("b", "", "2", ItemType_string);
+    Attr("b", "2");
     Leaf("c", "x");
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<r a=\"1\" \n<xs:schema/>\n b=\"2\">\n\t<c>x</c>\n</r>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, CloseStartTagAndWriteRawSpliceForeignText) {
-    m_writer.WriteStartElement("outer", "");
+    Open("outer");
     m_writer.CloseStartTag();
     m_writer.WriteRaw("\t<inner>a&b</inner>");
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<outer>\n\t<inner>a&b</inner>\n</outer>\n", Text());
-
-    CTextStream stream;
-    CXmlTextWriter unformatted(&stream);
-    unformatted.SetFormatted(false);
-    unformatted.CloseStartTag();  // without an open element: nothing
-    unformatted.WriteStartElement("o", "");
-    unformatted.CloseStartTag();
-    unformatted.WriteRaw("<i/>");
-    unformatted.WriteEndElement();
-    EXPECT_EQ("<o><i/></o>", std::string(stream.GetText()));
+    Close();
+    Close();
+    EXPECT_EQ("<r a=\"1\" \n<xs:schema/>\n b=\"2\">\n\t<c>x</c>\n\t<outer>\n\t<inner>a&b</inner>\n\t</outer>\n</r>\n",
+              Text());
 }
 
 // --- escaping --------------------------------------------------------------------------------
 
-TEST_F(XmlTextWriterTest, ElementTextEscaping) {
-    Leaf("a", "1<2>3&4\"5'6\r\n7\t8\xC3\xA9");
-    EXPECT_EQ("<a>1&lt;2&gt;3&amp;4\"5'6\n7\t8\xC3\xA9</a>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, AttributeEscaping) {
-    m_writer.WriteStartElement("a", "");
-    m_writer.WriteAttribute("v", "", "1<2>3&4\"5'6\r\n7\t8\xC3\xA9", ItemType_string);
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<a v=\"1&lt;2&gt;3&amp;4&quot;5'6&#xA;7\t8\xC3\xA9\"/>\n", Text());
+TEST_F(XmlTextWriterTest, TextAndAttributeEscaping) {
+    const std::string kValue = "1<2>3&4\"5'6\r\n7\t8\xC3\xA9";
+    Open("r");
+    Attr("v", kValue);
+    m_writer.WriteElementText(kValue, ItemType_string, false);
+    Leaf("z", std::string("ab\0<cd", 6));  // text ends at an embedded null byte
+    Close();
+    EXPECT_EQ(
+        "<r v=\"1&lt;2&gt;3&amp;4&quot;5'6&#xA;7\t8\xC3\xA9\">1&lt;2&gt;3&amp;4\"5'6\n7\t8\xC3\xA9\t<z>ab</z>\n</r>\n",
+        Text());
 }
 
 TEST_F(XmlTextWriterTest, CDataPassesOnlyAtTheStart) {
-    m_writer.WriteStartElement("r", "");
+    Open("r");
     Leaf("a", "<![CDATA[x < y & z]]>");
     Leaf("b", " <![CDATA[x]]>");
     Leaf("c", "<![CDATA");
-    m_writer.WriteEndElement();
+    Close();
     EXPECT_EQ("<r>\n\t<a><![CDATA[x < y & z]]></a>\n\t<b> &lt;![CDATA[x]]&gt;</b>\n\t<c>&lt;![CDATA</c>\n</r>\n",
               Text());
 }
 
-TEST_F(XmlTextWriterTest, TextEndsAtAnEmbeddedNullByte) {
-    Leaf("a", std::string("ab\0<cd", 6));
-    EXPECT_EQ("<a>ab</a>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, EscapingOfArbitraryTextMatchesTheCharacterRules) {
+TEST(XmlTextWriterEscaping, ArbitraryTextFollowsTheCharacterRules) {
     // Texts of every length up to 40 over an alphabet rich in special bytes, so that special
     // bytes fall on every position of the scan.
     const char alphabet[] = {'a', 'b', '\n', '\r', '"', '&', '<', '>', '\'', '\t', '\x80', '\xff'};
     std::mt19937 rng(7);
     for (bool bAttribute : {false, true}) {
+        const std::map<char, std::string> escapes = {{'&', "&amp;"},
+                                                     {'<', "&lt;"},
+                                                     {'>', "&gt;"},
+                                                     {'\r', ""},
+                                                     {'\n', bAttribute ? "&#xA;" : "\n"},
+                                                     {'"', bAttribute ? "&quot;" : "\""}};
         for (int i = 0; i < 400; ++i) {
             std::string value(1 + rng() % 40, 'a');
             for (char& c : value) c = alphabet[rng() % sizeof(alphabet)];
             std::string expected;
-            for (char c : value) {
-                switch (c) {
-                    case '\n':
-                        expected += bAttribute ? "&#xA;" : "\n";
-                        break;
-                    case '\r':
-                        break;
-                    case '"':
-                        expected += bAttribute ? "&quot;" : "\"";
-                        break;
-                    case '&':
-                        expected += "&amp;";
-                        break;
-                    case '<':
-                        expected += "&lt;";
-                        break;
-                    case '>':
-                        expected += "&gt;";
-                        break;
-                    default:
-                        expected += c;
-                }
-            }
+            for (char c : value) expected += escapes.count(c) ? escapes.at(c) : std::string(1, c);
             CTextStream stream;
             CXmlTextWriter writer(&stream);
             writer.SetFormatted(false);
             writer.WriteStartElement("e", "");
-            if (bAttribute) {
+            if (bAttribute)
                 writer.WriteAttribute("v", "", value, ItemType_string);
-                writer.WriteEndElement();
-                ASSERT_EQ("<e v=\"" + expected + "\"/>", std::string(stream.GetText()));
-            } else {
+            else
                 writer.WriteElementText(value, ItemType_string, false);
-                writer.WriteEndElement();
-                ASSERT_EQ("<e>" + expected + "</e>", std::string(stream.GetText()));
-            }
+            writer.WriteEndElement();
+            ASSERT_EQ(bAttribute ? "<e v=\"" + expected + "\"/>" : "<e>" + expected + "</e>",
+                      std::string(stream.GetText()));
         }
     }
 }
 
 // --- namespaces ------------------------------------------------------------------------------
 
-TEST_F(XmlTextWriterTest, UnregisteredNamespacesGetAAandAB) {
-    m_writer.WriteStartElement("root", "urn:a");
-    Leaf("child", "x", "urn:b");
-    Leaf("other", "y", "urn:a");
-    m_writer.WriteEndElement();
-    EXPECT_EQ(
-        "<AA:root xmlns:AA=\"urn:a\">\n"
-        "\t<AB:child xmlns:AB=\"urn:b\">x</AB:child>\n"
-        "\t<AA:other>y</AA:other>\n"
-        "</AA:root>\n",
-        Text());
-}
-
-TEST_F(XmlTextWriterTest, RegisteredAliasAASkippedByGenerator) {
-    m_writer.AddNamespaceAlias("AA", "urn:x");
-    m_writer.WriteStartElement("root", "urn:a");
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<AB:root xmlns:AB=\"urn:a\" xmlns:AA=\"urn:x\"/>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, SiblingsDoNotSeeAChildsPrefix) {
-    m_writer.WriteStartElement("root", "");
-    m_writer.WriteStartElement("first", "urn:c");
+TEST_F(XmlTextWriterTest, PrefixesAliasesAndDefaultsAreScopedToTheElementThatSetsThem) {
+    Open("root");
+    Open("first", "urn:c");
     Leaf("inner", "1", "urn:c");
     Leaf("deeper", "2", "urn:d");
-    m_writer.WriteEndElement();
+    Close();
     Leaf("second", "3", "urn:c");
     Leaf("third", "4", "urn:e");
-    m_writer.WriteEndElement();
+    // Set on an open element, an alias and a default emit no declarations; they only decide
+    // the names below.
+    Open("a");
+    m_writer.AddNamespaceAlias("q", "urn:q");
+    m_writer.SetDefaultNamespace("urn:d");
+    Leaf("x", "5", "urn:q");
+    Leaf("y", "6", "urn:d");
+    Close();
+    Leaf("x", "7", "urn:q");
+    Leaf("y", "8", "urn:d");
+    Close();
     EXPECT_EQ(
         "<root>\n"
         "\t<AA:first xmlns:AA=\"urn:c\">\n"
@@ -344,204 +243,145 @@ TEST_F(XmlTextWriterTest, SiblingsDoNotSeeAChildsPrefix) {
         "\t</AA:first>\n"
         "\t<AA:second xmlns:AA=\"urn:c\">3</AA:second>\n"
         "\t<AA:third xmlns:AA=\"urn:e\">4</AA:third>\n"
+        "\t<a>\n"
+        "\t\t<q:x>5</q:x>\n"
+        "\t\t<y>6</y>\n"
+        "\t</a>\n"
+        "\t<AA:x xmlns:AA=\"urn:q\">7</AA:x>\n"
+        "\t<AA:y xmlns:AA=\"urn:d\">8</AA:y>\n"
         "</root>\n",
         Text());
 }
 
-TEST_F(XmlTextWriterTest, RootDeclarationsAreSortedByURI) {
+// A scope change on an open element governs what comes below it, never its own end tag,
+// which must repeat the name of its start tag.
+TEST_F(XmlTextWriterTest, EndTagsRepeatTheirStartTagWhateverTheScopeBecame) {
+    Open("root", "urn:c");
+    m_writer.AddNamespaceAlias("c", "urn:c");
+    Open("mid", "urn:c");
+    m_writer.SetDefaultNamespace("urn:c");
+    Leaf("leaf", "1", "urn:c");
+    Close();
+    Close();
+    EXPECT_EQ(
+        "<AA:root xmlns:AA=\"urn:c\">\n"
+        "\t<c:mid>\n"
+        "\t\t<leaf>1</leaf>\n"
+        "\t</c:mid>\n"
+        "</AA:root>\n",
+        Text());
+}
+
+TEST_F(XmlTextWriterTest, EachRootDeclaresItsPrefixFirstAndSkipsRegisteredPrefixes) {
+    // A registered "AA" is skipped by the generator; a root in a registered namespace is
+    // declared once, and a second root gets the declarations again.
+    m_writer.AddNamespaceAlias("AA", "urn:x");
+    m_writer.SetDefaultNamespace("urn:d");
+    Leaf("a", "", "urn:r");
+    Leaf("b", "", "urn:x");
+    EXPECT_EQ(
+        "<AB:a xmlns:AB=\"urn:r\" xmlns=\"urn:d\" xmlns:AA=\"urn:x\"/>\n"
+        "<AA:b xmlns=\"urn:d\" xmlns:AA=\"urn:x\"/>\n",
+        Text());
+}
+
+TEST_F(XmlTextWriterTest, RootDeclarationsAreSortedByURIAndXmlIsNeverDeclared) {
     m_writer.AddNamespaceAlias("z", "urn:a");
-    m_writer.AddNamespaceAlias("a", "urn:c");
+    m_writer.AddNamespaceAlias("q", "urn:c");
+    m_writer.AddNamespaceAlias("a", "urn:c");  // a later alias replaces an earlier one
     m_writer.AddNamespaceAlias("m", "urn:b");
     m_writer.SetDefaultNamespace("urn:default");
-    m_writer.WriteStartElement("root", "urn:default");
+    Open("root", "urn:default");
+    Attr("lang", "en", "http://www.w3.org/XML/1998/namespace");
     Leaf("x", "1", "urn:c");
     Leaf("y", "2", "urn:default");
-    m_writer.WriteEndElement();
+    Leaf("plain", "3");  // no namespace under a default one: not undeclared
+    Close();
     EXPECT_EQ(
-        "<root xmlns=\"urn:default\" xmlns:z=\"urn:a\" xmlns:m=\"urn:b\" xmlns:a=\"urn:c\">\n"
+        "<root xmlns=\"urn:default\" xmlns:z=\"urn:a\" xmlns:m=\"urn:b\" xmlns:a=\"urn:c\" xml:lang=\"en\">\n"
         "\t<a:x>1</a:x>\n"
         "\t<y>2</y>\n"
+        "\t<plain>3</plain>\n"
         "</root>\n",
         Text());
 }
 
-TEST_F(XmlTextWriterTest, RootInARegisteredNamespaceIsDeclaredOnce) {
-    m_writer.AddNamespaceAlias("p", "urn:p");
-    m_writer.WriteStartElement("root", "urn:p");
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<p:root xmlns:p=\"urn:p\"/>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, GeneratedRootPrefixComesBeforeTheRegisteredDeclarations) {
-    m_writer.AddNamespaceAlias("q", "urn:q");
+TEST_F(XmlTextWriterTest, AttributesInANamespaceAlwaysGetAPrefixScopedToTheirElement) {
+    // Unprefixed attributes are in no namespace, so even the default namespace needs one.
     m_writer.SetDefaultNamespace("urn:d");
-    m_writer.WriteStartElement("root", "urn:r");
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<AA:root xmlns:AA=\"urn:r\" xmlns=\"urn:d\" xmlns:q=\"urn:q\"/>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, NoNamespaceUnderADefaultNamespaceIsNotUndeclared) {
-    m_writer.SetDefaultNamespace("urn:d");
-    m_writer.WriteStartElement("root", "urn:d");
-    Leaf("plain", "1", "");
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<root xmlns=\"urn:d\">\n\t<plain>1</plain>\n</root>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, XmlPrefixIsNeverDeclared) {
-    m_writer.AddNamespaceAlias("p", "urn:p");
-    m_writer.WriteStartElement("root", "");
-    m_writer.WriteAttribute("lang", kXml, "en", ItemType_string);
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<root xmlns:p=\"urn:p\" xml:lang=\"en\"/>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, AttributeInTheDefaultNamespaceGetsAPrefix) {
-    m_writer.SetDefaultNamespace("urn:d");
-    m_writer.WriteStartElement("root", "urn:d");
-    m_writer.WriteAttribute("at", "urn:d", "v", ItemType_string);
-    m_writer.WriteAttribute("plain", "", "w", ItemType_string);
-    m_writer.WriteAttribute("again", "urn:d", "x", ItemType_string);
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<root xmlns=\"urn:d\" xmlns:AA=\"urn:d\" AA:at=\"v\" plain=\"w\" AA:again=\"x\"/>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, AttributePrefixIsScopedToItsElement) {
-    m_writer.WriteStartElement("root", "");
-    m_writer.WriteStartElement("a", "");
-    m_writer.WriteAttribute("x", "urn:x", "1", ItemType_string);
+    Open("root", "urn:d");
+    Attr("at", "v", "urn:d");
+    Attr("plain", "w");
+    Attr("again", "x", "urn:d");
+    Open("a");
+    Attr("x", "1", "urn:x");
     Leaf("inner", "2", "urn:x");
-    m_writer.WriteEndElement();
-    m_writer.WriteStartElement("b", "");
-    m_writer.WriteAttribute("x", "urn:y", "3", ItemType_string);
-    m_writer.WriteEndElement();
-    m_writer.WriteEndElement();
+    Close();
+    Open("b");
+    Attr("x", "3", "urn:y");
+    Close();
+    Close();
     EXPECT_EQ(
-        "<root>\n"
-        "\t<a xmlns:AA=\"urn:x\" AA:x=\"1\">\n"
-        "\t\t<AA:inner>2</AA:inner>\n"
+        "<root xmlns=\"urn:d\" xmlns:AA=\"urn:d\" AA:at=\"v\" plain=\"w\" AA:again=\"x\">\n"
+        "\t<a xmlns:AB=\"urn:x\" AB:x=\"1\">\n"
+        "\t\t<AB:inner>2</AB:inner>\n"
         "\t</a>\n"
-        "\t<b xmlns:AA=\"urn:y\" AA:x=\"3\"/>\n"
+        "\t<b xmlns:AB=\"urn:y\" AB:x=\"3\"/>\n"
         "</root>\n",
         Text());
-}
-
-TEST_F(XmlTextWriterTest, AliasAndDefaultSetInsideAnElementStayInItsScope) {
-    m_writer.WriteStartElement("root", "");
-    m_writer.WriteStartElement("a", "");
-    m_writer.AddNamespaceAlias("q", "urn:q");
-    m_writer.SetDefaultNamespace("urn:d");
-    Leaf("x", "1", "urn:q");
-    Leaf("y", "2", "urn:d");
-    m_writer.WriteEndElement();
-    Leaf("x", "3", "urn:q");
-    Leaf("y", "4", "urn:d");
-    m_writer.WriteEndElement();
-    // Set on an open element these emit no declarations; they only decide the names below.
-    EXPECT_EQ(
-        "<root>\n"
-        "\t<a>\n"
-        "\t\t<q:x>1</q:x>\n"
-        "\t\t<y>2</y>\n"
-        "\t</a>\n"
-        "\t<AA:x xmlns:AA=\"urn:q\">3</AA:x>\n"
-        "\t<AA:y xmlns:AA=\"urn:d\">4</AA:y>\n"
-        "</root>\n",
-        Text());
-}
-
-TEST_F(XmlTextWriterTest, SecondRootGetsItsDeclarationsAgain) {
-    m_writer.AddNamespaceAlias("p", "urn:p");
-    m_writer.WriteStartElement("a", "urn:p");
-    m_writer.WriteEndElement();
-    m_writer.WriteStartElement("b", "urn:p");
-    m_writer.WriteEndElement();
-    EXPECT_EQ("<p:a xmlns:p=\"urn:p\"/>\n<p:b xmlns:p=\"urn:p\"/>\n", Text());
 }
 
 // --- xsi:type and xsi:nil --------------------------------------------------------------------
 
-TEST_F(XmlTextWriterTest, XsiTypeDeclaresBothNamespacesWithTwoBlanks) {
-    m_writer.WriteStartElement("r", "");
+TEST_F(XmlTextWriterTest, XsiTypeAndNilWithoutAliasDeclareGeneratedPrefixes) {
+    Open("r");
     m_writer.WriteXsiType("urn:t", "T", ItemType_string);
-    m_writer.WriteEndElement();
-    EXPECT_EQ(std::string("<r xmlns:AA=\"urn:t\"  xmlns:AB=\"") + kXsi + "\" AB:type=\"AA:T\"/>\n", Text());
+    m_writer.WriteXsiNil();
+    Close();
+    EXPECT_EQ("<r xmlns:AA=\"urn:t\"  xmlns:AB=\"" + kXsi + "\" AB:type=\"AA:T\" AB:nil=\"true\"/>\n", Text());
 }
 
-TEST_F(XmlTextWriterTest, XsiTypeWithRegisteredXsiAlias) {
+TEST_F(XmlTextWriterTest, XsiTypeWithRegisteredAliases) {
     m_writer.AddNamespaceAlias("xsi", kXsi);
     m_writer.AddNamespaceAlias("t", "urn:known");
-    m_writer.WriteStartElement("r", "");
-    m_writer.WriteStartElement("a", "");
-    m_writer.WriteXsiType("urn:t", "T", ItemType_string);
-    m_writer.WriteEndElement();
-    m_writer.WriteStartElement("b", "");
-    m_writer.WriteXsiType("urn:known", "K", ItemType_string);
-    m_writer.WriteEndElement();
-    m_writer.WriteStartElement("c", "");
-    m_writer.WriteXsiType("", "string", ItemType_string);
-    m_writer.WriteXsiNil();
-    m_writer.WriteEndElement();
-    m_writer.WriteEndElement();
+    m_writer.SetDefaultNamespace("urn:d");
+    Open("r", "urn:d");
+    const char* aTypes[][3] = {{"a", "urn:t", "T"}, {"b", "urn:known", "K"}, {"c", "", "string"}, {"d", "urn:d", "T"}};
+    for (const auto& type : aTypes) {
+        Open(type[0]);
+        m_writer.WriteXsiType(type[1], type[2], ItemType_string);
+        if (type[0][0] == 'c') m_writer.WriteXsiNil();
+        Close();
+    }
+    Close();
     // By URI the instance namespace ("http://www.w3.org/2...") sorts before "urn:known".
-    EXPECT_EQ(std::string("<r xmlns:xsi=\"") + kXsi +
+    EXPECT_EQ("<r xmlns=\"urn:d\" xmlns:xsi=\"" + kXsi +
                   "\" xmlns:t=\"urn:known\">\n"
                   "\t<a xmlns:AA=\"urn:t\"  xsi:type=\"AA:T\"/>\n"
                   "\t<b xsi:type=\"t:K\"/>\n"
                   "\t<c xsi:type=\"string\" xsi:nil=\"true\"/>\n"
+                  "\t<d xsi:type=\"T\"/>\n"
                   "</r>\n",
               Text());
 }
 
-TEST_F(XmlTextWriterTest, XsiTypeInTheDefaultNamespaceIsUnprefixed) {
-    m_writer.AddNamespaceAlias("xsi", kXsi);
-    m_writer.SetDefaultNamespace("urn:d");
-    m_writer.WriteStartElement("r", "urn:d");
-    m_writer.WriteXsiType("urn:d", "T", ItemType_string);
-    m_writer.WriteEndElement();
-    EXPECT_EQ(std::string("<r xmlns=\"urn:d\" xmlns:xsi=\"") + kXsi + "\" xsi:type=\"T\"/>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, XsiNilWithoutAliasDeclaresAGeneratedPrefix) {
-    m_writer.WriteStartElement("r", "");
-    m_writer.WriteXsiNil();
-    m_writer.WriteEndElement();
-    EXPECT_EQ(std::string("<r xmlns:AA=\"") + kXsi + "\" AA:nil=\"true\"/>\n", Text());
-}
-
 // --- state errors ----------------------------------------------------------------------------
 
-TEST_F(XmlTextWriterTest, AttributeOperationsAfterContentAreRefused) {
-    const std::string kMessage = "Attributes must be added before elements";
-    m_writer.WriteStartElement("r", "");
+TEST_F(XmlTextWriterTest, OperationsOutOfOrderAreRefusedAndWriteNothing) {
+    const std::string kAttributes = "Attributes must be added before elements";
+    const std::string kNotClosed = "An Element has not been closed.";
+    EXPECT_EQ("There is no open element to end.", MessageOf([&] { Close(); }));
+    EXPECT_EQ(kAttributes, MessageOf([&] { Attr("a", "1"); }));
+    Open("r");
+    EXPECT_EQ(kNotClosed, MessageOf([&] { m_writer.EndDocument(); }));
     m_writer.WriteElementText("text", ItemType_string, false);
-    EXPECT_EQ(kMessage, MessageOf([&] { m_writer.WriteAttribute("a", "", "1", ItemType_string); }));
-    EXPECT_EQ(kMessage, MessageOf([&] { m_writer.WriteXsiType("urn:t", "T", ItemType_string); }));
-    EXPECT_EQ(kMessage, MessageOf([&] { m_writer.WriteXsiNil(); }));
-
-    m_writer.WriteStartElement("c", "");
-    m_writer.WriteEndElement();
-    EXPECT_EQ(kMessage, MessageOf([&] { m_writer.WriteAttribute("a", "", "1", ItemType_string); }));
-    m_writer.WriteEndElement();
-    // Nothing of the refused operations reached the text.
-    EXPECT_EQ("<r>text\t<c/>\n</r>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, AttributeWithoutOpenElementIsRefused) {
-    EXPECT_EQ("Attributes must be added before elements",
-              MessageOf([&] { m_writer.WriteAttribute("a", "", "1", ItemType_string); }));
-}
-
-TEST_F(XmlTextWriterTest, EndDocumentWithOpenElementThrows) {
-    m_writer.WriteStartElement("r", "");
-    EXPECT_EQ("An Element has not been closed.", MessageOf([&] { m_writer.EndDocument(); }));
-    m_writer.WriteElementText("x", ItemType_string, false);
-    EXPECT_EQ("An Element has not been closed.", MessageOf([&] { m_writer.EndDocument(); }));
-    m_writer.WriteEndElement();
+    EXPECT_EQ(kNotClosed, MessageOf([&] { m_writer.EndDocument(); }));
+    EXPECT_EQ(kAttributes, MessageOf([&] { Attr("a", "1"); }));
+    EXPECT_EQ(kAttributes, MessageOf([&] { m_writer.WriteXsiType("urn:t", "T", ItemType_string); }));
+    EXPECT_EQ(kAttributes, MessageOf([&] { m_writer.WriteXsiNil(); }));
+    Leaf("c", "");
+    EXPECT_EQ(kAttributes, MessageOf([&] { Attr("a", "1"); }));
+    Close();
     m_writer.EndDocument();
-    EXPECT_EQ("<r>x</r>\n", Text());
-}
-
-TEST_F(XmlTextWriterTest, EndElementWithoutOpenElementThrows) {
-    EXPECT_EQ("There is no open element to end.", MessageOf([&] { m_writer.WriteEndElement(); }));
+    EXPECT_EQ("<r>text\t<c/>\n</r>\n", Text());
 }

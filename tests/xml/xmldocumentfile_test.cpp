@@ -15,7 +15,6 @@ using namespace OrvexXml;
 using OrvexXmlTest::Children;
 using OrvexXmlTest::Dump;
 using OrvexXmlTest::ExpectOxError;
-using OrvexXmlTest::OxErrorOf;
 
 namespace {
 
@@ -38,7 +37,7 @@ private:
 };
 
 // A document of exactly nSize bytes (for nSize >= 64) with records that hold attributes,
-// namespaces and multi-byte characters, padded with text at the end of the root.
+// namespaces, CRLF line ends and multi-byte characters, padded with text at the end of the root.
 std::string MakeDocument(size_t nSize, unsigned nSeed) {
     std::string strXml = "<?xml version='1.0' encoding='UTF-8'?>\n<root xmlns:p='urn:p'>\n";
     const std::string strFooter = "</root>\n";
@@ -62,9 +61,9 @@ std::string MakeDocument(size_t nSize, unsigned nSeed) {
 }
 
 // The tree, or the error message, of one load.
-std::string LoadResult(const char* pszPath, bool bAsync, XmlElementCallback pfn = nullptr) {
+std::string LoadResult(const char* pszPath, bool bAsync) {
     AsyncFromXmlFile(bAsync);
-    CXmlDocument doc(pfn);
+    CXmlDocument doc;
     try {
         doc.Load(pszPath);
     } catch (const COxException& e) {
@@ -76,87 +75,67 @@ std::string LoadResult(const char* pszPath, bool bAsync, XmlElementCallback pfn 
 class XmlDocumentFile : public ::testing::Test {
 protected:
     void TearDown() override { AsyncFromXmlFile(false); }
-
-    void ExpectSameInBothModes(const std::string& strContent) {
-        TempFile file(strContent);
-        std::string strWhole = LoadResult(file.Path(), false);
-        std::string strAsync = LoadResult(file.Path(), true);
-        EXPECT_EQ(strWhole, strAsync) << "size " << strContent.size();
-        EXPECT_EQ(0u, strWhole.rfind("({}root", 0)) << strWhole.substr(0, 200);
-    }
 };
 
-TEST_F(XmlDocumentFile, SwitchSelectsTheOverlappedForm) {
+TEST_F(XmlDocumentFile, OpenReadAndParseFailuresInBothModes) {
     EXPECT_FALSE(GetAsyncFromXmlFile());
-    AsyncFromXmlFile(true);
-    EXPECT_TRUE(GetAsyncFromXmlFile());
-    AsyncFromXmlFile(false);
-    EXPECT_FALSE(GetAsyncFromXmlFile());
-}
-
-TEST_F(XmlDocumentFile, MissingFileInBothModes) {
-    std::string strPath = ::testing::TempDir() + "orvexxml_no_such_file.xml";
+    std::string strMissing = ::testing::TempDir() + "orvexxml_no_such_file.xml";
+    std::string strDirectory = ::testing::TempDir();
+    if (!strDirectory.empty() && strDirectory.back() == '/') strDirectory.pop_back();
+    TempFile empty("");
     for (bool bAsync : {false, true}) {
         AsyncFromXmlFile(bAsync);
+        EXPECT_EQ(bAsync, GetAsyncFromXmlFile());
         CXmlDocument doc;
-        ExpectOxError([&] { doc.Load(strPath.c_str()); },
-                      "Failed to open the file [" + strPath + "] Error [0x00000002]");
+        ExpectOxError([&] { doc.Load(strMissing.c_str()); },
+                      "Failed to open the file [" + strMissing + "] Error [0x00000002]");
         EXPECT_EQ(nullptr, doc.GetDocumentElement());
+        ExpectOxError([&] { doc.Load(strDirectory.c_str()); },
+                      "Failed to read the contents of the file [" + strDirectory + "] Error [0x00000015]");
+        ExpectOxError([&] { doc.Load(empty.Path()); }, "no element found at line 1");
     }
 }
 
-TEST_F(XmlDocumentFile, DirectoryFailsOnReadInBothModes) {
-    std::string strPath = ::testing::TempDir();
-    if (!strPath.empty() && strPath.back() == '/') strPath.pop_back();
-    for (bool bAsync : {false, true}) {
-        AsyncFromXmlFile(bAsync);
-        CXmlDocument doc;
-        ExpectOxError([&] { doc.Load(strPath.c_str()); },
-                      "Failed to read the contents of the file [" + strPath + "] Error [0x00000015]");
-    }
-}
-
-TEST_F(XmlDocumentFile, EmptyFileFailsOnTheFinalChunkInBothModes) {
-    TempFile file("");
-    for (bool bAsync : {false, true}) {
-        AsyncFromXmlFile(bAsync);
-        CXmlDocument doc;
-        ExpectOxError([&] { doc.Load(file.Path()); }, "no element found at line 1");
-    }
-}
-
-TEST_F(XmlDocumentFile, ExactChunkMultiplesAndTheirNeighbours) {
-    for (size_t nSize : {kChunk - 1, kChunk, kChunk + 1, 2 * kChunk - 1, 2 * kChunk, 2 * kChunk + 1, 3 * kChunk})
-        ExpectSameInBothModes(MakeDocument(nSize, static_cast<unsigned>(nSize)));
-}
-
-TEST_F(XmlDocumentFile, RandomSizes) {
+TEST_F(XmlDocumentFile, SameTreeInBothModesAtChunkMultiplesTheirNeighboursAndOtherSizes) {
+    std::vector<size_t> sizes = {100,        kChunk - 1,     kChunk,    kChunk + 1, 2 * kChunk - 1,
+                                 2 * kChunk, 2 * kChunk + 1, 3 * kChunk};
     unsigned nState = 2024;
     for (int i = 0; i < 8; ++i) {
         nState = nState * 1103515245u + 12345u;
-        size_t nSize = 64 + (nState >> 4) % (5 * kChunk);
-        ExpectSameInBothModes(MakeDocument(nSize, nState));
+        sizes.push_back(64 + (nState >> 4) % (5 * kChunk));
     }
+    for (size_t nSize : sizes) {
+        TempFile file(MakeDocument(nSize, static_cast<unsigned>(nSize)));
+        std::string strWhole = LoadResult(file.Path(), false);
+        EXPECT_EQ(strWhole, LoadResult(file.Path(), true)) << "size " << nSize;
+        EXPECT_EQ(0u, strWhole.rfind("({}root", 0)) << strWhole.substr(0, 200);
+    }
+    // A parse error in a later chunk gives the same message.
+    std::string strXml = MakeDocument(3 * kChunk + 100, 7);
+    TempFile broken(strXml.insert(strXml.size() - 8, "<open>"));
+    std::string strError = LoadResult(broken.Path(), false);
+    EXPECT_EQ(0u, strError.rfind("error: mismatched tag at line ", 0)) << strError;
+    EXPECT_EQ(strError, LoadResult(broken.Path(), true));
+    TempFile tiny("<root/>");
+    EXPECT_EQ("({}root text=[])", LoadResult(tiny.Path(), false));
+    EXPECT_EQ("({}root text=[])", LoadResult(tiny.Path(), true));
 }
 
-TEST_F(XmlDocumentFile, SmallFiles) {
-    ExpectSameInBothModes("<root/>");
-    ExpectSameInBothModes(MakeDocument(100, 1));
-}
-
-TEST_F(XmlDocumentFile, MultiByteCharactersAndTagsAcrossChunkBoundaries) {
-    const std::string aCharacters[] = {"\xC3\xA9", "\xE4\xB8\xAD", "\xF0\x9F\x98\x80"};
-    for (const std::string& strCharacter : aCharacters) {
-        for (size_t nSplit = 1; nSplit < strCharacter.size(); ++nSplit) {
+TEST_F(XmlDocumentFile, CharactersLineEndsAndTagsAcrossChunkBoundaries) {
+    // {as written, as stored}: a CRLF split between chunks is stored as LF as well.
+    const std::string aCharacters[][2] = {{"\xC3\xA9", "\xC3\xA9"},
+                                          {"\xE4\xB8\xAD", "\xE4\xB8\xAD"},
+                                          {"\xF0\x9F\x98\x80", "\xF0\x9F\x98\x80"},
+                                          {"\r\n", "\n"}};
+    for (const auto& character : aCharacters) {
+        for (size_t nSplit = 1; nSplit < character[0].size(); ++nSplit) {
             // The character starts nSplit bytes before the end of the first chunk, and a tag
             // straddles the end of the second.
-            std::string strXml = "<root>";
-            strXml.append(kChunk - nSplit - strXml.size(), 'a');
-            strXml += strCharacter;
-            std::string strText = strXml.substr(6);
+            std::string strXml = "<root>" + std::string(kChunk - nSplit - 6, 'a') + character[0];
+            std::string strText = std::string(kChunk - nSplit - 6, 'a') + character[1];
+            strText.append(2 * kChunk - 5 - strXml.size(), 'b');
             strXml.append(2 * kChunk - 5 - strXml.size(), 'b');
-            strText.append(2 * kChunk - 5 - 6 - strText.size(), 'b');
-            strXml += "<leaf attr='\xF0\x9F\x98\x80'>z</leaf></root>";
+            strXml += "<leaf attr='\xF0\x9F\x98\x80'>z\r\nz</leaf></root>";
             TempFile file(strXml);
             for (bool bAsync : {false, true}) {
                 AsyncFromXmlFile(bAsync);
@@ -165,80 +144,48 @@ TEST_F(XmlDocumentFile, MultiByteCharactersAndTagsAcrossChunkBoundaries) {
                 const CXmlElement* pRoot = doc.GetDocumentElement();
                 ASSERT_NE(nullptr, pRoot);
                 EXPECT_TRUE(pRoot->GetText() == strText) << "split " << nSplit << " async " << bAsync;
-                ASSERT_NE(nullptr, pRoot->GetFirstElement());
-                EXPECT_EQ("\xF0\x9F\x98\x80", pRoot->GetFirstElement()->GetAttribute("attr"));
-                EXPECT_EQ("z", pRoot->GetFirstElement()->GetText());
+                EXPECT_EQ("({}leaf {}attr=[\xF0\x9F\x98\x80] text=[z\nz])", Dump(pRoot->GetFirstElement()));
             }
         }
     }
 }
 
-TEST_F(XmlDocumentFile, ParseErrorInALaterChunkGivesTheSameMessage) {
-    std::string strXml = MakeDocument(3 * kChunk + 100, 7);
-    strXml.insert(strXml.size() - 8, "<open>");
-    TempFile file(strXml);
-    std::string strWhole = LoadResult(file.Path(), false);
-    EXPECT_EQ(0u, strWhole.rfind("error: mismatched tag at line ", 0)) << strWhole;
-    EXPECT_EQ(strWhole, LoadResult(file.Path(), true));
-}
-
-bool ThrowAtRecordTwoThousand(CXmlElement* pElement) {
-    if (pElement->GetAttribute("n") == "2000") throw COxException("stopped");
-    return false;
-}
-
-bool DropRecords(CXmlElement* pElement) { return pElement->GetLocalName() == "rec"; }
-
-TEST_F(XmlDocumentFile, CallbackExceptionInOverlappedModeCleansUp) {
+TEST_F(XmlDocumentFile, ElementCallbackInBothModes) {
     TempFile file(MakeDocument(4 * kChunk, 3));
-    AsyncFromXmlFile(true);
-    CXmlDocument doc(&ThrowAtRecordTwoThousand);
-    ExpectOxError([&] { doc.Load(file.Path()); }, "stopped");
-    EXPECT_EQ(nullptr, doc.GetDocumentElement());
-    // Loading again works, on the same document.
-    AsyncFromXmlFile(false);
-    ExpectOxError([&] { doc.Load(file.Path()); }, "stopped");
-    // The whole-file form keeps what it had built.
-    ASSERT_NE(nullptr, doc.GetDocumentElement());
-    EXPECT_EQ("root", doc.GetDocumentElement()->GetLocalName());
-}
-
-TEST_F(XmlDocumentFile, StreamingCallbackKeepsTheRootEmptyInBothModes) {
-    TempFile file(MakeDocument(3 * kChunk, 5));
     for (bool bAsync : {false, true}) {
         AsyncFromXmlFile(bAsync);
-        CXmlDocument doc(&DropRecords);
+        CXmlDocument doc(+[](CXmlElement* pElement) { return pElement->GetLocalName() == "rec"; });
         doc.Load(file.Path());
         ASSERT_NE(nullptr, doc.GetDocumentElement());
         EXPECT_EQ(nullptr, doc.GetDocumentElement()->GetFirstElement());
     }
+
+    // An exception from the callback ends an overlapped load and leaves no tree behind.
+    AsyncFromXmlFile(true);
+    CXmlDocument doc(+[](CXmlElement* pElement) -> bool {
+        if (pElement->GetAttribute("n") == "2000") throw COxException("stopped");
+        return false;
+    });
+    ExpectOxError([&] { doc.Load(file.Path()); }, "stopped");
+    EXPECT_EQ(nullptr, doc.GetDocumentElement());
+    // The same document loads again; the whole-file form keeps what it had built.
+    AsyncFromXmlFile(false);
+    ExpectOxError([&] { doc.Load(file.Path()); }, "stopped");
+    ASSERT_NE(nullptr, doc.GetDocumentElement());
+    EXPECT_EQ("root", doc.GetDocumentElement()->GetLocalName());
 }
 
 TEST_F(XmlDocumentFile, OverlappedLoadsInARowOnOneDocument) {
     TempFile big(MakeDocument(2 * kChunk + 17, 11));
-    TempFile small("<small a='1'/>");
+    TempFile small("<small a='1'>\r\none\r\n</small>");
     AsyncFromXmlFile(true);
     CXmlDocument doc;
     doc.Load(big.Path());
-    EXPECT_EQ("root", doc.GetDocumentElement()->GetLocalName());
     EXPECT_FALSE(Children(doc.GetDocumentElement()).empty());
     doc.Load(small.Path());
-    ASSERT_NE(nullptr, doc.GetDocumentElement());
-    EXPECT_EQ("small", doc.GetDocumentElement()->GetLocalName());
-    EXPECT_EQ("1", doc.GetDocumentElement()->GetAttribute("a"));
+    EXPECT_EQ("({}small {}a=[1] text=[\none\n])", Dump(doc.GetDocumentElement()));
     doc.Load(big.Path());
     EXPECT_EQ(LoadResult(big.Path(), false), Dump(doc.GetDocumentElement()));
-}
-
-TEST_F(XmlDocumentFile, CrLfInFilesIsStoredAsLf) {
-    TempFile file("<a>\r\none\r\n<b>two\r\nthree</b>\r\n</a>\r\n");
-    for (bool bAsync : {false, true}) {
-        AsyncFromXmlFile(bAsync);
-        CXmlDocument doc;
-        doc.Load(file.Path());
-        EXPECT_EQ("\none\n\n", doc.GetDocumentElement()->GetText());
-        EXPECT_EQ("two\nthree", doc.GetDocumentElement()->GetFirstElement()->GetText());
-    }
 }
 
 }  // namespace
