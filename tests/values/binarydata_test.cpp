@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstring>
 #include <random>
 #include <string>
@@ -24,9 +25,8 @@ std::string Bytes(const CBinaryData& data) {
 
 std::vector<unsigned char> RandomBytes(size_t nCount, unsigned nSeed) {
     std::mt19937 engine(nSeed);
-    std::uniform_int_distribution<int> dist(0, 255);
     std::vector<unsigned char> bytes(nCount);
-    for (unsigned char& b : bytes) b = static_cast<unsigned char>(dist(engine));
+    for (unsigned char& b : bytes) b = static_cast<unsigned char>(engine());
     return bytes;
 }
 
@@ -40,66 +40,72 @@ bool IsUnshared(CBinaryData& data) {
     return data.GetData() == pBefore;
 }
 
-// --- construction ----------------------------------------------------------------------------
+TEST(BinaryData, ConstructionCopiesUnlessTakingOwnership) {
+    CBinaryData empty;
+    EXPECT_EQ(nullptr, empty.GetData());
+    EXPECT_EQ(0u, empty.GetLength());
+    EXPECT_EQ("", empty.GetAsHexString());
+    EXPECT_EQ("", empty.GetAsBase64());
+    EXPECT_EQ(nullptr, empty.ReleaseData());
 
-TEST(BinaryDataConstruction, DefaultIsEmpty) {
-    CBinaryData data;
-    EXPECT_EQ(nullptr, data.GetData());
-    EXPECT_EQ(0u, data.GetLength());
-    EXPECT_EQ("", data.GetAsHexString());
-    EXPECT_EQ("", data.GetAsBase64());
-}
-
-TEST(BinaryDataConstruction, CopiesBytesUnlessTakingOwnership) {
     unsigned char source[] = {1, 2, 3};
     CBinaryData copied(source, 3, false);
     source[0] = 9;
-    EXPECT_NE(source, copied.GetData());
     EXPECT_EQ(std::string("\x01\x02\x03", 3), Bytes(copied));
-
     unsigned char* pOwned = new unsigned char[2]{7, 8};
-    CBinaryData owned(pOwned, 2, true);
-    EXPECT_EQ(pOwned, owned.GetData());
-    EXPECT_EQ(std::string("\x07\x08", 2), Bytes(owned));
-}
-
-TEST(BinaryDataConstruction, ZeroLengthStaysEmptyAndLeavesTheArrayToTheCaller) {
+    EXPECT_EQ(pOwned, CBinaryData(pOwned, 2, true).GetData());
+    // Text gives its bytes without the terminator; no text, no bytes.
+    EXPECT_EQ("abc", Bytes(CBinaryData("abc")));
+    EXPECT_EQ(nullptr, CBinaryData("").GetData());
+    EXPECT_EQ(nullptr, CBinaryData(static_cast<const char*>(nullptr)).GetData());
+    // Zero bytes: the array stays the caller's, readable afterwards and freed here once.
     unsigned char* pArray = new unsigned char[4]{1, 2, 3, 4};
-    {
-        CBinaryData data(pArray, 0, true);
-        EXPECT_EQ(nullptr, data.GetData());
-        EXPECT_EQ(0u, data.GetLength());
-    }
-    // Still the caller's: readable after the value is gone, and freed here exactly once.
+    EXPECT_EQ(nullptr, CBinaryData(pArray, 0, true).GetData());
     EXPECT_EQ(4, pArray[3]);
     delete[] pArray;
 }
 
-TEST(BinaryDataConstruction, TextGivesItsBytesWithoutTerminator) {
+TEST(BinaryData, IndexAtOrBeyondTheLengthIsRefused) {
     CBinaryData data("abc");
-    EXPECT_EQ(3u, data.GetLength());
-    EXPECT_EQ("abc", Bytes(data));
-    EXPECT_EQ(nullptr, CBinaryData("").GetData());
-    EXPECT_EQ(nullptr, CBinaryData(static_cast<const char*>(nullptr)).GetData());
+    const CBinaryData& constData = data;
+    EXPECT_EQ('c', constData[2]);
+    EXPECT_OX_THROW(constData[3], COxException, "Index Out of range [3]");
+    EXPECT_OX_THROW(data[3], COxException, "Index Out of range [3]");
+    EXPECT_OX_THROW(data[100], COxException, "Index Out of range [100]");
+    CBinaryData empty;
+    const CBinaryData& constEmpty = empty;
+    EXPECT_OX_THROW(empty[0], COxException, "Index Out of range [0]");
+    EXPECT_OX_THROW(constEmpty[0], COxException, "Index Out of range [0]");
 }
 
-// --- sharing and copy on write ---------------------------------------------------------------
+TEST(BinaryData, EqualityFollowsTheBytes) {
+    const CBinaryData empty;
+    const CBinaryData abc("abc");
+    EXPECT_TRUE(empty == CBinaryData());
+    EXPECT_FALSE(empty != CBinaryData());
+    EXPECT_TRUE(empty != abc);
+    EXPECT_FALSE(abc == empty);
+    // Separate blocks with equal bytes.
+    EXPECT_TRUE(abc == CBinaryData("abc"));
+    EXPECT_FALSE(abc == CBinaryData("abd"));
+    EXPECT_FALSE(abc == CBinaryData("ab"));
+    EXPECT_TRUE(abc != CBinaryData("abcd"));
+}
 
-TEST(BinaryDataSharing, CopyAndAssignmentShareTheBytes) {
-    CBinaryData a("shared");
+// --- sharing and copy on write -------------------------------------------------------------
+
+TEST(BinaryDataSharing, ChangeThroughOneHandleNeverShowsThroughAnother) {
+    CBinaryData a("abc");
     CBinaryData b(a);
     CBinaryData c;
     c = a;
     EXPECT_EQ(a.GetData(), b.GetData());
     EXPECT_EQ(a.GetData(), c.GetData());
-    CBinaryData empty;
-    CBinaryData emptyCopy(empty);
-    EXPECT_EQ(nullptr, emptyCopy.GetData());
-}
+    // Reading through the index does not unshare.
+    const CBinaryData& constA = a;
+    EXPECT_EQ('b', constA[1]);
+    EXPECT_EQ(a.GetData(), b.GetData());
 
-TEST(BinaryDataSharing, AppendOnOneHandleLeavesTheOtherAlone) {
-    CBinaryData a("abc");
-    CBinaryData b(a);
     const unsigned char* pShared = a.GetData();
     a.Append('d');
     EXPECT_EQ("abcd", Bytes(a));
@@ -107,147 +113,95 @@ TEST(BinaryDataSharing, AppendOnOneHandleLeavesTheOtherAlone) {
     // Only the handle that changed moved to a block of its own.
     EXPECT_NE(pShared, a.GetData());
     EXPECT_EQ(pShared, b.GetData());
-}
 
-TEST(BinaryDataSharing, WritingThroughTheIndexUnsharesReadingDoesNot) {
-    CBinaryData a("abc");
-    CBinaryData b(a);
-    const CBinaryData& constA = a;
-    EXPECT_EQ('b', constA[1]);
-    EXPECT_EQ(a.GetData(), b.GetData());
-
-    a[1] = 'X';
-    EXPECT_EQ("aXc", Bytes(a));
-    EXPECT_EQ("abc", Bytes(b));
-    EXPECT_NE(a.GetData(), b.GetData());
+    b[1] = 'X';
+    EXPECT_EQ("aXc", Bytes(b));
+    EXPECT_EQ("abc", Bytes(c));
     // Each handle is now alone with its block and writes in place.
-    EXPECT_TRUE(IsUnshared(a));
     EXPECT_TRUE(IsUnshared(b));
+    EXPECT_TRUE(IsUnshared(c));
 }
 
-TEST(BinaryDataSharing, ReleasedCopiesLeaveTheBlockUnshared) {
-    CBinaryData a("abc");
+TEST(BinaryDataSharing, DroppedHandlesReleaseTheirReference) {
+    CBinaryData a("keep");
     {
         CBinaryData b(a);
         CBinaryData c(b);
     }
     EXPECT_TRUE(IsUnshared(a));
-}
 
-TEST(BinaryDataSharing, AssignmentDropsTheFormerBlock) {
-    CBinaryData a("first");
-    CBinaryData b(a);
-    CBinaryData c("second");
-    b = c;
-    EXPECT_EQ("second", Bytes(b));
-    EXPECT_EQ(c.GetData(), b.GetData());
-    EXPECT_TRUE(IsUnshared(a));
-    EXPECT_EQ("first", Bytes(a));
-
-    // Assigning a handle to itself, or to another handle on the same block, keeps the bytes.
-    const CBinaryData& sameB = b;
-    b = sameB;
-    b = c;
-    EXPECT_EQ("second", Bytes(b));
-    EXPECT_EQ("second", Bytes(c));
-    b = CBinaryData();
-    EXPECT_EQ(nullptr, b.GetData());
-    EXPECT_TRUE(IsUnshared(c));
-}
-
-TEST(BinaryDataSharing, ClearAndSetBufferTouchOnlyTheirOwnHandle) {
-    CBinaryData a("keep");
     CBinaryData b(a);
     CBinaryData c(a);
+    CBinaryData d(a);
     b.Clear();
     EXPECT_EQ(nullptr, b.GetData());
     EXPECT_EQ(0u, b.GetLength());
     c.SetBuffer("new");
     EXPECT_EQ("new", Bytes(c));
+    CBinaryData other("other");
+    d = other;
+    EXPECT_EQ(other.GetData(), d.GetData());
     EXPECT_EQ("keep", Bytes(a));
     EXPECT_TRUE(IsUnshared(a));
+    // Assigning a handle to itself, or to another handle on the same block, keeps the bytes.
+    const CBinaryData& sameD = d;
+    d = sameD;
+    d = other;
+    EXPECT_EQ("other", Bytes(d));
+    d = CBinaryData();
+    EXPECT_EQ(nullptr, d.GetData());
+    EXPECT_TRUE(IsUnshared(other));
 }
 
-TEST(BinaryDataSharing, SetBufferCopiesAndZeroLengthEmpties) {
-    CBinaryData data("old");
-    unsigned char bytes[] = {0, 1};
-    data.SetBuffer(bytes, 2);
-    bytes[0] = 5;
-    EXPECT_EQ(std::string("\x00\x01", 2), Bytes(data));
-    data.SetBuffer(bytes, 0);
-    EXPECT_EQ(nullptr, data.GetData());
-    data.SetBuffer("text");
-    EXPECT_EQ("text", Bytes(data));
-    data.SetBuffer("");
-    EXPECT_EQ(nullptr, data.GetData());
-    // The new bytes may come from the value itself.
-    data.SetBuffer("abcdef");
-    data.SetBuffer(data.GetData() + 2, 3);
-    EXPECT_EQ("cde", Bytes(data));
-}
-
-// --- handing the bytes over ------------------------------------------------------------------
-
-TEST(BinaryDataRelease, UnsharedValueHandsOverItsOwnArray) {
-    CBinaryData data("abc");
-    const unsigned char* pBytes = data.GetData();
-    unsigned char* pReleased = data.ReleaseData();
+TEST(BinaryDataSharing, ReleaseDataHandsOverTheArrayOrAPrivateCopy) {
+    CBinaryData alone("abc");
+    const unsigned char* pBytes = alone.GetData();
+    unsigned char* pReleased = alone.ReleaseData();
     EXPECT_EQ(pBytes, pReleased);
-    EXPECT_EQ(nullptr, data.GetData());
-    EXPECT_EQ(0u, data.GetLength());
+    EXPECT_EQ(nullptr, alone.GetData());
+    EXPECT_EQ(0u, alone.GetLength());
     EXPECT_EQ(0, std::memcmp(pReleased, "abc", 3));
     delete[] pReleased;
-}
 
-TEST(BinaryDataRelease, SharedValueHandsOverAPrivateCopy) {
     CBinaryData a("abc");
     CBinaryData b(a);
-    unsigned char* pReleased = a.ReleaseData();
+    pReleased = a.ReleaseData();
     ASSERT_NE(nullptr, pReleased);
     EXPECT_NE(b.GetData(), pReleased);
-    EXPECT_EQ(0, std::memcmp(pReleased, "abc", 3));
     pReleased[0] = 'X';
     EXPECT_EQ("abc", Bytes(b));
     EXPECT_TRUE(IsUnshared(b));
     delete[] pReleased;
 }
 
-TEST(BinaryDataRelease, EmptyValueGivesNull) {
-    CBinaryData data;
-    EXPECT_EQ(nullptr, data.ReleaseData());
-}
+// --- setting and appending -------------------------------------------------------------------
 
-// --- index ---------------------------------------------------------------------------------
+TEST(BinaryDataAppend, SetBufferAndEveryAppendTakeACopyOfTheBytes) {
+    CBinaryData data("old");
+    unsigned char bytes[] = {'a', 0};
+    data.SetBuffer(bytes, 2);
+    bytes[0] = 'z';
+    EXPECT_EQ(std::string("a\0", 2), Bytes(data));
+    data.SetBuffer(bytes, 0);
+    EXPECT_EQ(nullptr, data.GetData());
+    data.SetBuffer("");
+    EXPECT_EQ(nullptr, data.GetData());
+    // The new bytes may come from the value itself.
+    data.SetBuffer("abcdef");
+    data.SetBuffer(data.GetData() + 2, 3);
+    EXPECT_EQ("cde", Bytes(data));
 
-TEST(BinaryDataIndex, IndexAtOrBeyondTheLengthIsRefused) {
-    CBinaryData data("abc");
-    const CBinaryData& constData = data;
-    EXPECT_EQ('c', constData[2]);
-    EXPECT_OX_THROW(constData[3], COxException, "Index Out of range [3]");
-    EXPECT_OX_THROW(data[3], COxException, "Index Out of range [3]");
-    EXPECT_OX_THROW(data[100], COxException, "Index Out of range [100]");
-
-    CBinaryData empty;
-    const CBinaryData& constEmpty = empty;
-    EXPECT_OX_THROW(empty[0], COxException, "Index Out of range [0]");
-    EXPECT_OX_THROW(constEmpty[0], COxException, "Index Out of range [0]");
-}
-
-// --- appending -----------------------------------------------------------------------------
-
-TEST(BinaryDataAppend, EveryFormAppendsItsBytes) {
-    CBinaryData data;
-    data.Append('a');
-    data.Append(static_cast<unsigned char>(0));
-    data.Append(static_cast<unsigned char>(0xFF));
-    const unsigned char bytes[] = {'b', 'c'};
+    data.Clear();
     data.Append(bytes, 2);
-    data.Append("de");
-    data.Append(std::string("f\0ignored", 9));  // up to the first NUL
-    data.Append(CBinaryData("gh"));
-    EXPECT_EQ(std::string("a\x00\xFF"
-                          "bcdefgh",
-                          10),
+    bytes[0] = 'y';
+    data.Append(static_cast<unsigned char>(0xFF));
+    data.Append('b');
+    data.Append("cd");
+    data.Append(std::string("e\0ignored", 9));  // up to the first NUL
+    data.Append(CBinaryData("fg"));
+    EXPECT_EQ(std::string("z\0\xFF"
+                          "bcdefg",
+                          9),
               Bytes(data));
 }
 
@@ -269,114 +223,60 @@ TEST(BinaryDataAppend, NothingToAppendChangesNothing) {
     EXPECT_EQ(shared.GetData(), data.GetData());
 }
 
-TEST(BinaryDataAppend, FirstAppendCopiesTheBytes) {
-    unsigned char bytes[] = {1, 2};
-    CBinaryData data;
-    data.Append(bytes, 2);
-    bytes[0] = 9;
-    EXPECT_NE(bytes, data.GetData());
-    EXPECT_EQ(std::string("\x01\x02", 2), Bytes(data));
-}
-
-TEST(BinaryDataAppend, ValueCanAppendItself) {
+TEST(BinaryDataAppend, OwnBytesStayValidWhenTheArrayGrowsOrIsUnshared) {
     CBinaryData data("ab");
     data.Append(data);
     EXPECT_EQ("abab", Bytes(data));
-
     CBinaryData shared(data);
     data.Append(data);
     EXPECT_EQ("abababab", Bytes(data));
     EXPECT_EQ("abab", Bytes(shared));
-}
 
-TEST(BinaryDataAppend, OwnBytesStayValidWhenTheArrayGrowsOrIsUnshared) {
     // A decoded value has no spare room, so this append has to reallocate.
-    CBinaryData data;
-    data.SetAsHexString("0102030405");
-    data.Append(data.GetData() + 1, 3);
-    EXPECT_EQ("0102030405020304", data.GetAsHexString());
-
+    CBinaryData decoded;
+    decoded.SetAsHexString("0102030405");
+    decoded.Append(decoded.GetData() + 1, 3);
+    EXPECT_EQ("0102030405020304", decoded.GetAsHexString());
     // Shared: the bytes come from the block that the append leaves behind.
-    CBinaryData shared(data);
-    data.Append(data.GetData() + 5, 2);
-    EXPECT_EQ("01020304050203040203", data.GetAsHexString());
-    EXPECT_EQ("0102030405020304", shared.GetAsHexString());
+    CBinaryData sharedDecoded(decoded);
+    decoded.Append(decoded.GetData() + 5, 2);
+    EXPECT_EQ("01020304050203040203", decoded.GetAsHexString());
+    EXPECT_EQ("0102030405020304", sharedDecoded.GetAsHexString());
+    decoded.SetAsBase64("Zm9v");
+    decoded.Append("bar");
+    EXPECT_EQ("foobar", Bytes(decoded));
 }
 
-TEST(BinaryDataAppend, ByteByByteMatchesAReference) {
-    std::vector<unsigned char> expected = RandomBytes(100000, 1);
-    CBinaryData data;
-    for (unsigned char b : expected) data.Append(b);
-    ASSERT_EQ(expected.size(), data.GetLength());
-    EXPECT_EQ(0, std::memcmp(expected.data(), data.GetData(), expected.size()));
+TEST(BinaryDataAppend, ByteByByteFarPastEveryCapacityStep) {
+    const std::vector<unsigned char> expected = RandomBytes(100000, 1);
+    CBinaryData grown;
+    for (unsigned char b : expected) grown.Append(b);
+    ASSERT_EQ(expected.size(), grown.GetLength());
+    EXPECT_EQ(0, std::memcmp(expected.data(), grown.GetData(), expected.size()));
 }
 
-TEST(BinaryDataAppend, UnsharedValueGrowsInPlaceWhileThereIsRoom) {
-    // A value copied in has room to grow; appending within it moves nothing.
-    unsigned char bytes[10] = {};
-    CBinaryData data(bytes, 10, false);
-    const unsigned char* pBefore = data.GetData();
-    std::vector<unsigned char> more = RandomBytes(1000, 2);
-    data.Append(more.data(), static_cast<OxULong>(more.size()));
-    EXPECT_EQ(pBefore, data.GetData());
-    EXPECT_EQ(1010u, data.GetLength());
-    EXPECT_EQ(0, std::memcmp(more.data(), data.GetData() + 10, more.size()));
-}
+// --- hex and base64 text -----------------------------------------------------------------------
 
-// --- comparison ----------------------------------------------------------------------------
-
-TEST(BinaryDataCompare, EqualityFollowsTheBytes) {
-    CBinaryData empty1;
-    CBinaryData empty2;
-    CBinaryData abc1("abc");
-    CBinaryData abc2("abc");
-    EXPECT_TRUE(empty1 == empty2);
-    EXPECT_FALSE(empty1 != empty2);
-    EXPECT_FALSE(empty1 == abc1);
-    EXPECT_FALSE(abc1 == empty1);
-    EXPECT_TRUE(empty1 != abc1);
-    // Separate blocks with equal bytes.
-    ASSERT_NE(abc1.GetData(), abc2.GetData());
-    EXPECT_TRUE(abc1 == abc2);
-    EXPECT_FALSE(abc1 == CBinaryData("abd"));
-    EXPECT_FALSE(abc1 == CBinaryData("ab"));
-    EXPECT_TRUE(abc1 != CBinaryData("abcd"));
-}
-
-// --- hex -------------------------------------------------------------------------------------
-
-TEST(BinaryDataHex, UpperCaseDigitsHighNibbleFirst) {
-    const unsigned char bytes[] = {0x00, 0xFF, 0x1A, 0xB2};
-    CBinaryData data(const_cast<unsigned char*>(bytes), 4, false);
-    EXPECT_EQ("00FF1AB2", data.GetAsHexString());
-    EXPECT_EQ("00FF", CBinaryData::GetAsHexString(bytes, 2));
-    EXPECT_EQ("", CBinaryData::GetAsHexString(nullptr, 5));
-}
-
-TEST(BinaryDataHex, EveryByteValueRoundTrips) {
+TEST(BinaryDataText, HexIsUpperCaseHighNibbleFirstAndEveryByteRoundTrips) {
     std::vector<unsigned char> bytes(256);
-    for (int i = 0; i < 256; ++i) bytes[i] = static_cast<unsigned char>(i);
-    const std::string text = CBinaryData::GetAsHexString(bytes.data(), 256);
-    ASSERT_EQ(512u, text.size());
-    EXPECT_EQ("000102", text.substr(0, 6));
-    EXPECT_EQ("7F80", text.substr(254, 4));
-    EXPECT_EQ("FDFEFF", text.substr(506));
+    std::string expected;
+    for (int i = 0; i < 256; ++i) {
+        bytes[i] = static_cast<unsigned char>(i);
+        char szPair[3];
+        std::snprintf(szPair, sizeof(szPair), "%02X", i);
+        expected += szPair;
+    }
+    EXPECT_EQ(expected, CBinaryData::GetAsHexString(bytes.data(), 256));
+    EXPECT_EQ("", CBinaryData::GetAsHexString(nullptr, 5));
     CBinaryData data;
-    data.SetAsHexString(text.c_str());
+    data.SetAsHexString(expected.c_str());
     ASSERT_EQ(256u, data.GetLength());
     EXPECT_EQ(0, std::memcmp(bytes.data(), data.GetData(), 256));
-}
+    EXPECT_EQ(expected, data.GetAsHexString());
 
-TEST(BinaryDataHex, ReadsBothCases) {
-    CBinaryData data;
+    // Both cases are read; empty or no text gives the empty value.
     data.SetAsHexString("abcdefABCDEF09");
     EXPECT_EQ("ABCDEFABCDEF09", data.GetAsHexString());
-    data.SetAsHexString("aF");
-    EXPECT_EQ(std::string("\xAF", 1), Bytes(data));
-}
-
-TEST(BinaryDataHex, EmptyTextGivesTheEmptyValue) {
-    CBinaryData data("old");
     data.SetAsHexString("");
     EXPECT_EQ(nullptr, data.GetData());
     data.SetBuffer("old");
@@ -384,72 +284,55 @@ TEST(BinaryDataHex, EmptyTextGivesTheEmptyValue) {
     EXPECT_EQ(nullptr, data.GetData());
 }
 
-TEST(BinaryDataHex, RefusalsNameTheFaultAndLeaveTheValueEmpty) {
+TEST(BinaryDataText, HexRefusalsNameTheFaultAndLeaveTheValueEmpty) {
+    const struct {
+        const char* pszText;
+        const char* pszMessage;
+    } rows[] = {
+        {"ABC", "Invalid length in hex string"},
+        // The length is tested before any character.
+        {"XYZ", "Invalid length in hex string"},
+        {"001G", "Invalid char in hex string [G]"},
+        // The first character of a pair is tested first.
+        {"zG", "Invalid char in hex string [z]"},
+        {"0x0A", "Invalid char in hex string [x]"},
+    };
     CBinaryData data("old");
-    CBinaryData other(data);
-    EXPECT_OX_THROW(data.SetAsHexString("ABC"), COxException, "Invalid length in hex string");
-    EXPECT_EQ(nullptr, data.GetData());
-    // The length is tested before any character.
-    EXPECT_OX_THROW(data.SetAsHexString("XYZ"), COxException, "Invalid length in hex string");
-
-    data.SetBuffer("old");
-    EXPECT_OX_THROW(data.SetAsHexString("00G1"), COxException, "Invalid char in hex string [G]");
-    EXPECT_EQ(nullptr, data.GetData());
-    EXPECT_OX_THROW(data.SetAsHexString("001G"), COxException, "Invalid char in hex string [G]");
-    // The first character of a pair is tested first.
-    EXPECT_OX_THROW(data.SetAsHexString("zG"), COxException, "Invalid char in hex string [z]");
-    EXPECT_OX_THROW(data.SetAsHexString("0A 0"), COxException, "Invalid char in hex string [ ]");
-    EXPECT_OX_THROW(data.SetAsHexString("0x0A"), COxException, "Invalid char in hex string [x]");
+    const CBinaryData other(data);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.pszText);
+        data.SetBuffer("old");
+        EXPECT_OX_THROW(data.SetAsHexString(row.pszText), COxException, row.pszMessage);
+        EXPECT_EQ(nullptr, data.GetData());
+    }
     EXPECT_EQ("old", Bytes(other));
 }
 
-TEST(BinaryDataHex, DecodedValueAcceptsAppends) {
-    CBinaryData data;
-    data.SetAsHexString("CAFE");
-    data.Append(static_cast<unsigned char>(0xBA));
-    data.Append(static_cast<unsigned char>(0xBE));
-    EXPECT_EQ("CAFEBABE", data.GetAsHexString());
-}
-
-// --- base64 ----------------------------------------------------------------------------------
-
-TEST(BinaryDataBase64, PaddingFollowsTheLastGroup) {
-    EXPECT_EQ("Zg==", CBinaryData("f").GetAsBase64());
-    EXPECT_EQ("Zm8=", CBinaryData("fo").GetAsBase64());
-    EXPECT_EQ("Zm9v", CBinaryData("foo").GetAsBase64());
+TEST(BinaryDataText, Base64PadsTheLastGroupAndReadsTolerantText) {
     const unsigned char bytes[] = {0x00, 0xFF};
     EXPECT_EQ("AP8=", CBinaryData(const_cast<unsigned char*>(bytes), 2, false).GetAsBase64());
-}
 
-TEST(BinaryDataBase64, SetAsBase64ReadsTolerantText) {
     CBinaryData data;
     data.SetAsBase64("Zm9v\r\nYmFy");
     EXPECT_EQ("foobar", Bytes(data));
     data.SetAsBase64(" Zm =9v\tYg= =");
     EXPECT_EQ("foob", Bytes(data));
+
+    // Invalid, empty or no text gives the empty value without an error.
+    const CBinaryData other(data);
+    for (const char* pszText : {"Zm9v*mFy", "", " \r\n==", static_cast<const char*>(nullptr)}) {
+        SCOPED_TRACE(pszText ? pszText : "(null)");
+        data.SetBuffer("old");
+        data.SetAsBase64(pszText);
+        EXPECT_EQ(nullptr, data.GetData());
+    }
+    EXPECT_EQ("foob", Bytes(other));
 }
 
-TEST(BinaryDataBase64, EmptyOrInvalidTextGivesTheEmptyValueWithoutError) {
-    CBinaryData data("old");
-    CBinaryData other(data);
-    data.SetAsBase64("Zm9v*mFy");
-    EXPECT_EQ(nullptr, data.GetData());
-    data.SetBuffer("old");
-    data.SetAsBase64("");
-    EXPECT_EQ(nullptr, data.GetData());
-    data.SetBuffer("old");
-    data.SetAsBase64(" \r\n==");
-    EXPECT_EQ(nullptr, data.GetData());
-    data.SetBuffer("old");
-    data.SetAsBase64(nullptr);
-    EXPECT_EQ(nullptr, data.GetData());
-    EXPECT_EQ("old", Bytes(other));
-}
-
-TEST(BinaryDataBase64, RoundTripsEveryShortLength) {
+TEST(BinaryDataText, Base64RoundTripsEveryShortLength) {
     for (size_t n = 1; n <= 300; ++n) {
-        std::vector<unsigned char> bytes = RandomBytes(n, static_cast<unsigned>(n));
-        CBinaryData data(bytes.data(), static_cast<OxULong>(n), false);
+        const std::vector<unsigned char> bytes = RandomBytes(n, static_cast<unsigned>(n));
+        CBinaryData data(const_cast<unsigned char*>(bytes.data()), static_cast<OxULong>(n), false);
         const std::string text = data.GetAsBase64();
         EXPECT_EQ((n + 2) / 3 * 4, text.size());
         CBinaryData back;
@@ -458,40 +341,34 @@ TEST(BinaryDataBase64, RoundTripsEveryShortLength) {
     }
 }
 
-TEST(BinaryDataBase64, DecodedValueAcceptsAppends) {
-    CBinaryData data;
-    data.SetAsBase64("Zm9v");
-    data.Append("bar");
-    EXPECT_EQ("foobar", Bytes(data));
-}
-
 // --- threads ---------------------------------------------------------------------------------
+
+// Runs body(t) on threads 0 to nThreads - 1 at once and waits for all of them.
+template <class TBody>
+void OnThreads(int nThreads, TBody body) {
+    std::vector<std::thread> threads;
+    for (int t = 0; t < nThreads; ++t) threads.emplace_back(body, t);
+    for (std::thread& thread : threads) thread.join();
+}
 
 TEST(BinaryDataThreads, ConcurrentCopiesAndReleasesKeepTheCountExact) {
     const std::vector<unsigned char> expected = RandomBytes(4096, 3);
     CBinaryData original(const_cast<unsigned char*>(expected.data()), static_cast<OxULong>(expected.size()), false);
     const CBinaryData& source = original;
-
-    const int nThreads = 4;
-    std::vector<std::thread> threads;
-    std::vector<int> failures(nThreads, 0);
-    for (int t = 0; t < nThreads; ++t) {
-        threads.emplace_back([&source, &expected, &failures, t]() {
-            for (int round = 0; round < 200; ++round) {
-                // Many handles alive at once, copied from the shared one and from each other,
-                // then all dropped together.
-                std::vector<CBinaryData> copies;
-                copies.reserve(64);
-                for (int i = 0; i < 64; ++i) copies.push_back(i % 2 == 0 ? source : copies.back());
-                CBinaryData assigned;
-                for (const CBinaryData& copy : copies) assigned = copy;
-                if (assigned.GetData() != source.GetData() || assigned.GetLength() != expected.size()) ++failures[t];
-            }
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-
-    for (int t = 0; t < nThreads; ++t) EXPECT_EQ(0, failures[t]) << "thread " << t;
+    std::vector<int> failures(4, 0);
+    OnThreads(4, [&](int t) {
+        for (int round = 0; round < 200; ++round) {
+            // Many handles alive at once, copied from the shared one and from each other, then
+            // all dropped together.
+            std::vector<CBinaryData> copies;
+            copies.reserve(64);
+            for (int i = 0; i < 64; ++i) copies.push_back(i % 2 == 0 ? source : copies.back());
+            CBinaryData assigned;
+            for (const CBinaryData& copy : copies) assigned = copy;
+            if (assigned.GetData() != source.GetData() || assigned.GetLength() != expected.size()) ++failures[t];
+        }
+    });
+    EXPECT_EQ(std::vector<int>(4, 0), failures);
     // Every reference taken was dropped again: the one handle left holds the block alone,
     // and the bytes were never freed or changed on the way.
     ASSERT_EQ(expected.size(), original.GetLength());
@@ -501,25 +378,19 @@ TEST(BinaryDataThreads, ConcurrentCopiesAndReleasesKeepTheCountExact) {
 
 TEST(BinaryDataThreads, ConcurrentWritersEachGetTheirOwnCopy) {
     CBinaryData original("shared bytes");
-    const int nThreads = 4;
-    std::vector<CBinaryData> handles(nThreads, original);
-    std::vector<std::string> results(nThreads);
-    std::vector<std::thread> threads;
-    for (int t = 0; t < nThreads; ++t) {
-        threads.emplace_back([&handles, &results, t]() {
-            CBinaryData& mine = handles[t];
-            for (int i = 0; i < 1000; ++i) {
-                CBinaryData passing(mine);  // shares for a moment, then goes away
-                mine.Append(static_cast<char>('0' + t));
-            }
-            mine[0] = static_cast<unsigned char>('A' + t);
-            results[t] = Bytes(mine);
-            handles[t].Clear();
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-
-    for (int t = 0; t < nThreads; ++t) {
+    std::vector<CBinaryData> handles(4, original);
+    std::vector<std::string> results(4);
+    OnThreads(4, [&](int t) {
+        CBinaryData& mine = handles[t];
+        for (int i = 0; i < 1000; ++i) {
+            CBinaryData passing(mine);  // shares for a moment, then goes away
+            mine.Append(static_cast<char>('0' + t));
+        }
+        mine[0] = static_cast<unsigned char>('A' + t);
+        results[t] = Bytes(mine);
+        mine.Clear();
+    });
+    for (int t = 0; t < 4; ++t) {
         std::string expected = "shared bytes" + std::string(1000, static_cast<char>('0' + t));
         expected[0] = static_cast<char>('A' + t);
         EXPECT_EQ(expected, results[t]) << "thread " << t;
@@ -531,18 +402,14 @@ TEST(BinaryDataThreads, ConcurrentWritersEachGetTheirOwnCopy) {
 TEST(BinaryDataThreads, LastHandleOnAnyThreadFreesTheBlock) {
     for (int round = 0; round < 50; ++round) {
         std::vector<CBinaryData> handles(4, CBinaryData("last one out"));
-        std::vector<int> seen(4, 0);
-        std::vector<std::thread> threads;
-        for (int t = 0; t < 4; ++t) {
-            threads.emplace_back([&handles, &seen, t]() {
-                CBinaryData mine;
-                mine = handles[t];
-                handles[t].Clear();
-                seen[t] = Bytes(mine) == "last one out" ? 1 : 0;
-            });
-        }
-        for (std::thread& thread : threads) thread.join();
-        for (int t = 0; t < 4; ++t) EXPECT_EQ(1, seen[t]) << "round " << round << ", thread " << t;
+        std::vector<std::string> seen(4);
+        OnThreads(4, [&](int t) {
+            CBinaryData mine;
+            mine = handles[t];
+            handles[t].Clear();
+            seen[t] = Bytes(mine);
+        });
+        EXPECT_EQ(std::vector<std::string>(4, "last one out"), seen) << "round " << round;
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <typeinfo>
 
@@ -10,13 +11,13 @@
 
 namespace OrvexXmlTest {
 
-template <class TException, class TFunc>
-void ExpectThrowExact(TFunc func, const std::string& strExpected) {
+inline void ExpectThrowExact(const std::function<void()>& func, const std::type_info& expectedType,
+                             const std::string& strExpected) {
     try {
         func();
         ADD_FAILURE() << "nothing was thrown; expected: " << strExpected;
     } catch (const OrvexXml::COxException& e) {
-        EXPECT_EQ(typeid(TException), typeid(e)) << "message: " << e.GetMessage();
+        EXPECT_EQ(expectedType, typeid(e)) << "message: " << e.GetMessage();
         EXPECT_EQ(strExpected, e.GetMessage());
     }
 }
@@ -24,4 +25,4 @@ void ExpectThrowExact(TFunc func, const std::string& strExpected) {
 }  // namespace OrvexXmlTest
 
 #define EXPECT_OX_THROW(statement, ExceptionClass, message) \
-    OrvexXmlTest::ExpectThrowExact<ExceptionClass>([&]() { statement; }, message)
+    OrvexXmlTest::ExpectThrowExact([&]() { statement; }, typeid(ExceptionClass), message)

@@ -12,37 +12,63 @@ using OrvexXml::CWhitespaceUtils;
 
 namespace {
 
+using Rule = CWhitespaceUtils::WhitespaceRule;
+const Rule NONE = CWhitespaceUtils::WhitespaceRule_none;
+const Rule PRESERVE = CWhitespaceUtils::WhitespaceRule_preserve;
+const Rule REPLACE = CWhitespaceUtils::WhitespaceRule_replace;
+const Rule COLLAPSE = CWhitespaceUtils::WhitespaceRule_collapse;
+
 std::string Bytes(const char* p, size_t n) { return std::string(p, n); }
 
 TEST(WhitespaceUtils, IsWhiteSpaceKnowsExactlyFourCharacters) {
-    EXPECT_TRUE(CWhitespaceUtils::IsWhiteSpace(' '));
-    EXPECT_TRUE(CWhitespaceUtils::IsWhiteSpace('\t'));
-    EXPECT_TRUE(CWhitespaceUtils::IsWhiteSpace('\r'));
-    EXPECT_TRUE(CWhitespaceUtils::IsWhiteSpace('\n'));
-    EXPECT_FALSE(CWhitespaceUtils::IsWhiteSpace('\v'));
-    EXPECT_FALSE(CWhitespaceUtils::IsWhiteSpace('\f'));
-    EXPECT_FALSE(CWhitespaceUtils::IsWhiteSpace('\0'));
-    EXPECT_FALSE(CWhitespaceUtils::IsWhiteSpace('a'));
-    EXPECT_FALSE(CWhitespaceUtils::IsWhiteSpace(static_cast<char>(0xA0)));
+    for (char c : {' ', '\t', '\r', '\n'}) EXPECT_TRUE(CWhitespaceUtils::IsWhiteSpace(c)) << static_cast<int>(c);
+    for (char c : {'\v', '\f', '\0', 'a', static_cast<char>(0xA0)}) {
+        EXPECT_FALSE(CWhitespaceUtils::IsWhiteSpace(c)) << static_cast<int>(c);
+    }
 }
 
-TEST(WhitespaceUtils, PreserveNormalisesLineEnds) {
-    EXPECT_EQ("a\nb\nc", CWhitespaceUtils::Preserve(std::string("a\r\nb\rc")));
-    EXPECT_EQ("\n\n", CWhitespaceUtils::Preserve(std::string("\r\r\n")));
-    EXPECT_EQ("a\n", CWhitespaceUtils::Preserve(std::string("a\r")));
-    EXPECT_EQ("\n\n", CWhitespaceUtils::Preserve(std::string("\n\r")));
-    // Tabs, blanks and line feeds are left alone.
-    EXPECT_EQ(" a\t b \n", CWhitespaceUtils::Preserve(std::string(" a\t b \n")));
-}
-
-TEST(WhitespaceUtils, PreserveWithoutCarriageReturnReturnsTextUnchanged) {
-    std::string withNul = Bytes("a\0b", 3);
-    EXPECT_EQ(withNul, CWhitespaceUtils::Preserve(withNul));
-    EXPECT_EQ("", CWhitespaceUtils::Preserve(std::string()));
-}
-
-TEST(WhitespaceUtils, PreserveWithCarriageReturnStopsAtNul) {
-    EXPECT_EQ("a\n", CWhitespaceUtils::Preserve(Bytes("a\r\0b\r", 5)));
+// Each text under the three rules, through the named functions and through ApplyRule; the
+// rule "none" gives the text back as it is, carriage returns and NULs included.
+TEST(WhitespaceUtils, PreserveReplaceAndCollapse) {
+    const struct {
+        std::string text;
+        std::string preserved;  // line ends become LF, a CRLF one LF
+        std::string replaced;   // each whitespace, a CRLF counting as one, becomes a space
+        std::string collapsed;  // words joined by one space, none at either end
+    } rows[] = {
+        {"a\r\nb\rc", "a\nb\nc", "a b c", "a b c"},
+        {"a\rb", "a\nb", "a b", "a b"},
+        {"\r\r\n", "\n\n", "  ", ""},
+        {"\r\n\r\n", "\n\n", "  ", ""},
+        {"\n\r", "\n\n", "  ", ""},
+        {"\n\r\t", "\n\n\t", "   ", ""},
+        {"a\r", "a\n", "a ", "a"},
+        {" a\r\nb  ", " a\nb  ", " a b  ", "a b"},
+        {"a\tb\nc\rd", "a\tb\nc\nd", "a b c d", "a b c d"},
+        {" a\t b \n", " a\t b \n", " a  b  ", "a b"},
+        {"  hello \t\r\n world  ", "  hello \t\n world  ", "  hello    world  ", "hello world"},
+        {" \t\r\n ", " \t\n ", "    ", ""},
+        {"  a  ", "  a  ", "  a  ", "a"},
+        {"x", "x", "x", "x"},
+        {"", "", "", ""},
+        // Bytes of a multi-byte character are copied as they are.
+        {"\xC3\xA9  x", "\xC3\xA9  x", "\xC3\xA9  x", "\xC3\xA9 x"},
+        // The rules end the text at a NUL, except preserve when there is no CR to change.
+        {Bytes("a\0b", 3), Bytes("a\0b", 3), "a", "a"},
+        {Bytes("a\0\tb", 4), Bytes("a\0\tb", 4), "a", "a"},
+        {Bytes("a\0 b", 4), Bytes("a\0 b", 4), "a", "a"},
+        {Bytes("a\r\0b\r", 5), "a\n", "a ", "a"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(row.text));
+        EXPECT_EQ(row.preserved, CWhitespaceUtils::Preserve(row.text));
+        EXPECT_EQ(row.replaced, CWhitespaceUtils::Replace(row.text));
+        EXPECT_EQ(row.collapsed, CWhitespaceUtils::Collapse(row.text));
+        EXPECT_EQ(row.text, CWhitespaceUtils::ApplyRule(NONE, row.text));
+        EXPECT_EQ(row.preserved, CWhitespaceUtils::ApplyRule(PRESERVE, row.text));
+        EXPECT_EQ(row.replaced, CWhitespaceUtils::ApplyRule(REPLACE, row.text));
+        EXPECT_EQ(row.collapsed, CWhitespaceUtils::ApplyRule(COLLAPSE, row.text));
+    }
 }
 
 TEST(WhitespaceUtils, PreserveOfBufferTakesGivenLength) {
@@ -54,45 +80,11 @@ TEST(WhitespaceUtils, PreserveOfBufferTakesGivenLength) {
     EXPECT_EQ("", CWhitespaceUtils::Preserve("abc", 0));
 }
 
-TEST(WhitespaceUtils, ReplaceTurnsEachWhitespaceIntoOneSpace) {
-    EXPECT_EQ("a b", CWhitespaceUtils::Replace(std::string("a\r\nb")));
-    EXPECT_EQ("a b c d", CWhitespaceUtils::Replace(std::string("a\tb\nc\rd")));
-    EXPECT_EQ("  ", CWhitespaceUtils::Replace(std::string("\r\n\r\n")));
-    EXPECT_EQ("   ", CWhitespaceUtils::Replace(std::string("\n\r\t")));
-    EXPECT_EQ("  a  ", CWhitespaceUtils::Replace(std::string("  a  ")));
-    EXPECT_EQ("a", CWhitespaceUtils::Replace(Bytes("a\0\tb", 4)));
-}
-
-TEST(WhitespaceUtils, CollapseJoinsWordsWithOneSpace) {
-    EXPECT_EQ("hello world", CWhitespaceUtils::Collapse(std::string("  hello \t\r\n world  ")));
-    EXPECT_EQ("a b c", CWhitespaceUtils::Collapse(std::string("a\tb\r\nc")));
-    EXPECT_EQ("", CWhitespaceUtils::Collapse(std::string(" \t\r\n ")));
-    EXPECT_EQ("", CWhitespaceUtils::Collapse(std::string()));
-    EXPECT_EQ("x", CWhitespaceUtils::Collapse(std::string("x")));
-    // Bytes of a multi-byte character are copied as they are.
-    EXPECT_EQ("\xC3\xA9 x", CWhitespaceUtils::Collapse(std::string("\xC3\xA9  x")));
-    EXPECT_EQ("a", CWhitespaceUtils::Collapse(Bytes("a\0 b", 4)));
-}
-
-TEST(WhitespaceUtils, ApplyRuleDispatches) {
-    const std::string text = " a\r\nb  ";
-    EXPECT_EQ(text, CWhitespaceUtils::ApplyRule(CWhitespaceUtils::WhitespaceRule_none, text));
-    EXPECT_EQ(" a\nb  ", CWhitespaceUtils::ApplyRule(CWhitespaceUtils::WhitespaceRule_preserve, text));
-    EXPECT_EQ(" a b  ", CWhitespaceUtils::ApplyRule(CWhitespaceUtils::WhitespaceRule_replace, text));
-    EXPECT_EQ("a b", CWhitespaceUtils::ApplyRule(CWhitespaceUtils::WhitespaceRule_collapse, text));
-}
-
-TEST(WhitespaceUtils, RuleNoneKeepsCarriageReturnWherePreserveDoesNot) {
-    EXPECT_EQ("a\rb", CWhitespaceUtils::ApplyRule(CWhitespaceUtils::WhitespaceRule_none, "a\rb"));
-    EXPECT_EQ("a\nb", CWhitespaceUtils::ApplyRule(CWhitespaceUtils::WhitespaceRule_preserve, "a\rb"));
-}
-
 TEST(WhitespaceUtils, UnknownRuleIsRefused) {
-    const auto badRule = static_cast<CWhitespaceUtils::WhitespaceRule>(4);
+    const auto badRule = static_cast<Rule>(4);
     EXPECT_OX_THROW(CWhitespaceUtils::ApplyRule(badRule, "x"), COxException, "Unknown WhitespaceRule");
     EXPECT_OX_THROW(CWhitespaceUtils::IsUnchangedByRule(badRule, "x"), COxException, "Unknown WhitespaceRule");
-    EXPECT_OX_THROW(CWhitespaceUtils::ApplyRule(static_cast<CWhitespaceUtils::WhitespaceRule>(-1), ""), COxException,
-                    "Unknown WhitespaceRule");
+    EXPECT_OX_THROW(CWhitespaceUtils::ApplyRule(static_cast<Rule>(-1), ""), COxException, "Unknown WhitespaceRule");
 }
 
 // The shortcut that lets conversions skip the copy must agree with the rules themselves, on
@@ -100,24 +92,15 @@ TEST(WhitespaceUtils, UnknownRuleIsRefused) {
 TEST(WhitespaceUtils, IsUnchangedByRuleAgreesWithApplyRule) {
     const char alphabet[] = {'a', ' ', '\t', '\r', '\n', '\0'};
     std::vector<std::string> texts{std::string()};
-    for (size_t nLen = 1; nLen <= 4; ++nLen) {
-        std::vector<std::string> longer;
-        for (const std::string& s : texts) {
-            if (s.size() != nLen - 1) continue;
-            for (char c : alphabet) longer.push_back(s + c);
-        }
-        texts.insert(texts.end(), longer.begin(), longer.end());
+    // Shortest first: each text gets every one-byte extension until the length reaches 4.
+    for (size_t i = 0; texts[i].size() < 4; ++i) {
+        for (char c : alphabet) texts.push_back(texts[i] + c);
     }
     ASSERT_EQ(1u + 6u + 36u + 216u + 1296u, texts.size());
-
-    const CWhitespaceUtils::WhitespaceRule rules[] = {
-        CWhitespaceUtils::WhitespaceRule_none, CWhitespaceUtils::WhitespaceRule_preserve,
-        CWhitespaceUtils::WhitespaceRule_replace, CWhitespaceUtils::WhitespaceRule_collapse};
-    for (CWhitespaceUtils::WhitespaceRule rule : rules) {
+    for (Rule rule : {NONE, PRESERVE, REPLACE, COLLAPSE}) {
         for (const std::string& s : texts) {
-            bool bUnchanged = CWhitespaceUtils::ApplyRule(rule, s) == s;
-            EXPECT_EQ(bUnchanged, CWhitespaceUtils::IsUnchangedByRule(rule, s))
-                << "rule " << rule << ", text of " << s.size() << " bytes";
+            EXPECT_EQ(CWhitespaceUtils::ApplyRule(rule, s) == s, CWhitespaceUtils::IsUnchangedByRule(rule, s))
+                << "rule " << rule << ", text " << testing::PrintToString(s);
         }
     }
 }
