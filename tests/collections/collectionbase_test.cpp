@@ -1,51 +1,22 @@
-// The frame shared by all collections: occurrence limits, listeners, the event statics of
-// the object base and the hand-driven reading of a choice's collection.
+// The frame shared by all collections: construction, occurrence limits, listeners and the
+// hand-driven reading of a choice's collection.
 #include "collectiontesthelpers.h"
 
 using namespace OrvexXml;
 using namespace OrvexColTest;
 
-namespace {
+TEST(CollectionFrame, ConstructorsFixNameNamespaceLimitsAndFacets) {
+    CSmartPtr<CTestItemCol> unnamed = new CTestItemCol(nullptr, 0, -1);
+    EXPECT_EQ("", unnamed->GetElementName());  // null is stored as empty
+    EXPECT_EQ("", unnamed->GetNamespace());
+    EXPECT_EQ(unnamed.Get(), unnamed->GetBase());
 
-// A string collection "v" with the given limits, filled with n items.
-CSmartPtr<CTestable<CstringCol>> Filled(int nMin, int nMax, int n) {
-    CSmartPtr<CTestable<CstringCol>> col = MakeCol<CstringCol>("v", "", nMin, nMax);
-    for (int i = 0; i < n; ++i) col->Add("x");
-    return col;
-}
+    CSmartPtr<CTestable<Ci4Col>> typed = MakeCol<Ci4Col>("amount", "urn:a", 2, 5);
+    EXPECT_EQ(ItemType_i4, typed->GetItemType());
+    EXPECT_EQ(2, typed->GetMinOccurs());
+    EXPECT_EQ(5, typed->GetMaxOccurs());
+    EXPECT_EQ("", typed->GetFormatOverride());  // null is stored as empty
 
-CSerializationContext IgnoringCounts() {
-    CSerializationContext ctx;
-    ctx.SetIgnoreInvalidCollectionCounts(true);
-    return ctx;
-}
-
-}  // namespace
-
-// --- construction -----------------------------------------------------------------------
-
-TEST(CollectionFrame, DefaultConstructionIsUnboundedWithEmptyNames) {
-    CSmartPtr<CTestItemCol> col = new CTestItemCol(nullptr, 0, -1);
-    EXPECT_EQ("", col->GetElementName());
-    EXPECT_EQ("", col->GetNamespace());
-    EXPECT_EQ(0, col->GetMinOccurs());
-    EXPECT_EQ(-1, col->GetMaxOccurs());
-    EXPECT_EQ(0, col->GetCount());
-    EXPECT_EQ(col.Get(), col->GetBase());
-}
-
-TEST(CollectionFrame, ConstructorFixesNameNamespaceAndLimits) {
-    CSmartPtr<CTestable<Ci4Col>> col = MakeCol<Ci4Col>("amount", "urn:a", 2, 5);
-    EXPECT_EQ("amount", col->GetElementName());
-    EXPECT_EQ("urn:a", col->GetNamespace());
-    EXPECT_EQ(2, col->GetMinOccurs());
-    EXPECT_EQ(5, col->GetMaxOccurs());
-    EXPECT_EQ(ItemType_i4, col->GetItemType());
-    EXPECT_EQ(CWhitespaceUtils::WhitespaceRule_collapse, col->GetWhitespaceRule());
-    EXPECT_EQ("", col->GetFormatOverride());  // null is stored as empty
-}
-
-TEST(CollectionFrame, TypeCollectionKeepsItsFacetsAndFormat) {
     CSmartPtr<Cr8Col> col = new Cr8Col("d", "", 0, -1, "[0-9]+", 1, 9, "0", "100", "-1", "101", 3, 5, 2,
                                        CWhitespaceUtils::WhitespaceRule_preserve, "%.2f");
     const CPrimitiveRestrictions& r = col->GetRestrictions();
@@ -74,215 +45,106 @@ TEST(CollectionFrame, TargetNamespaceIsAProgramLogicError) {
     EXPECT_COL_THROW(typed->ToXml(false, false, EOLType_LF, DefaultCtx()), COxException, kText);
 }
 
-// --- occurrence limits --------------------------------------------------------------------
-
-TEST(OccurrenceLimits, TooManyItemsAreRefusedWithTheMaximumMessage) {
-    CSmartPtr<CTestable<CstringCol>> col = Filled(0, 2, 3);
-    EXPECT_COL_THROW(col->ValidateCount(DefaultCtx()), COxValidationException,
-                     "The Maximum number of [v] elements allowed in this collection is 2");
-    EXPECT_FALSE(col->IsValidCount(DefaultCtx()));
-}
-
-TEST(OccurrenceLimits, TooFewItemsAreRefusedWithTheMinimumMessage) {
-    CSmartPtr<CTestable<CstringCol>> col = Filled(3, 5, 2);
-    EXPECT_COL_THROW(col->ValidateCount(DefaultCtx()), COxValidationException,
-                     "The Minimum number of [v] elements allowed in this collection is 3");
-    EXPECT_FALSE(col->IsValidCount(DefaultCtx()));
-}
-
-TEST(OccurrenceLimits, ValidationErrorCarriesNoPath) {
-    CSmartPtr<CTestable<CstringCol>> col = Filled(1, -1, 0);
+TEST(OccurrenceLimits, CountsOutsideTheLimitsAreRefusedUnlessIgnored) {
+    const std::string kMax = "The Maximum number of [v] elements allowed in this collection is ";
+    const std::string kMin = "The Minimum number of [v] elements allowed in this collection is ";
+    struct {
+        int nMin, nMax, nCount;
+        std::string strRefusal;  // empty: the count is valid
+    } rows[] = {
+        {0, 2, 3, kMax + "2"}, {3, 5, 2, kMin + "3"}, {1, -1, 0, kMin + "1"},
+        {2, 4, 2, ""},         {2, 4, 4, ""},         {0, -1, 50, ""},  // at the limits, unbounded
+        {5, 2, 3, kMax + "2"},  // contradictory limits: the maximum is tested first
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.nMin << ".." << row.nMax << " with " << row.nCount);
+        CSmartPtr<CTestable<CstringCol>> col = MakeCol<CstringCol>("v", "", row.nMin, row.nMax);
+        for (int i = 0; i < row.nCount; ++i) col->Add("x");
+        if (row.strRefusal.empty()) {
+            EXPECT_NO_THROW(col->ValidateCount(DefaultCtx()));
+        } else {
+            EXPECT_COL_THROW(col->ValidateCount(DefaultCtx()), COxValidationException, row.strRefusal);
+        }
+        EXPECT_EQ(row.strRefusal.empty(), col->IsValidCount(DefaultCtx()));
+        EXPECT_NO_THROW(col->ValidateCount(IgnoringCounts()));
+        EXPECT_TRUE(col->IsValidCount(IgnoringCounts()));
+    }
+    CSmartPtr<CTestable<CstringCol>> empty = MakeCol<CstringCol>("v", "", 1, -1);
     try {
-        col->ValidateCount(DefaultCtx());
-        FAIL() << "nothing thrown";
+        empty->ValidateCount(DefaultCtx());
+        ADD_FAILURE() << "nothing thrown";
     } catch (const COxValidationException& e) {
-        EXPECT_EQ("", e.GetPath());
+        EXPECT_EQ("", e.GetPath());  // the caller adds the path
         EXPECT_EQ(nullptr, e.GetInnerException());
     }
-}
-
-TEST(OccurrenceLimits, CountsAtTheLimitsPass) {
-    for (int n = 2; n <= 4; ++n) {
-        CSmartPtr<CTestable<CstringCol>> col = Filled(2, 4, n);
-        EXPECT_NO_THROW(col->ValidateCount(DefaultCtx())) << n;
-        EXPECT_TRUE(col->IsValidCount(DefaultCtx())) << n;
-    }
-}
-
-TEST(OccurrenceLimits, UnboundedMaximumNeverReportsTooMany) {
-    CSmartPtr<CTestable<CstringCol>> col = Filled(0, -1, 50);
-    EXPECT_NO_THROW(col->ValidateCount(DefaultCtx()));
-    EXPECT_TRUE(col->IsValidCount(DefaultCtx()));
-}
-
-TEST(OccurrenceLimits, MaximumIsTestedBeforeMinimum) {
-    // Contradictory limits: both are broken by 3 items, the maximum is reported.
-    CSmartPtr<CTestable<CstringCol>> col = Filled(5, 2, 3);
-    EXPECT_COL_THROW(col->ValidateCount(DefaultCtx()), COxValidationException,
-                     "The Maximum number of [v] elements allowed in this collection is 2");
-}
-
-TEST(OccurrenceLimits, ContextThatIgnoresCountsPassesEverything) {
-    CSerializationContext ctx = IgnoringCounts();
-    CSmartPtr<CTestable<CstringCol>> tooFew = Filled(2, 3, 0);
-    CSmartPtr<CTestable<CstringCol>> tooMany = Filled(0, 1, 4);
-    EXPECT_NO_THROW(tooFew->ValidateCount(ctx));
-    EXPECT_NO_THROW(tooMany->ValidateCount(ctx));
-    EXPECT_TRUE(tooFew->IsValidCount(ctx));
-    EXPECT_TRUE(tooMany->IsValidCount(ctx));
-}
-
-TEST(OccurrenceLimits, NodeListUsesTheSameLimits) {
-    CSmartPtr<CTestItemCol> col = new CTestItemCol("entry", 1, 1);
-    EXPECT_COL_THROW(col->ValidateCount(DefaultCtx()), COxValidationException,
+    // The node list uses the same limits.
+    CSmartPtr<CTestItemCol> list = new CTestItemCol("entry", 1, 1);
+    EXPECT_COL_THROW(list->ValidateCount(DefaultCtx()), COxValidationException,
                      "The Minimum number of [entry] elements allowed in this collection is 1");
-    col->AppendItem(new CTestItem("a"));
-    EXPECT_TRUE(col->IsValidCount(DefaultCtx()));
-    col->AppendItem(new CTestItem("b"));
-    EXPECT_COL_THROW(col->ValidateCount(DefaultCtx()), COxValidationException,
+    list->AppendItem(new CTestItem("a"));
+    EXPECT_TRUE(list->IsValidCount(DefaultCtx()));
+    list->AppendItem(new CTestItem("b"));
+    EXPECT_COL_THROW(list->ValidateCount(DefaultCtx()), COxValidationException,
                      "The Maximum number of [entry] elements allowed in this collection is 1");
-    EXPECT_TRUE(col->IsValidCount(IgnoringCounts()));
+    EXPECT_TRUE(list->IsValidCount(IgnoringCounts()));
 }
 
-// --- listeners ----------------------------------------------------------------------------
-
-TEST(Listeners, AreToldInOrderOfRegistration) {
+TEST(Listeners, AreToldInOrderOfRegistrationAsOftenAsRegistered) {
     CSmartPtr<CTestable<Ci4Col>> col = MakeCol<Ci4Col>();
-    std::vector<std::string> heard;
-    CEventRecorder first, second;
-    first.m_onEvent = [&](const SEvent&) { heard.push_back("first"); };
-    second.m_onEvent = [&](const SEvent&) { heard.push_back("second"); };
+    std::string heard;
+    CEventRecorder first, second, stranger;
+    first.m_onEvent = [&](IEventSink::MsgType) { heard += "1"; };
+    second.m_onEvent = [&](IEventSink::MsgType) { heard += "2"; };
     col->AddEventListener(&first);
     col->AddEventListener(&second);
+    col->AddEventListener(&first);
     col->Add(1);
-    EXPECT_EQ((std::vector<std::string>{"first", "second", "first", "second", "first", "second"}), heard);
-}
+    EXPECT_EQ("121121121", heard);
+    for (CXmlObjectBase* pSource : second.m_sources) EXPECT_EQ(col->GetBase(), pSource);
 
-TEST(Listeners, AddedTwiceHearsTwiceAndOneRemovalTakesBoth) {
-    CSmartPtr<CTestable<Ci4Col>> col = MakeCol<Ci4Col>();
-    CEventRecorder twice, other;
-    col->AddEventListener(&twice);
-    col->AddEventListener(&other);
-    col->AddEventListener(&twice);
-    col->Add(1);
-    EXPECT_EQ(6u, twice.m_events.size());
-    EXPECT_EQ(3u, other.m_events.size());
-
-    col->RemoveEventListener(&twice);
-    col->Add(2);
-    EXPECT_EQ(6u, twice.m_events.size());
-    EXPECT_EQ(6u, other.m_events.size());
-}
-
-TEST(Listeners, RemovingAnUnknownListenerIsNoError) {
-    CSmartPtr<CTestable<Ci4Col>> col = MakeCol<Ci4Col>();
-    CEventRecorder registered, stranger;
-    col->AddEventListener(&registered);
+    col->RemoveEventListener(&first);  // takes both entries
     EXPECT_NO_THROW(col->RemoveEventListener(&stranger));
-    col->Add(1);
-    EXPECT_EQ(3u, registered.m_events.size());
+    col->Add(2);
+    EXPECT_EQ("121121121222", heard);
 }
 
-TEST(Listeners, SourceIsTheCollectionsBase) {
-    CEventRecorder rec;  // outlives the collection, which tells it about the items it drops when it dies
-    CSmartPtr<CTestItemCol> col = new CTestItemCol();
-    col->AddEventListener(&rec);
-    col->AppendItem(new CTestItem("a"));
-    ASSERT_EQ(3u, rec.m_events.size());
-    for (const SEvent& e : rec.m_events) EXPECT_EQ(col->GetBase(), e.pSource);
-}
-
-// --- the event statics of the object base ---------------------------------------------------
-
-TEST(EventStatics, EachFiresItsTypeWithTheCollectionAsSource) {
-    CSmartPtr<CTestable<Ci4Col>> col = MakeCol<Ci4Col>();
-    CEventRecorder rec;
-    int nItem = 7;
-    CTestItem::FireOnCollectionChangeEvent(&rec, col);
-    CTestItem::FireOnCollectionAddEvent(&rec, col, &nItem);
-    CTestItem::FireOnCollectionAddCompleteEvent(&rec, col, &nItem);
-    CTestItem::FireOnCollectionRemoveEvent(&rec, col, 4);
-    CTestItem::FireOnCollectionRemoveCompleteEvent(&rec, col, 5);
-    ASSERT_EQ(5u, rec.m_events.size());
-    EXPECT_EQ((std::vector<int>{0, 1, 2, 3, 4}), rec.Types());
-    for (const SEvent& e : rec.m_events) EXPECT_EQ(col->GetBase(), e.pSource);
-    EXPECT_EQ(nullptr, rec.m_events[0].pData);
-    EXPECT_EQ(&nItem, rec.m_events[1].pData);
-    EXPECT_EQ(&nItem, rec.m_events[2].pData);
-    EXPECT_EQ("4", rec.m_events[3].strValue);
-    EXPECT_EQ("5", rec.m_events[4].strValue);
-}
-
-TEST(EventStatics, RemoveWithMinusOneGivesNullAndWithZeroAPointerToZero) {
-    CSmartPtr<CTestable<Ci4Col>> col = MakeCol<Ci4Col>();
-    CEventRecorder rec;
-    CTestItem::FireOnCollectionRemoveEvent(&rec, col, -1);
-    CTestItem::FireOnCollectionRemoveCompleteEvent(&rec, col, -1);
-    CTestItem::FireOnCollectionRemoveEvent(&rec, col, 0);
-    CTestItem::FireOnCollectionRemoveCompleteEvent(&rec, col, 0);
-    ASSERT_EQ(4u, rec.m_events.size());
-    EXPECT_EQ(nullptr, rec.m_events[0].pData);
-    EXPECT_EQ(nullptr, rec.m_events[1].pData);
-    ASSERT_NE(nullptr, rec.m_events[2].pData);
-    EXPECT_EQ("0", rec.m_events[2].strValue);
-    ASSERT_NE(nullptr, rec.m_events[3].pData);
-    EXPECT_EQ("0", rec.m_events[3].strValue);
-}
-
-// --- Choice_Read_Collection -------------------------------------------------------------------
-
-class ChoiceReadCollection : public ::testing::Test {
-protected:
-    void Load(const char* pszXml) {
-        m_doc.LoadXml(pszXml);
-        m_pRoot = m_doc.GetDocumentElement();
-        m_pCurrent = m_pRoot->GetFirstElement();
-    }
-    CXmlDocument m_doc;
-    CXmlElement* m_pRoot = nullptr;
-    CXmlElement* m_pCurrent = nullptr;
-};
-
-TEST_F(ChoiceReadCollection, ReadsTheRunAndMovesTheCursor) {
-    Load("<p><v>1</v><v>2</v><w/></p>");
+TEST(ChoiceReadCollection, ReadsARunMovesTheCursorAndChecksTheCount) {
+    std::string strCursor;  // where reading left the cursor, thrown or not
+    auto read = [&](const char* pszXml, CXmlCollectionBase* pCol, OxLong& nCount) {
+        CXmlDocument doc;
+        doc.LoadXml(pszXml);
+        CXmlElement* pCurrent = doc.GetDocumentElement()->GetFirstElement();
+        auto where = [&] { strCursor = pCurrent ? pCurrent->GetLocalName() : "(end)"; };
+        try {
+            CTestItem::Choice_Read_Collection(pCol, doc.GetDocumentElement(), pCurrent, nCount, DefaultCtx());
+        } catch (...) {
+            where();
+            throw;
+        }
+        where();
+    };
     CSmartPtr<CTestable<Ci4Col>> col = MakeCol<Ci4Col>();
     OxLong nCount = 0;
-    CTestItem::Choice_Read_Collection(col, m_pRoot, m_pCurrent, nCount, DefaultCtx());
+    read("<p><v>1</v><v>2</v><w/></p>", col, nCount);
+    EXPECT_EQ("w", strCursor);
     EXPECT_EQ(1, nCount);
     EXPECT_EQ(2, col->GetCount());
-    ASSERT_NE(nullptr, m_pCurrent);
-    EXPECT_EQ("w", m_pCurrent->GetLocalName());
-}
-
-TEST_F(ChoiceReadCollection, CountAboveZeroLeavesCursorAndCollectionAlone) {
-    Load("<p><v>1</v></p>");
-    CSmartPtr<CTestable<Ci4Col>> col = MakeCol<Ci4Col>();
-    CXmlElement* pBefore = m_pCurrent;
-    OxLong nCount = 1;
-    CTestItem::Choice_Read_Collection(col, m_pRoot, m_pCurrent, nCount, DefaultCtx());
-    EXPECT_EQ(pBefore, m_pCurrent);
+    // A member already chosen leaves cursor and collection alone.
+    read("<p><v>1</v></p>", col, nCount);
+    EXPECT_EQ("v", strCursor);
     EXPECT_EQ(1, nCount);
-    EXPECT_EQ(0, col->GetCount());
-}
-
-TEST_F(ChoiceReadCollection, NothingConsumedIsNoTurnAndNoCountCheck) {
-    Load("<p><w/></p>");
-    // A minimum of 1 would fail the check; with nothing consumed there is none.
-    CSmartPtr<CTestable<Ci4Col>> col = MakeCol<Ci4Col>("v", "", 1, -1);
-    CXmlElement* pBefore = m_pCurrent;
-    OxLong nCount = 0;
-    EXPECT_NO_THROW(CTestItem::Choice_Read_Collection(col, m_pRoot, m_pCurrent, nCount, DefaultCtx()));
-    EXPECT_EQ(pBefore, m_pCurrent);
+    EXPECT_EQ(2, col->GetCount());
+    // Nothing consumed is no turn and no count check (a minimum of 1 would fail it).
+    CSmartPtr<CTestable<Ci4Col>> needsOne = MakeCol<Ci4Col>("v", "", 1, -1);
+    nCount = 0;
+    read("<p><w/></p>", needsOne, nCount);
+    EXPECT_EQ("w", strCursor);
     EXPECT_EQ(0, nCount);
-}
-
-TEST_F(ChoiceReadCollection, CountOutsideTheLimitsIsRefusedAfterTheCursorMoved) {
-    Load("<p><v>1</v><v>2</v><v>3</v></p>");
-    CSmartPtr<CTestable<Ci4Col>> col = MakeCol<Ci4Col>("v", "", 0, 2);
-    OxLong nCount = 0;
-    EXPECT_COL_THROW(CTestItem::Choice_Read_Collection(col, m_pRoot, m_pCurrent, nCount, DefaultCtx()),
-                     COxValidationException, "The Maximum number of [v] elements allowed in this collection is 2");
-    EXPECT_EQ(nullptr, m_pCurrent);
+    // A count outside the limits is refused after the items were read and the cursor moved.
+    CSmartPtr<CTestable<Ci4Col>> atMostTwo = MakeCol<Ci4Col>("v", "", 0, 2);
+    EXPECT_COL_THROW(read("<p><v>1</v><v>2</v><v>3</v></p>", atMostTwo, nCount), COxValidationException,
+                     "The Maximum number of [v] elements allowed in this collection is 2");
+    EXPECT_EQ("(end)", strCursor);
     EXPECT_EQ(0, nCount);
-    EXPECT_EQ(3, col->GetCount());
+    EXPECT_EQ(3, atMostTwo->GetCount());
 }
