@@ -24,30 +24,29 @@ void ExpectOxException(TFunc func, const std::string& strMessage) {
     }
 }
 
-std::u16string Utf8ToUtf16(const std::string& str) { return CCodePage::ToUtf16(65001, str.data(), str.size()); }
-
-TEST(CodePageUtf8, DecodesAllSequenceLengths) {
-    EXPECT_EQ(Utf8ToUtf16("a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80"), u"a\u00E9\u20AC\xD83D\xDE00");
-    EXPECT_EQ(Utf8ToUtf16("\xF4\x8F\xBF\xBF"), u"\xDBFF\xDFFF");
-    EXPECT_EQ(Utf8ToUtf16(std::string("a\0b", 3)), std::u16string(u"a\0b", 3));
-}
-
-TEST(CodePageUtf8, EachMaximalIllFormedPartBecomesOneReplacementCharacter) {
-    // A lone trail byte, bytes that never start a sequence.
-    EXPECT_EQ(Utf8ToUtf16("\x80z\xFF\xFE"), u"\uFFFDz\uFFFD\uFFFD");
-    // Truncated sequences, at the end and before other text.
-    EXPECT_EQ(Utf8ToUtf16("\xE2\x82"), u"\uFFFD");
-    EXPECT_EQ(Utf8ToUtf16("\xF0\x9F\x98z"), u"\uFFFDz");
-    EXPECT_EQ(Utf8ToUtf16("\xE2\x82\xE2\x82\xAC"), u"\uFFFD\u20AC");
-    // Overlong forms.
-    EXPECT_EQ(Utf8ToUtf16("\xC0\xAF"), u"\uFFFD\uFFFD");
-    EXPECT_EQ(Utf8ToUtf16("\xE0\x80\xAF"), u"\uFFFD\uFFFD\uFFFD");
-    EXPECT_EQ(Utf8ToUtf16("\xF0\x80\x80\xAF"), u"\uFFFD\uFFFD\uFFFD\uFFFD");
-    // An encoded surrogate and a value beyond U+10FFFF.
-    EXPECT_EQ(Utf8ToUtf16("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");
-    EXPECT_EQ(Utf8ToUtf16("\xF4\x90\x80\x80"), u"\uFFFD\uFFFD\uFFFD\uFFFD");
-    // The largest values that are still valid on either side of the checks.
-    EXPECT_EQ(Utf8ToUtf16("\xED\x9F\xBF\xEE\x80\x80"), u"\uD7FF\uE000");
+TEST(CodePageUtf8, DecodesEachSequenceAndEachMaximalIllFormedPartBecomesOneReplacement) {
+    const struct {
+        std::string strUtf8;
+        std::u16string strUnits;
+    } cases[] = {
+        {"a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80", u"a\u00E9\u20AC\xD83D\xDE00"},
+        {"\xF4\x8F\xBF\xBF", u"\xDBFF\xDFFF"},
+        {std::string("a\0b", 3), std::u16string(u"a\0b", 3)},
+        {"\x80z\xFF\xFE", u"\uFFFDz\uFFFD\uFFFD"},  // a lone trail byte, bytes that never start one
+        {"\xE2\x82", u"\uFFFD"},                    // truncated, at the end and before other text
+        {"\xF0\x9F\x98z", u"\uFFFDz"},
+        {"\xE2\x82\xE2\x82\xAC", u"\uFFFD\u20AC"},
+        {"\xC0\xAF", u"\uFFFD\uFFFD"},  // overlong forms
+        {"\xE0\x80\xAF", u"\uFFFD\uFFFD\uFFFD"},
+        {"\xF0\x80\x80\xAF", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
+        {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},  // an encoded surrogate, a value beyond U+10FFFF
+        {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
+        {"\xED\x9F\xBF\xEE\x80\x80", u"\uD7FF\uE000"},  // the last valid values around the checks
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.strUtf8);
+        EXPECT_EQ(CCodePage::ToUtf16(65001, c.strUtf8.data(), c.strUtf8.size()), c.strUnits);
+    }
 }
 
 TEST(CodePageUtf8, EncodesPairsAndReplacesUnpairedSurrogates) {
@@ -92,12 +91,9 @@ TEST(CodePageConversion, UnknownCodePageIsRefused) {
 }
 
 TEST(CodePageConversion, BytesTheCodePageDoesNotDefineBecomeReplacementCharacters) {
-    // 0x81 is unassigned in Windows Latin 1.
-    EXPECT_EQ(CCodePage::ToUtf16(1252, "a\x81\x80", 3), u"a\uFFFD\u20AC");
-    // A Shift-JIS lead byte without its trail byte.
-    EXPECT_EQ(CCodePage::ToUtf16(932, "a\x93", 2), u"a\uFFFD");
-    // 0x80 is no character in US-ASCII.
-    EXPECT_EQ(CCodePage::ToUtf16(20127, "x\x80y", 3), u"x\uFFFDy");
+    EXPECT_EQ(CCodePage::ToUtf16(1252, "a\x81\x80", 3), u"a\uFFFD\u20AC");  // 0x81 is unassigned
+    EXPECT_EQ(CCodePage::ToUtf16(932, "a\x93", 2), u"a\uFFFD");             // a lead byte without trail
+    EXPECT_EQ(CCodePage::ToUtf16(20127, "x\x80y", 3), u"x\uFFFDy");         // no character in US-ASCII
 }
 
 TEST(CodePageConversion, ConversionsRunOnManyThreadsAtOnce) {
@@ -119,13 +115,11 @@ TEST(CodePageConversion, ConversionsRunOnManyThreadsAtOnce) {
             const std::string strVietnamese(300, static_cast<char>(letters[t]));
             const std::u16string strVietnameseUnits(300, static_cast<char16_t>(letters[t]));
             for (int i = 0; i < 300; ++i) {
-                if (CCodePage::ToUtf16(1252, strLatin.data(), strLatin.size()) != strLatinUnits) ++failures[t];
-                if (CCodePage::FromUtf16(932, strJapanese.data(), strJapanese.size()) != "\x93\xFA\x96\x7B\x8C\xEA") {
-                    ++failures[t];
-                }
-                if (CCodePage::ToUtf16(1258, strVietnamese.data(), strVietnamese.size()) != strVietnameseUnits) {
-                    ++failures[t];
-                }
+                failures[t] += CCodePage::ToUtf16(1252, strLatin.data(), strLatin.size()) != strLatinUnits;
+                failures[t] +=
+                    CCodePage::FromUtf16(932, strJapanese.data(), strJapanese.size()) != "\x93\xFA\x96\x7B\x8C\xEA";
+                failures[t] +=
+                    CCodePage::ToUtf16(1258, strVietnamese.data(), strVietnamese.size()) != strVietnameseUnits;
             }
         });
     }

@@ -1,3 +1,5 @@
+#include "orvexxml/infrastructure/instancemonitor.h"
+
 #include <gtest/gtest.h>
 
 #include <new>
@@ -6,7 +8,6 @@
 #include <vector>
 
 #include "orvexxml/infrastructure/debugtrace.h"
-#include "orvexxml/infrastructure/instancemonitor.h"
 
 using namespace OrvexXml;
 
@@ -22,7 +23,7 @@ public:
     CMonitoredB() : CInstanceMonitor("CMonitoredB") {}
 };
 
-const char* const kHeader = "Instances of classes still in existence/Total Number of instances created\n";
+const std::string kHeader = "Instances of classes still in existence/Total Number of instances created\n";
 
 // Each test starts from an empty table, so that the dump is exact.
 class InstanceMonitor : public ::testing::Test {
@@ -30,66 +31,61 @@ protected:
     void SetUp() override { CInstanceMonitor::Cleanup(); }
 };
 
-TEST_F(InstanceMonitor, EmptyListDumpsTheHeaderAlone) { EXPECT_EQ(CInstanceMonitor::DumpState(), kHeader); }
-
-TEST_F(InstanceMonitor, LivingInstancesAreMarkedWithAnArrow) {
+TEST_F(InstanceMonitor, DumpListsClassesInOrderAndMarksThoseWithLivingInstances) {
+    EXPECT_EQ(CInstanceMonitor::DumpState(), kHeader);
     CMonitoredA* pFirst = new CMonitoredA;
     {
         CMonitoredA second;
         CMonitoredB b;
     }
-    EXPECT_EQ(CInstanceMonitor::DumpState(),
-              std::string(kHeader) + "--> CMonitoredA = 1/2\n    CMonitoredB = 0/1");
+    EXPECT_EQ(CInstanceMonitor::DumpState(), kHeader + "--> CMonitoredA = 1/2\n    CMonitoredB = 0/1");
     delete pFirst;
-    EXPECT_EQ(CInstanceMonitor::DumpState(),
-              std::string(kHeader) + "    CMonitoredA = 0/2\n    CMonitoredB = 0/1");
+    EXPECT_EQ(CInstanceMonitor::DumpState(), kHeader + "    CMonitoredA = 0/2\n    CMonitoredB = 0/1");
 }
 
-TEST_F(InstanceMonitor, CopiesCountAsNewInstancesAndAssignmentDoesNot) {
+TEST_F(InstanceMonitor, CopiesCountAndAssignmentDoesNotAndNamesAreComparedAsStrings) {
     CMonitoredA a;
     CMonitoredA b(a);
     b = a;
-    EXPECT_EQ(CInstanceMonitor::DumpState(), std::string(kHeader) + "--> CMonitoredA = 2/2");
-}
-
-TEST_F(InstanceMonitor, NamesAreComparedAsStringsNotPointers) {
-    std::string name1 = "CDynamicName";
-    std::string name2 = "CDynamicName";
+    std::string name1 = "CDynamicName", name2 = "CDynamicName";
     {
         CInstanceMonitor one(name1.c_str());
         CInstanceMonitor two(name2.c_str());
     }
-    EXPECT_EQ(CInstanceMonitor::DumpState(), std::string(kHeader) + "    CDynamicName = 0/2");
+    EXPECT_EQ(CInstanceMonitor::DumpState(), kHeader + "--> CMonitoredA = 2/2\n    CDynamicName = 0/2");
 }
 
 TEST_F(InstanceMonitor, InstancesThatOutliveCleanupDieHarmlessly) {
     CMonitoredA* pOld = new CMonitoredA;
     CInstanceMonitor::Cleanup();
+    EXPECT_EQ(CInstanceMonitor::DumpState(), kHeader);
     CMonitoredA fresh;
     delete pOld;  // its record is gone from the table; the new record is untouched
-    EXPECT_EQ(CInstanceMonitor::DumpState(), std::string(kHeader) + "--> CMonitoredA = 1/1");
+    EXPECT_EQ(CInstanceMonitor::DumpState(), kHeader + "--> CMonitoredA = 1/1");
 }
 
 TEST_F(InstanceMonitor, CountsStayExactUnderConcurrentConstruction) {
-    const int kThreads = 8;
-    const int kPerThread = 20000;
     std::vector<std::thread> threads;
-    for (int t = 0; t < kThreads; ++t) {
+    for (int t = 0; t < 8; ++t) {
         threads.emplace_back([t] {
             std::vector<CInstanceMonitor*> kept;
-            for (int i = 0; i < kPerThread; ++i) {
+            for (int i = 0; i < 20000; ++i) {
                 CInstanceMonitor* p = (i % 2) ? static_cast<CInstanceMonitor*>(new CMonitoredA)
                                               : static_cast<CInstanceMonitor*>(new CMonitoredB);
-                if (i % 4 == t % 4) kept.push_back(p);  // a quarter of them survive for a while
-                else delete p;
+                if (i % 4 == t % 4) {
+                    kept.push_back(p);  // a quarter of them survive for a while
+                } else {
+                    delete p;
+                }
             }
             for (CInstanceMonitor* p : kept) delete p;
         });
     }
     for (std::thread& th : threads) th.join();
-    std::string dump = CInstanceMonitor::DumpState();
-    EXPECT_NE(dump.find("    CMonitoredA = 0/80000"), std::string::npos) << dump;
-    EXPECT_NE(dump.find("    CMonitoredB = 0/80000"), std::string::npos) << dump;
+    const std::string dump = CInstanceMonitor::DumpState();
+    EXPECT_TRUE(dump == kHeader + "    CMonitoredB = 0/80000\n    CMonitoredA = 0/80000" ||
+                dump == kHeader + "    CMonitoredA = 0/80000\n    CMonitoredB = 0/80000")
+        << dump;
 }
 
 void WriteToStderr(const char* pszText, void*) { fputs(pszText, stderr); }
@@ -122,11 +118,8 @@ void Collect(const char* pszText, void*) {
 TEST(DebugTrace, IsSilentWithoutSinkAndSplitsTextIntoPieces) {
     SetDebugOutputSink(nullptr, nullptr);
     DebugTrace("nobody hears %d", 1);
-
-    g_strCollected.clear();
-    g_nPieces = 0;
     SetDebugOutputSink(&Collect, nullptr);
-    std::string text(300, 'y');
+    const std::string text(300, 'y');
     DebugTrace("%s|%d", text.c_str(), 7);
     SetDebugOutputSink(nullptr, nullptr);
     EXPECT_EQ(g_strCollected, text + "|7");

@@ -1,44 +1,42 @@
-// Helpers of the stream tests: a scratch folder, file contents, open descriptors, memory.
+// Helpers of the stream tests: a fixture with a scratch folder, file contents, open descriptors,
+// memory, bytes.
 #pragma once
 
 #include <dirent.h>
+#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <typeinfo>
 
+#include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/localencoding.h"
 #include "orvexxml/values/binarydata.h"
 
 namespace OrvexStreamTest {
 
-// A folder of its own under /tmp, removed with everything in it at the end of the test.
-class CScratchFolder {
-public:
-    CScratchFolder() {
+// Restores the default local encoding after each test, which the other tests rely on; gives a
+// scratch folder of its own under /tmp, removed with everything in it at the end.
+class StreamTest : public ::testing::Test {
+protected:
+    void SetUp() override {
         char szTemplate[] = "/tmp/orvexstreamsXXXXXX";
-        const char* pszPath = ::mkdtemp(szTemplate);
-        m_strPath = pszPath != nullptr ? pszPath : "";
+        ASSERT_NE(nullptr, ::mkdtemp(szTemplate));
+        m_strFolder = szTemplate;
     }
-    ~CScratchFolder() {
-        if (!m_strPath.empty()) {
-            const std::string strCommand = "rm -rf '" + m_strPath + "'";
-            if (std::system(strCommand.c_str()) != 0) std::perror("removing the scratch folder");
+    void TearDown() override {
+        OrvexXml::SetLocalCharEncoding(OrvexXml::ORVEXXML_CP_UTF8);
+        OrvexXml::ASCIIOnly(false);
+        if (!m_strFolder.empty()) {
+            EXPECT_EQ(0, std::system(("rm -rf '" + m_strFolder + "'").c_str()));
         }
     }
-    CScratchFolder(const CScratchFolder&) = delete;
-    CScratchFolder& operator=(const CScratchFolder&) = delete;
-
-    bool IsValid() const { return !m_strPath.empty(); }
-    std::string Path(const std::string& strName) const { return m_strPath + "/" + strName; }
-
-private:
-    std::string m_strPath;
+    std::string Path(const std::string& strName) const { return m_strFolder + "/" + strName; }
+    std::string m_strFolder;
 };
 
 inline std::string ReadFile(const std::string& strPath) {
@@ -47,15 +45,13 @@ inline std::string ReadFile(const std::string& strPath) {
 }
 
 inline void WriteFile(const std::string& strPath, const std::string& strContent) {
-    std::ofstream out(strPath, std::ios::binary | std::ios::trunc);
-    out.write(strContent.data(), static_cast<std::streamsize>(strContent.size()));
+    std::ofstream(strPath, std::ios::binary | std::ios::trunc) << strContent;
 }
 
 // -1 when the file does not exist.
 inline long long FileSize(const std::string& strPath) {
     struct stat st;
-    if (::stat(strPath.c_str(), &st) != 0) return -1;
-    return static_cast<long long>(st.st_size);
+    return ::stat(strPath.c_str(), &st) != 0 ? -1 : static_cast<long long>(st.st_size);
 }
 
 // The descriptors this process holds open (the one that reads the list not counted).
@@ -63,9 +59,7 @@ inline int OpenDescriptors() {
     DIR* pDir = ::opendir("/proc/self/fd");
     if (pDir == nullptr) return -1;
     int nCount = 0;
-    while (const struct dirent* pEntry = ::readdir(pDir)) {
-        if (pEntry->d_name[0] != '.') ++nCount;
-    }
+    while (const struct dirent* pEntry = ::readdir(pDir)) nCount += pEntry->d_name[0] != '.';
     ::closedir(pDir);
     return nCount - 1;
 }
@@ -73,8 +67,7 @@ inline int OpenDescriptors() {
 // Resident memory of the process in kB, -1 when unknown.
 inline long ResidentKilobytes() {
     std::ifstream in("/proc/self/status");
-    std::string strLine;
-    while (std::getline(in, strLine)) {
+    for (std::string strLine; std::getline(in, strLine);) {
         if (strLine.compare(0, 6, "VmRSS:") == 0) return std::atol(strLine.c_str() + 6);
     }
     return -1;
@@ -85,16 +78,26 @@ inline std::string Bytes(const OrvexXml::CBinaryData& data) {
     return std::string(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
 }
 
-// Restores the default local encoding after each test, also when the test fails.
-class CLocalEncodingGuard {
-public:
-    CLocalEncodingGuard() {}
-    ~CLocalEncodingGuard() {
-        OrvexXml::SetLocalCharEncoding(OrvexXml::ORVEXXML_CP_UTF8);
-        OrvexXml::ASCIIOnly(false);
+// UTF-16 units as little-endian bytes, the order every UTF-16 output of the library uses.
+inline std::string Utf16Le(const std::u16string& strUnits) {
+    std::string strBytes;
+    for (char16_t u : strUnits) {
+        strBytes += static_cast<char>(u & 0xFF);
+        strBytes += static_cast<char>(u >> 8);
     }
-    CLocalEncodingGuard(const CLocalEncodingGuard&) = delete;
-    CLocalEncodingGuard& operator=(const CLocalEncodingGuard&) = delete;
-};
+    return strBytes;
+}
+
+// fn must throw a plain COxException with exactly this message.
+template <class TFunc>
+void ExpectOxException(TFunc fn, const std::string& strMessage) {
+    try {
+        fn();
+        ADD_FAILURE() << "no exception; expected: " << strMessage;
+    } catch (const OrvexXml::COxException& e) {
+        EXPECT_EQ(typeid(OrvexXml::COxException), typeid(e));
+        EXPECT_EQ(strMessage, e.GetMessage());
+    }
+}
 
 }  // namespace OrvexStreamTest
