@@ -61,8 +61,8 @@ int main(int argc, char** argv) {
             long nBefore = PeakKiB();
             target->FromXmlFile(strFile.c_str(), ctx);
             long nGrowth = (PeakKiB() - nBefore) * 1024;
-            std::printf("FromXmlFile (%s): peak growth %.1f MB = %.2f x file size\n",
-                        bAsync ? "chunked" : "whole file", nGrowth / 1e6, static_cast<double>(nGrowth) / nFileBytes);
+            std::printf("FromXmlFile (%s): peak growth %.1f MB = %.2f x file size\n", bAsync ? "chunked" : "whole file",
+                        nGrowth / 1e6, static_cast<double>(nGrowth) / nFileBytes);
         });
     }
     for (bool bAsync : {false, true}) {

@@ -62,7 +62,8 @@ void Baseline_ExpatOneCall(benchmark::State& state) {
     const std::string& xml = Doc().strXml;
     for (auto _ : state) {
         XML_Parser parser = NewBaselineParser();
-        if (XML_Parse(parser, xml.data(), static_cast<int>(xml.size()), 1) != XML_STATUS_OK) state.SkipWithError("parse");
+        if (XML_Parse(parser, xml.data(), static_cast<int>(xml.size()), 1) != XML_STATUS_OK)
+            state.SkipWithError("parse");
         XML_ParserFree(parser);
     }
     SetBytes(state);

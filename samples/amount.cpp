@@ -63,8 +63,10 @@ CAttributeInfo** CAmount::GetClassAttributeInfo() const { return ms_ppAttributeI
 void CAmount::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& value) {
     switch (nPropertyIndex) {
         case Prop_Value:
-            if (bRead) value.SetR8(m_Value);
-            else m_Value = value.GetR8();
+            if (bRead)
+                value.SetR8(m_Value);
+            else
+                m_Value = value.GetR8();
             break;
         default:
             throw COxInvalidParamException(FormatString("Unknown property index %d", nPropertyIndex));

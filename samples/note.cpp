@@ -89,8 +89,10 @@ void CNote::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& value) {
             }
             break;
         case Prop_Body:
-            if (bRead) value.SetString(m_Body);
-            else m_Body = value.GetString();
+            if (bRead)
+                value.SetString(m_Body);
+            else
+                m_Body = value.GetString();
             break;
         default:
             throw COxInvalidParamException(FormatString("Unknown property index %d", nPropertyIndex));

@@ -18,7 +18,10 @@ public:
 
     // Author: xs:string, optional
     const std::string& GetAuthor() const { return m_Author; }
-    void SetAuthor(const std::string& value) { m_Author = value; m_bValidAuthor = true; }
+    void SetAuthor(const std::string& value) {
+        m_Author = value;
+        m_bValidAuthor = true;
+    }
     bool IsValidAuthor() const { return m_bValidAuthor; }
     void SetValidAuthor(bool bValid) { m_bValidAuthor = bValid; }
     // Body: xs:string, mandatory

@@ -38,8 +38,7 @@ int Priority_TextToEnum(const char* pszText) {
     throw COxInvalidValueException(FormatString("The value [%s] is not a valid Priority", pszText));
 }
 
-COrderStatusCol::COrderStatusCol(const char* pszElementName, const char* pszNamespace, int nMinOccurs,
-                                 int nMaxOccurs)
+COrderStatusCol::COrderStatusCol(const char* pszElementName, const char* pszNamespace, int nMinOccurs, int nMaxOccurs)
     : CXmlTypeCollection(ItemType_i4, pszElementName, pszNamespace, nMinOccurs, nMaxOccurs, nullptr, -1, -1, nullptr,
                          nullptr, nullptr, nullptr, -1, -1, -1, CWhitespaceUtils::WhitespaceRule_collapse, nullptr),
       CInstanceMonitor("COrderStatusCol") {}
@@ -56,8 +55,7 @@ void COrderStatusCol::AddAt(int nIndex, OrderStatus value) {
 
 OrderStatus COrderStatusCol::Item(int nIndex) const {
     if (nIndex < 0 || nIndex >= GetCount()) {
-        throw COxInvalidParamException(
-            FormatString("Index %d is out of range, use 0 - %d", nIndex, GetCount() - 1));
+        throw COxInvalidParamException(FormatString("Index %d is out of range, use 0 - %d", nIndex, GetCount() - 1));
     }
     return m_items[static_cast<size_t>(nIndex)];
 }
@@ -69,16 +67,14 @@ void COrderStatusCol::Clear() {
 void COrderStatusCol::Remove(int nIndex) {
     FireOnCollectionRemove(nIndex);
     if (nIndex < 0 || nIndex >= GetCount()) {
-        throw COxInvalidParamException(
-            FormatString("Index %d is out of range, use 0 - %d", nIndex, GetCount() - 1));
+        throw COxInvalidParamException(FormatString("Index %d is out of range, use 0 - %d", nIndex, GetCount() - 1));
     }
     m_items.erase(m_items.begin() + nIndex);
     FireOnCollectionRemoveComplete(nIndex);
     FireOnCollectionChange();
 }
 
-void COrderStatusCol::ToXml_Int(CXmlWriter* pWriter, bool, const char*, const CSerializationContext& ctx,
-                                bool) const {
+void COrderStatusCol::ToXml_Int(CXmlWriter* pWriter, bool, const char*, const CSerializationContext& ctx, bool) const {
     ValidateCount(ctx);
     for (OrderStatus value : m_items) {
         pWriter->WriteStartElement(GetElementName(), m_strNamespace);

@@ -26,9 +26,9 @@ void CPerson::InitMetaData() {
         ms_pParentElementInfo = new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "Person",
                                                        "", true, false, -1, ItemType_invalid, nullptr, false);
         ms_ppElementInfo = new CElementInfo*[2];
-        ms_ppElementInfo[0] = new CElementInfoSeqPrimMnd("Name", "", Prop_Name, false, ItemType_string, nullptr,
-                                                         CWhitespaceUtils::WhitespaceRule_preserve,
-                                                         CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[0] =
+            new CElementInfoSeqPrimMnd("Name", "", Prop_Name, false, ItemType_string, nullptr,
+                                       CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(), nullptr);
         ms_ppElementInfo[1] = nullptr;
         ms_ppAttributeInfo = new CAttributeInfo*[1];
         ms_ppAttributeInfo[0] = nullptr;

@@ -40,9 +40,9 @@ void CPrimitiveSet::InitMetaData() {
     if (!ms_bMetaDataBuilt) {
         const CWhitespaceUtils::WhitespaceRule collapse = CWhitespaceUtils::WhitespaceRule_collapse;
         const CWhitespaceUtils::WhitespaceRule preserve = CWhitespaceUtils::WhitespaceRule_preserve;
-        ms_pParentElementInfo = new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element,
-                                                       "PrimitiveSet", NS, true, false, -1, ItemType_invalid, nullptr,
-                                                       false);
+        ms_pParentElementInfo =
+            new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "PrimitiveSet", NS, true,
+                                   false, -1, ItemType_invalid, nullptr, false);
         ms_ppElementInfo = new CElementInfo*[14];
         ms_ppElementInfo[0] = new CElementInfoSeqPrimMnd("ByteVal", NS, Prop_ByteVal, false, ItemType_i1, nullptr,
                                                          collapse, CPrimitiveRestrictions(), nullptr);
@@ -54,8 +54,8 @@ void CPrimitiveSet::InitMetaData() {
                                                          collapse, CPrimitiveRestrictions(), nullptr);
         ms_ppElementInfo[4] = new CElementInfoSeqPrimMnd("UByteVal", NS, Prop_UByteVal, false, ItemType_ui1, nullptr,
                                                          collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[5] = new CElementInfoSeqPrimMnd("UShortVal", NS, Prop_UShortVal, false, ItemType_ui2,
-                                                         nullptr, collapse, CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[5] = new CElementInfoSeqPrimMnd("UShortVal", NS, Prop_UShortVal, false, ItemType_ui2, nullptr,
+                                                         collapse, CPrimitiveRestrictions(), nullptr);
         ms_ppElementInfo[6] = new CElementInfoSeqPrimOpt("UIntVal", NS, Prop_UIntVal, false, ItemType_ui4, nullptr,
                                                          collapse, CPrimitiveRestrictions(), nullptr);
         ms_ppElementInfo[7] = new CElementInfoSeqPrimMnd("ULongVal", NS, Prop_ULongVal, false, ItemType_ui8, nullptr,
@@ -80,9 +80,7 @@ void CPrimitiveSet::InitMetaData() {
     s_bReady.store(true, std::memory_order_release);
 }
 
-void CPrimitiveSet::CleanupMetaData() {
-    CleanMetaData(ms_pParentElementInfo, ms_ppElementInfo, ms_ppAttributeInfo);
-}
+void CPrimitiveSet::CleanupMetaData() { CleanMetaData(ms_pParentElementInfo, ms_ppElementInfo, ms_ppAttributeInfo); }
 
 CPrimitiveSet::CPrimitiveSet() {
     InitMetaData();
@@ -149,8 +147,10 @@ CAttributeInfo** CPrimitiveSet::GetClassAttributeInfo() const { return ms_ppAttr
 void CPrimitiveSet::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& value) {
     switch (nPropertyIndex) {
         case Prop_ByteVal:
-            if (bRead) value.SetI1(m_ByteVal);
-            else m_ByteVal = value.GetI1();
+            if (bRead)
+                value.SetI1(m_ByteVal);
+            else
+                m_ByteVal = value.GetI1();
             break;
         case Prop_ShortVal:
             if (bRead) {
@@ -160,8 +160,10 @@ void CPrimitiveSet::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& 
             }
             break;
         case Prop_IntVal:
-            if (bRead) value.SetI4(m_IntVal);
-            else m_IntVal = value.GetI4();
+            if (bRead)
+                value.SetI4(m_IntVal);
+            else
+                m_IntVal = value.GetI4();
             break;
         case Prop_LongVal:
             if (bRead) {
@@ -171,12 +173,16 @@ void CPrimitiveSet::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& 
             }
             break;
         case Prop_UByteVal:
-            if (bRead) value.SetUI1(m_UByteVal);
-            else m_UByteVal = value.GetUI1();
+            if (bRead)
+                value.SetUI1(m_UByteVal);
+            else
+                m_UByteVal = value.GetUI1();
             break;
         case Prop_UShortVal:
-            if (bRead) value.SetUI2(m_UShortVal);
-            else m_UShortVal = value.GetUI2();
+            if (bRead)
+                value.SetUI2(m_UShortVal);
+            else
+                m_UShortVal = value.GetUI2();
             break;
         case Prop_UIntVal:
             if (bRead) {
@@ -186,16 +192,22 @@ void CPrimitiveSet::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& 
             }
             break;
         case Prop_ULongVal:
-            if (bRead) value.SetUI8(m_ULongVal);
-            else m_ULongVal = value.GetUI8();
+            if (bRead)
+                value.SetUI8(m_ULongVal);
+            else
+                m_ULongVal = value.GetUI8();
             break;
         case Prop_FloatVal:
-            if (bRead) value.SetR4(m_FloatVal);
-            else m_FloatVal = value.GetR4();
+            if (bRead)
+                value.SetR4(m_FloatVal);
+            else
+                m_FloatVal = value.GetR4();
             break;
         case Prop_DoubleVal:
-            if (bRead) value.SetR8(m_DoubleVal);
-            else m_DoubleVal = value.GetR8();
+            if (bRead)
+                value.SetR8(m_DoubleVal);
+            else
+                m_DoubleVal = value.GetR8();
             break;
         case Prop_Initial:
             if (bRead) {
@@ -205,8 +217,10 @@ void CPrimitiveSet::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& 
             }
             break;
         case Prop_Text:
-            if (bRead) value.SetString(m_Text);
-            else m_Text = value.GetString();
+            if (bRead)
+                value.SetString(m_Text);
+            else
+                m_Text = value.GetString();
             break;
         case Prop_Flag:
             if (bRead) {

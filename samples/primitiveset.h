@@ -22,7 +22,10 @@ public:
     void SetByteVal(char value) { m_ByteVal = value; }
     // ShortVal: xs:short, optional
     int16_t GetShortVal() const { return m_ShortVal; }
-    void SetShortVal(int16_t value) { m_ShortVal = value; m_bValidShortVal = true; }
+    void SetShortVal(int16_t value) {
+        m_ShortVal = value;
+        m_bValidShortVal = true;
+    }
     bool IsValidShortVal() const { return m_bValidShortVal; }
     void SetValidShortVal(bool bValid) { m_bValidShortVal = bValid; }
     // IntVal: xs:int, mandatory, default 42
@@ -30,7 +33,10 @@ public:
     void SetIntVal(int32_t value) { m_IntVal = value; }
     // LongVal: xs:long, optional
     int64_t GetLongVal() const { return m_LongVal; }
-    void SetLongVal(int64_t value) { m_LongVal = value; m_bValidLongVal = true; }
+    void SetLongVal(int64_t value) {
+        m_LongVal = value;
+        m_bValidLongVal = true;
+    }
     bool IsValidLongVal() const { return m_bValidLongVal; }
     void SetValidLongVal(bool bValid) { m_bValidLongVal = bValid; }
     // UByteVal: xs:unsignedByte, mandatory
@@ -41,7 +47,10 @@ public:
     void SetUShortVal(uint16_t value) { m_UShortVal = value; }
     // UIntVal: xs:unsignedInt, optional
     uint32_t GetUIntVal() const { return m_UIntVal; }
-    void SetUIntVal(uint32_t value) { m_UIntVal = value; m_bValidUIntVal = true; }
+    void SetUIntVal(uint32_t value) {
+        m_UIntVal = value;
+        m_bValidUIntVal = true;
+    }
     bool IsValidUIntVal() const { return m_bValidUIntVal; }
     void SetValidUIntVal(bool bValid) { m_bValidUIntVal = bValid; }
     // ULongVal: xs:unsignedLong, mandatory
@@ -55,7 +64,10 @@ public:
     void SetDoubleVal(double value) { m_DoubleVal = value; }
     // Initial: a single character, optional
     char GetInitial() const { return m_Initial; }
-    void SetInitial(char value) { m_Initial = value; m_bValidInitial = true; }
+    void SetInitial(char value) {
+        m_Initial = value;
+        m_bValidInitial = true;
+    }
     bool IsValidInitial() const { return m_bValidInitial; }
     void SetValidInitial(bool bValid) { m_bValidInitial = bValid; }
     // Text: xs:token, mandatory, whitespace collapsed
@@ -63,7 +75,10 @@ public:
     void SetText(const std::string& value) { m_Text = value; }
     // Flag: xs:boolean, optional, default true
     bool GetFlag() const { return m_Flag; }
-    void SetFlag(bool value) { m_Flag = value; m_bValidFlag = true; }
+    void SetFlag(bool value) {
+        m_Flag = value;
+        m_bValidFlag = true;
+    }
     bool IsValidFlag() const { return m_bValidFlag; }
     void SetValidFlag(bool bValid) { m_bValidFlag = bValid; }
 

@@ -25,13 +25,13 @@ void CReadingLog::InitMetaData() {
     if (s_bReady.load(std::memory_order_acquire)) return;
     m_csInit.Enter();
     if (!ms_bMetaDataBuilt) {
-        ms_pParentElementInfo = new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element,
-                                                       "ReadingLog", NS, true, false, -1, ItemType_invalid, nullptr,
-                                                       false);
+        ms_pParentElementInfo =
+            new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "ReadingLog", NS, true, false,
+                                   -1, ItemType_invalid, nullptr, false);
         ms_ppElementInfo = new CElementInfo*[8];
-        ms_ppElementInfo[0] = new CElementInfoSeqPrimMnd("Station", NS, Prop_Station, false, ItemType_string, nullptr,
-                                                         CWhitespaceUtils::WhitespaceRule_preserve,
-                                                         CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[0] =
+            new CElementInfoSeqPrimMnd("Station", NS, Prop_Station, false, ItemType_string, nullptr,
+                                       CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(), nullptr);
         ms_ppElementInfo[1] = new CElementInfoSeqPrimCol("Sensor", NS, Prop_Sensor);
         ms_ppElementInfo[2] = new CElementInfoSeqPrimCol("Sequence", NS, Prop_Sequence);
         ms_ppElementInfo[3] = new CElementInfoSeqPrimCol("Value", NS, Prop_Value);
@@ -48,9 +48,7 @@ void CReadingLog::InitMetaData() {
     s_bReady.store(true, std::memory_order_release);
 }
 
-void CReadingLog::CleanupMetaData() {
-    CleanMetaData(ms_pParentElementInfo, ms_ppElementInfo, ms_ppAttributeInfo);
-}
+void CReadingLog::CleanupMetaData() { CleanMetaData(ms_pParentElementInfo, ms_ppElementInfo, ms_ppAttributeInfo); }
 
 CReadingLog::CReadingLog() {
     InitMetaData();
@@ -60,10 +58,10 @@ CReadingLog::CReadingLog() {
                               collapse, nullptr);
     m_Sequence = new Ci8Col("Sequence", NS, 0, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1,
                             collapse, nullptr);
-    m_Value = new Cr8Col("Value", NS, 0, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1,
-                         collapse, "%.3f");
-    m_Level = new Ci4Col("Level", NS, 0, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1,
-                         collapse, nullptr);
+    m_Value = new Cr8Col("Value", NS, 0, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1, collapse,
+                         "%.3f");
+    m_Level = new Ci4Col("Level", NS, 0, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1, collapse,
+                         nullptr);
     m_Valid = new CbooleanCol("Valid", NS, 0, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1,
                               collapse, nullptr);
     m_Note = new CstringCol("Note", NS, 0, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1,
@@ -90,8 +88,10 @@ CAttributeInfo** CReadingLog::GetClassAttributeInfo() const { return ms_ppAttrib
 void CReadingLog::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& value) {
     switch (nPropertyIndex) {
         case Prop_Station:
-            if (bRead) value.SetString(m_Station);
-            else m_Station = value.GetString();
+            if (bRead)
+                value.SetString(m_Station);
+            else
+                m_Station = value.GetString();
             break;
         case Prop_Sensor:
             if (bRead) value.SetXmlCollection(m_Sensor);

@@ -27,9 +27,9 @@ void CSettings::InitMetaData() {
         ms_pParentElementInfo = new CParentElementInfo(XmlElementGroupType_All, XmlElementType_Element, "Settings", NS,
                                                        true, false, -1, ItemType_invalid, nullptr, false);
         ms_ppElementInfo = new CElementInfo*[6];
-        ms_ppElementInfo[0] = new CElementInfoAllPrimMnd("Name", NS, Prop_Name, false, ItemType_string, nullptr,
-                                                         CWhitespaceUtils::WhitespaceRule_preserve,
-                                                         CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[0] =
+            new CElementInfoAllPrimMnd("Name", NS, Prop_Name, false, ItemType_string, nullptr,
+                                       CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(), nullptr);
         ms_ppElementInfo[1] = new CElementInfoAllEnumMnd("Mode", NS, Prop_Mode, false, &Priority_EnumToText,
                                                          &Priority_TextToEnum, nullptr);
         ms_ppElementInfo[2] = new CElementInfoAllEnumOpt("Fallback", NS, Prop_Fallback, true, &OrderStatus_EnumToText,
@@ -75,12 +75,16 @@ CAttributeInfo** CSettings::GetClassAttributeInfo() const { return ms_ppAttribut
 void CSettings::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& value) {
     switch (nPropertyIndex) {
         case Prop_Name:
-            if (bRead) value.SetString(m_Name);
-            else m_Name = value.GetString();
+            if (bRead)
+                value.SetString(m_Name);
+            else
+                m_Name = value.GetString();
             break;
         case Prop_Mode:
-            if (bRead) value.SetI4(m_Mode);
-            else m_Mode = static_cast<Priority>(value.GetI4());
+            if (bRead)
+                value.SetI4(m_Mode);
+            else
+                m_Mode = static_cast<Priority>(value.GetI4());
             break;
         case Prop_Fallback:
             if (bRead) {

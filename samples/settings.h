@@ -24,7 +24,10 @@ public:
     void SetMode(Priority value) { m_Mode = value; }
     // Fallback: OrderStatus, optional
     OrderStatus GetFallback() const { return m_Fallback; }
-    void SetFallback(OrderStatus value) { m_Fallback = value; m_bValidFallback = true; }
+    void SetFallback(OrderStatus value) {
+        m_Fallback = value;
+        m_bValidFallback = true;
+    }
     bool IsValidFallback() const { return m_bValidFallback; }
     void SetValidFallback(bool bValid) { m_bValidFallback = bValid; }
     // Port: xs:unsignedShort, 1 to 3

@@ -31,9 +31,9 @@ void CShape::InitMetaData() {
                                                             collapse, CPrimitiveRestrictions(), nullptr);
         ms_ppElementInfo[1] = new CElementInfoChoicePrimOpt("Square", "", Prop_Square, false, ItemType_r8, nullptr,
                                                             collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[2] = new CElementInfoChoicePrimOpt("Label", "", Prop_Label, false, ItemType_string, nullptr,
-                                                            CWhitespaceUtils::WhitespaceRule_preserve,
-                                                            CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[2] =
+            new CElementInfoChoicePrimOpt("Label", "", Prop_Label, false, ItemType_string, nullptr,
+                                          CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(), nullptr);
         ms_ppElementInfo[3] = nullptr;
         ms_ppAttributeInfo = new CAttributeInfo*[1];
         ms_ppAttributeInfo[0] = nullptr;

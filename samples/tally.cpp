@@ -23,12 +23,12 @@ void CTally::InitMetaData() {
     if (s_bReady.load(std::memory_order_acquire)) return;
     m_csInit.Enter();
     if (!ms_bMetaDataBuilt) {
-        ms_pParentElementInfo = new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "Tally", "",
-                                                       true, false, -1, ItemType_invalid, nullptr, false);
+        ms_pParentElementInfo = new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "Tally",
+                                                       "", true, false, -1, ItemType_invalid, nullptr, false);
         ms_ppElementInfo = new CElementInfo*[8];
-        ms_ppElementInfo[0] = new CElementInfoSeqPrimMnd("Label", "", Prop_Label, false, ItemType_string, nullptr,
-                                                         CWhitespaceUtils::WhitespaceRule_preserve,
-                                                         CPrimitiveRestrictions(), nullptr);
+        ms_ppElementInfo[0] =
+            new CElementInfoSeqPrimMnd("Label", "", Prop_Label, false, ItemType_string, nullptr,
+                                       CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(), nullptr);
         ms_ppElementInfo[1] = new CElementInfoSeqEnumMnd("Status", "", Prop_Status, false, &OrderStatus_EnumToText,
                                                          &OrderStatus_TextToEnum, nullptr);
         ms_ppElementInfo[2] = new CElementInfoSeqEnumOpt("Urgency", "", Prop_Urgency, false, &Priority_EnumToText,
@@ -82,12 +82,16 @@ CAttributeInfo** CTally::GetClassAttributeInfo() const { return ms_ppAttributeIn
 void CTally::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& value) {
     switch (nPropertyIndex) {
         case Prop_Label:
-            if (bRead) value.SetString(m_Label);
-            else m_Label = value.GetString();
+            if (bRead)
+                value.SetString(m_Label);
+            else
+                m_Label = value.GetString();
             break;
         case Prop_Status:
-            if (bRead) value.SetI4(m_Status);
-            else m_Status = static_cast<OrderStatus>(value.GetI4());
+            if (bRead)
+                value.SetI4(m_Status);
+            else
+                m_Status = static_cast<OrderStatus>(value.GetI4());
             break;
         case Prop_Urgency:
             if (bRead) {

@@ -24,7 +24,10 @@ public:
     void SetStatus(OrderStatus value) { m_Status = value; }
     // Urgency: Priority, optional, default normal
     Priority GetUrgency() const { return m_Urgency; }
-    void SetUrgency(Priority value) { m_Urgency = value; m_bValidUrgency = true; }
+    void SetUrgency(Priority value) {
+        m_Urgency = value;
+        m_bValidUrgency = true;
+    }
     bool IsValidUrgency() const { return m_bValidUrgency; }
     void SetValidUrgency(bool bValid) { m_bValidUrgency = bValid; }
     // Count: xs:int, 1 to unbounded

@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds everything and runs the whole test suite: once in a
-# release build (including the install test and a short fuzzing run), once under
-# AddressSanitizer and UndefinedBehaviorSanitizer.
+# Installs what is missing, checks the formatting, builds everything and runs the whole test
+# suite: once in a release build (including the install test and a short fuzzing run), once
+# under AddressSanitizer and UndefinedBehaviorSanitizer.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 tools/deps.sh
 jobs=$(nproc)
+
+echo "== formatting"
+git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run -Werror
 
 echo "== release build and tests"
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=Release

@@ -23,7 +23,8 @@ std::map<std::string, int> LivingInstances() {
         size_t nEquals = strLine.rfind(" = ");
         size_t nSlash = strLine.rfind('/');
         if (strLine.size() < 4 || nEquals == std::string::npos || nSlash == std::string::npos) continue;
-        mapLiving[strLine.substr(4, nEquals - 4)] = std::atoi(strLine.substr(nEquals + 3, nSlash - nEquals - 3).c_str());
+        mapLiving[strLine.substr(4, nEquals - 4)] =
+            std::atoi(strLine.substr(nEquals + 3, nSlash - nEquals - 3).c_str());
     }
     return mapLiving;
 }
@@ -35,8 +36,8 @@ class CInstanceLeakCheck : public ::testing::EmptyTestEventListener {
             auto it = m_mapBefore.find(entry.first);
             int nBefore = it == m_mapBefore.end() ? 0 : it->second;
             if (entry.second > nBefore) {
-                std::fprintf(stderr, "%s.%s left %d instance(s) of %s alive\n%s\n", info.test_suite_name(),
-                             info.name(), entry.second - nBefore, entry.first.c_str(),
+                std::fprintf(stderr, "%s.%s left %d instance(s) of %s alive\n%s\n", info.test_suite_name(), info.name(),
+                             entry.second - nBefore, entry.first.c_str(),
                              OrvexXml::CInstanceMonitor::DumpState().c_str());
                 std::abort();
             }

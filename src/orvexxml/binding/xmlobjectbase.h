@@ -79,8 +79,8 @@ public:
     // Writes the object as an XML document into a file, in the given encoding. With
     // AsyncToXmlFile(true) and no compression the text goes to the disk while it is written;
     // otherwise the document is built in memory and written with one call.
-    virtual void ToXmlFile(const char* pszFileName, bool bHeader, bool bFormatted, XmlEncoding eEncoding,
-                           EOLType eEOL, const CSerializationContext& ctx, CompressionType eCompression) const;
+    virtual void ToXmlFile(const char* pszFileName, bool bHeader, bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
+                           const CSerializationContext& ctx, CompressionType eCompression) const;
     // Writes the object as an XML document in the local encoding.
     virtual std::string ToXml(bool bHeader, bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const;
     // Writes the object as an XML document in the given encoding, as bytes.

@@ -1,7 +1,5 @@
 #include "orvexxml/infrastructure/codepage.h"
 
-#include "orvexxml/infrastructure/utf8.h"
-
 #include <iconv.h>
 
 #include <cerrno>
@@ -12,6 +10,7 @@
 
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/infrastructure/utf8.h"
 
 namespace OrvexXml {
 

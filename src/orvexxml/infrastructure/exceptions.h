@@ -56,7 +56,8 @@ protected:
 class ORVEXXML_API COxInvalidValueException : public COxValidationException {
 public:
     COxInvalidValueException() {}
-    explicit COxInvalidValueException(const std::string& strMessage) : COxValidationException(strMessage, std::string()) {}
+    explicit COxInvalidValueException(const std::string& strMessage)
+        : COxValidationException(strMessage, std::string()) {}
     COxInvalidValueException(const std::string& strMessage, const COxException& inner)
         : COxValidationException(strMessage, std::string(), inner) {}
     explicit COxInvalidValueException(const COxException& other) : COxValidationException(other) {}
@@ -83,19 +84,18 @@ protected:
 };
 
 // The three "plain" subclasses share their constructor set: (message), (message, inner), (copy of any).
-#define ORVEXXML_DECLARE_SIMPLE_EXCEPTION(Name)                                                 \
-    class ORVEXXML_API Name : public COxException {                                           \
-    public:                                                                                   \
-        Name() {}                                                                             \
-        explicit Name(const std::string& strMessage) : COxException(strMessage) {}            \
-        Name(const std::string& strMessage, const COxException& inner)                        \
-            : COxException(strMessage, inner) {}                                              \
-        explicit Name(const COxException& other) : COxException(other) {}                    \
-        Name(const Name& other) : COxException(other) {}                                      \
-        Name& operator=(const Name& other) = default;                                         \
-                                                                                              \
-    protected:                                                                                \
-        COxException* Clone() const override { return new Name(*this); }                      \
+#define ORVEXXML_DECLARE_SIMPLE_EXCEPTION(Name)                                                             \
+    class ORVEXXML_API Name : public COxException {                                                         \
+    public:                                                                                                 \
+        Name() {}                                                                                           \
+        explicit Name(const std::string& strMessage) : COxException(strMessage) {}                          \
+        Name(const std::string& strMessage, const COxException& inner) : COxException(strMessage, inner) {} \
+        explicit Name(const COxException& other) : COxException(other) {}                                   \
+        Name(const Name& other) : COxException(other) {}                                                    \
+        Name& operator=(const Name& other) = default;                                                       \
+                                                                                                            \
+    protected:                                                                                              \
+        COxException* Clone() const override { return new Name(*this); }                                    \
     };
 
 ORVEXXML_DECLARE_SIMPLE_EXCEPTION(COxInvalidStateException)

@@ -1,7 +1,5 @@
 #include "orvexxml/infrastructure/textencoder.h"
 
-#include "orvexxml/infrastructure/utf8.h"
-
 #include <sys/mman.h>
 
 #include <cstdint>
@@ -12,6 +10,7 @@
 #include "orvexxml/infrastructure/codepage.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/localencoding.h"
+#include "orvexxml/infrastructure/utf8.h"
 
 namespace OrvexXml {
 

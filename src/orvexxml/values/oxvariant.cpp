@@ -1,8 +1,7 @@
 #include "orvexxml/values/oxvariant.h"
 
-#include "orvexxml/collections/xmlcollectionbase.h"
-
 #include "orvexxml/binding/xmlobjectbase.h"
+#include "orvexxml/collections/xmlcollectionbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/values/binarydata.h"

@@ -39,9 +39,7 @@ public:
     const std::string& GetNamespaceURI() const { return *m_pNamespace; }
     const std::string& GetText() const { return m_strText; }
     // In document order.
-    const std::vector<CXmlAttribute*>& GetAttributes() const {
-        return m_pAttributes ? *m_pAttributes : NoAttributes();
-    }
+    const std::vector<CXmlAttribute*>& GetAttributes() const { return m_pAttributes ? *m_pAttributes : NoAttributes(); }
     // The value of the first attribute with that local name and namespace (null counts as
     // empty). Without a match: a reference to a shared empty string that stays valid.
     const std::string& GetAttribute(const char* pszLocalName, const char* pszNamespace = "") const;

@@ -33,8 +33,8 @@ private:
 CParentElementInfo CGreeting::ms_parent(XmlElementGroupType_Sequence, XmlElementType_Element, "Greeting", "", true,
                                         false, -1, ItemType_invalid, nullptr, false);
 CElementInfo* CGreeting::ms_elements[2] = {
-    new CElementInfoSeqPrimMnd("Text", "", 0, false, ItemType_string, nullptr, CWhitespaceUtils::WhitespaceRule_preserve,
-                               CPrimitiveRestrictions(), nullptr),
+    new CElementInfoSeqPrimMnd("Text", "", 0, false, ItemType_string, nullptr,
+                               CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(), nullptr),
     nullptr};
 CAttributeInfo* CGreeting::ms_attributes[1] = {nullptr};
 
