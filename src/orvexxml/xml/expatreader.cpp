@@ -37,12 +37,11 @@ struct SplitName {
     size_t nLocalLength;
 };
 
+// One pass over the long part (the URI); only the short local name is measured again.
 inline SplitName Split(const char* pszName) {
-    size_t nLength = std::strlen(pszName);
-    const char* pBar = static_cast<const char*>(::memrchr(pszName, '|', nLength));
-    if (!pBar) return SplitName{"", 0, pszName, nLength};
-    return SplitName{pszName, static_cast<size_t>(pBar - pszName), pBar + 1,
-                     nLength - static_cast<size_t>(pBar - pszName) - 1};
+    const char* pBar = std::strrchr(pszName, '|');
+    if (!pBar) return SplitName{"", 0, pszName, std::strlen(pszName)};
+    return SplitName{pszName, static_cast<size_t>(pBar - pszName), pBar + 1, std::strlen(pBar + 1)};
 }
 
 }  // namespace
