@@ -22,11 +22,13 @@ cmake --build build-asan -j "$jobs"
 ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
   ctest --test-dir build-asan --output-on-failure -j "$jobs"
 
-echo "== fuzzing (bounded run)"
+echo "== fuzzing (bounded runs)"
 CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DORVEXXML_BUILD_FUZZERS=ON -DORVEXXML_BUILD_TESTS=OFF -DORVEXXML_BUILD_DEMO=OFF
-cmake --build build-fuzz -j "$jobs" --target read_xml_fuzzer
-mkdir -p build-fuzz/corpus/read_xml
-ASAN_OPTIONS=detect_leaks=1 ./build-fuzz/fuzz/read_xml_fuzzer -max_total_time="${FUZZ_SECONDS:-60}" \
-  -rss_limit_mb=2048 -timeout=10 build-fuzz/corpus/read_xml fuzz/corpus/read_xml
-echo "fuzzing: no findings"
+cmake --build build-fuzz -j "$jobs" --target read_xml_fuzzer read_values_fuzzer
+for target in read_xml read_values; do
+  mkdir -p "build-fuzz/corpus/$target"
+  ASAN_OPTIONS=detect_leaks=1 "./build-fuzz/fuzz/${target}_fuzzer" -max_total_time="${FUZZ_SECONDS:-60}" \
+    -rss_limit_mb=2048 -timeout=10 -artifact_prefix="build-fuzz/" "build-fuzz/corpus/$target" "fuzz/corpus/$target"
+  echo "fuzzing $target: no findings"
+done
