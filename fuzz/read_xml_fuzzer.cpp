@@ -1,9 +1,11 @@
 // Feeds arbitrary bytes to the XML reading path: the document loader and the walks that
-// read a tree into generated objects. Any outcome but a COxException is a finding.
+// read a tree into generated objects. Any outcome but a COxException is a finding, and so
+// is an object whose written text doesn't read back into the same text.
 #include <orvexxml/orvexxml.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 
 #include "note.h"
@@ -19,12 +21,22 @@ using namespace OrvexXml;
 template <class T>
 static void ReadInto(const std::string& text, const CSerializationContext& ctx) {
     CSmartPtr<T> object = T::CreateInstance();
+    std::string strWritten;
     try {
         object->FromXml(text.c_str(), ctx);
         // Whatever was read must write out again.
-        object->ToXml(true, true, EOLType_LF, ctx);
+        strWritten = object->ToXml(true, true, EOLType_LF, ctx);
     } catch (const COxException&) {
+        return;
     }
+    // And what was written must read back into an object that writes the same text.
+    CSmartPtr<T> again = T::CreateInstance();
+    try {
+        again->FromXml(strWritten.c_str(), ctx);
+    } catch (const COxException&) {
+        std::abort();
+    }
+    if (again->ToXml(true, true, EOLType_LF, ctx) != strWritten) std::abort();
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
