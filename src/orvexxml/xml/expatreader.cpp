@@ -276,11 +276,13 @@ void CExpatReader::CharacterData(const char* pText, int nLength) {
     if (nLength <= 0) return;
     CXmlElement* pElement = m_doc.GetCurrentElement();
     if (!pElement) return;  // expat reports text only inside an element
+    // XML text can't hold the character 0 (expat refuses even "&#0;"), so neither the text
+    // nor its conversion has a null byte to stop at.
     if (m_bLocalIsUtf8) {
-        CXmlDocument::AppendTextExcludingCR(pElement, pText, static_cast<OxULong>(nLength));
+        CXmlDocument::AppendRunExcludingCR(pElement, pText, static_cast<size_t>(nLength));
     } else {
         std::string strText = ConvertWithScratch(pText, static_cast<size_t>(nLength));
-        CXmlDocument::AppendTextExcludingCR(pElement, strText.data(), static_cast<OxULong>(strText.size()));
+        CXmlDocument::AppendRunExcludingCR(pElement, strText.data(), strText.size());
     }
 }
 

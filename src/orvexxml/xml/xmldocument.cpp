@@ -462,7 +462,10 @@ void CXmlDocument::AppendTextExcludingCR(CXmlElement* pElement, const char* pszT
 
 void CXmlDocument::AppendTextExcludingCR(CXmlElement* pElement, const char* pText, OxULong nMaxLength) {
     if (!pText) return;
-    size_t nLength = ::strnlen(pText, nMaxLength);
+    AppendRunExcludingCR(pElement, pText, ::strnlen(pText, nMaxLength));
+}
+
+void CXmlDocument::AppendRunExcludingCR(CXmlElement* pElement, const char* pText, size_t nLength) {
     const char* pEnd = pText + nLength;
     while (pText < pEnd) {
         const char* pCR = static_cast<const char*>(std::memchr(pText, '\r', static_cast<size_t>(pEnd - pText)));

@@ -102,6 +102,9 @@ private:
     // every CR byte.
     static void AppendTextExcludingCR(CXmlElement* pElement, const char* pszText);
     static void AppendTextExcludingCR(CXmlElement* pElement, const char* pText, OxULong nMaxLength);
+    // The same for text of exactly nLength bytes known to hold no null byte, as the parser's
+    // text always is: no search for the end.
+    static void AppendRunExcludingCR(CXmlElement* pElement, const char* pText, size_t nLength);
     // The element at the back of the stack of open elements, null if none is open.
     CXmlElement* GetCurrentElement() const { return m_pElementStack.empty() ? nullptr : m_pElementStack.back(); }
 
