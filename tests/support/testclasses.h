@@ -82,26 +82,12 @@ public:
     bool m_bFailSetter;
     CParentElementInfo* m_pParentInfo;
 
-    static inline CParentElementInfo ms_parent{XmlElementGroupType_Sequence,
-                                               XmlElementType_Element,
-                                               "Record",
-                                               "",
-                                               true,
-                                               false,
-                                               1,
-                                               ItemType_string,
-                                               nullptr,
-                                               false};
-    static inline CParentElementInfo ms_badGroup{static_cast<XmlElementGroupType>(7),
-                                                 XmlElementType_Element,
-                                                 "Record",
-                                                 "",
-                                                 true,
-                                                 false,
-                                                 -1,
-                                                 ItemType_invalid,
-                                                 nullptr,
-                                                 false};
+    static inline CParentElementInfo ms_parent =
+        CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "Record", "", true, false, 1,
+                           ItemType_string, nullptr, false);
+    static inline CParentElementInfo ms_badGroup =
+        CParentElementInfo(static_cast<XmlElementGroupType>(7), XmlElementType_Element, "Record", "", true, false, -1,
+                           ItemType_invalid, nullptr, false);
     static inline CElementInfoSeqPrimMnd ms_value{
         "Value", "", 0, true, ItemType_string, nullptr, CWhitespaceUtils::WhitespaceRule_preserve, NoFacets(), nullptr};
     static inline CElementInfo* ms_elements[2] = {&ms_value, nullptr};
@@ -127,16 +113,9 @@ public:
 
     CSmartPtr<CXmlObjectBase> m_child;
 
-    static inline CParentElementInfo ms_parent{XmlElementGroupType_Sequence,
-                                               XmlElementType_Element,
-                                               "Holder",
-                                               "",
-                                               true,
-                                               false,
-                                               -1,
-                                               ItemType_invalid,
-                                               nullptr,
-                                               false};
+    static inline CParentElementInfo ms_parent =
+        CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "Holder", "", true, false, -1,
+                           ItemType_invalid, nullptr, false);
     static inline CTestClassElementInfo ms_child{"Child", "", 0};
     static inline CElementInfo* ms_elements[2] = {&ms_child, nullptr};
 };
@@ -183,16 +162,9 @@ public:
     bool m_bFirst;
     bool m_bSecond;
 
-    static inline CParentElementInfo ms_parent{XmlElementGroupType_Choice,
-                                               XmlElementType_Element,
-                                               "StrictChoice",
-                                               "",
-                                               true,
-                                               false,
-                                               -1,
-                                               ItemType_invalid,
-                                               nullptr,
-                                               false};
+    static inline CParentElementInfo ms_parent =
+        CParentElementInfo(XmlElementGroupType_Choice, XmlElementType_Element, "StrictChoice", "", true, false, -1,
+                           ItemType_invalid, nullptr, false);
     static inline CTestChoiceMember ms_first{"First", 0};
     static inline CTestChoiceMember ms_second{"Second", 1};
     static inline CElementInfo* ms_elements[3] = {&ms_first, &ms_second, nullptr};
@@ -212,16 +184,9 @@ public:
     void ResetToDefaults() override {}
     using CXmlObjectBase::SetElementName;
 
-    static inline CParentElementInfo ms_parent{XmlElementGroupType_Sequence,
-                                               XmlElementType_Element,
-                                               "Derived",
-                                               "urn:types",
-                                               true,
-                                               true,
-                                               -1,
-                                               ItemType_invalid,
-                                               nullptr,
-                                               false};
+    static inline CParentElementInfo ms_parent =
+        CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "Derived", "urn:types", true, true, -1,
+                           ItemType_invalid, nullptr, false);
     static inline CElementInfo* ms_elements[1] = {nullptr};
 };
 
@@ -240,16 +205,9 @@ public:
     CAttributeInfo** GetClassAttributeInfo() const override { return NoAttributes(); }
     void ResetToDefaults() override {}
 
-    static inline CParentElementInfo ms_parent{XmlElementGroupType_Sequence,
-                                               XmlElementType_PseudoElement,
-                                               "Group",
-                                               "",
-                                               true,
-                                               false,
-                                               -1,
-                                               ItemType_invalid,
-                                               nullptr,
-                                               false};
+    static inline CParentElementInfo ms_parent =
+        CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_PseudoElement, "Group", "", true, false, -1,
+                           ItemType_invalid, nullptr, false);
     static inline CElementInfoSeqPrimMnd ms_a{
         "A", "", 0, false, ItemType_i4, nullptr, CWhitespaceUtils::WhitespaceRule_collapse, NoFacets(), nullptr};
     static inline CElementInfoSeqPrimMnd ms_b{
@@ -278,8 +236,8 @@ public:
     OxVariant m_first;
     OxVariant m_second;
 
-    static inline CParentElementInfo ms_parent{
-        XmlElementGroupType_All, XmlElementType_Element, "All", "", true, false, -1, ItemType_invalid, nullptr, false};
+    static inline CParentElementInfo ms_parent = CParentElementInfo(
+        XmlElementGroupType_All, XmlElementType_Element, "All", "", true, false, -1, ItemType_invalid, nullptr, false);
     static inline CElementInfoAllPrimMnd ms_first{
         "First", "", 0, false, ItemType_i4, nullptr, CWhitespaceUtils::WhitespaceRule_collapse, NoFacets(), nullptr};
     static inline CElementInfoAllPrimOpt ms_second{
