@@ -2,7 +2,7 @@
 # Installs the Debian packages the project needs to build, test and benchmark, if missing.
 set -euo pipefail
 
-packages=(build-essential cmake ninja-build pkg-config clang clang-format libclang-rt-14-dev
+packages=(build-essential cmake ninja-build pkg-config clang clang-format libclang-rt-14-dev locales
           libexpat1-dev zlib1g-dev libpcre2-dev
           libgtest-dev libgmock-dev libbenchmark-dev)
 

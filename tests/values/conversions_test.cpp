@@ -1,11 +1,14 @@
 #include "orvexxml/values/conversions.h"
 
 #include <gtest/gtest.h>
+#include <locale.h>
+#include <unistd.h>
 
 #include <cfloat>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <string>
 #include <type_traits>
@@ -327,6 +330,43 @@ TEST(ConversionsFloats, SimpleFormsGivePrintfText) {
             EXPECT_EQ(szExpected, CConversions::r4ToString(static_cast<float>(value), pszFormat));
         }
     }
+}
+
+// A locale whose numbers have a decimal comma, compiled into a scratch folder; null where the
+// machine can't compile one.
+static locale_t CommaLocale() {
+    static locale_t s_locale = [] {
+        std::string strDir = "/tmp/orvexxml-locale-" + std::to_string(::getpid());
+        std::string strCommand =
+            "mkdir -p " + strDir + " && localedef -i de_DE -f UTF-8 " + strDir + "/de_DE.UTF-8 >/dev/null 2>&1";
+        if (std::system(strCommand.c_str()) != 0) return static_cast<locale_t>(nullptr);
+        ::setenv("LOCPATH", strDir.c_str(), 1);
+        locale_t locale = ::newlocale(LC_NUMERIC_MASK, "de_DE.UTF-8", static_cast<locale_t>(nullptr));
+        ::unsetenv("LOCPATH");
+        EXPECT_EQ(0, std::system(("rm -rf " + strDir).c_str()));
+        return locale;
+    }();
+    return s_locale;
+}
+
+// XML numbers have a decimal point whatever locale the application runs in.
+TEST(ConversionsFloats, TextIgnoresTheApplicationsLocale) {
+    locale_t comma = CommaLocale();
+    if (!comma) GTEST_SKIP() << "no locale with a decimal comma can be compiled here";
+    locale_t previous = ::uselocale(comma);
+    char szCheck[16];
+    std::snprintf(szCheck, sizeof(szCheck), "%.1f", 1.5);
+    std::string strCheck = szCheck;
+    std::string strDefault = CConversions::r8ToString(1.5);
+    std::string strSimple = CConversions::r8ToString(1.5, "%.2f");
+    std::string strOwn = CConversions::r4ToString(1.5f, "[%.2f]");
+    double dRead = CConversions::r8FromString("1.25", NONE);
+    ::uselocale(previous);
+    ASSERT_EQ("1,5", strCheck);  // the locale is in force
+    EXPECT_EQ("1.5", strDefault);
+    EXPECT_EQ("1.50", strSimple);
+    EXPECT_EQ("[1.50]", strOwn);
+    EXPECT_EQ(1.25, dRead);
 }
 
 // Numbers go through strtod without a range test; the special spellings are read whole.

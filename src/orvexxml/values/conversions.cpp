@@ -1,5 +1,7 @@
 #include "orvexxml/values/conversions.h"
 
+#include <locale.h>
+
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -178,6 +180,13 @@ uint64_t ReadUnsigned(const std::string& text, CWhitespaceUtils::WhitespaceRule 
 // ---------------------------------------------------------------------------------------
 // Floating point.
 
+// The "C" locale, for the printf and strtod calls: XML numbers have a decimal point whatever
+// locale the application set.
+locale_t ClassicLocale() {
+    static const locale_t s_locale = ::newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(nullptr));
+    return s_locale;
+}
+
 const size_t R4_BUFFER_SIZE = 32;
 const size_t R8_BUFFER_SIZE = 48;
 
@@ -209,8 +218,8 @@ bool ParseSimpleFormat(const char* pszFormat, std::chars_format& eForm, int& nPr
 
 // The special values have fixed names whatever the format. The default forms ("%.7g" and
 // "%.16g") and the simple forms above go through std::to_chars, which gives exactly printf's
-// text in the "C" locale, several times faster and whatever locale the application set. Any
-// other format goes through snprintf into a buffer of the given size, cut as snprintf cuts.
+// text in the "C" locale, several times faster. Any other format goes through snprintf in the
+// "C" locale into a buffer of the given size, cut as snprintf cuts.
 std::string FloatToString(double value, const char* pszFormat, const char* pszDefaultFormat, int nDefaultPrecision,
                           char* pBuffer, size_t nBufferSize) {
     if (std::isnan(value)) return "NaN";
@@ -228,7 +237,9 @@ std::string FloatToString(double value, const char* pszFormat, const char* pszDe
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #endif
+    locale_t previous = ::uselocale(ClassicLocale());
     int n = std::snprintf(pBuffer, nBufferSize, pszUsed, value);
+    ::uselocale(previous);
 #if defined(__GNUC__)
 #pragma GCC diagnostic pop
 #endif
@@ -249,7 +260,7 @@ double ReadFloat(const std::string& text, CWhitespaceUtils::WhitespaceRule rule,
     const char* psz = strProcessed.c_str();
     char* pEnd = nullptr;
     // No range test: an overflow reads as an infinity, an underflow as what strtod gives.
-    double value = std::strtod(psz, &pEnd);
+    double value = ::strtod_l(psz, &pEnd, ClassicLocale());
     if (pEnd == nullptr || *pEnd != '\0') ThrowInvalid(pszNotANumber, strProcessed);
     return value;
 }
