@@ -253,22 +253,25 @@ TEST_F(XmlTextWriterTest, PrefixesAliasesAndDefaultsAreScopedToTheElementThatSet
         Text());
 }
 
-// A scope change on an open element governs what comes below it, never its own end tag,
-// which must repeat the name of its start tag.
-TEST_F(XmlTextWriterTest, EndTagsRepeatTheirStartTagWhateverTheScopeBecame) {
+// An end tag takes its prefix from the scope as it is when the tag is written, so a default
+// or an alias set on an open element shows in its own end tag; without such a change, the
+// prefix found for the start tag serves again.
+TEST_F(XmlTextWriterTest, EndTagsFollowTheScopeAsItIsWhenTheyAreWritten) {
     Open("root", "urn:c");
     m_writer.AddNamespaceAlias("c", "urn:c");
     Open("mid", "urn:c");
     m_writer.SetDefaultNamespace("urn:c");
     Leaf("leaf", "1", "urn:c");
     Close();
+    Leaf("same", "2", "urn:c");
     Close();
     EXPECT_EQ(
         "<AA:root xmlns:AA=\"urn:c\">\n"
         "\t<c:mid>\n"
         "\t\t<leaf>1</leaf>\n"
-        "\t</c:mid>\n"
-        "</AA:root>\n",
+        "\t</mid>\n"
+        "\t<c:same>2</c:same>\n"
+        "</c:root>\n",
         Text());
 }
 

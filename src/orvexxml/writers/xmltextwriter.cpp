@@ -175,19 +175,20 @@ void CXmlTextWriter::WriteStartElement(const std::string& strName, const std::st
             NamespaceMap::const_iterator it = mapNamespaces.find(strNamespace);
             if (it != mapNamespaces.end()) {
                 pNew->m_strPrefix.assign(it->second).push_back(':');
-                m_pStream->WriteString(it->second);
-                m_pStream->WriteChar(':');
+                m_pStream->WriteString(pNew->m_strPrefix);
                 m_pStream->WriteString(strName);
             } else {
                 std::string strPrefix = GenerateNamespacePrefix(mapNamespaces);
                 pNew->SetNamespaceMapValue(strNamespace, strPrefix);
                 pNew->m_strPrefix.assign(strPrefix).push_back(':');
-                m_pStream->WriteString(strPrefix);
-                m_pStream->WriteChar(':');
+                m_pStream->WriteString(pNew->m_strPrefix);
                 m_pStream->WriteString(strName);
                 m_pStream->WriteChar(' ');
                 WriteNamespaceDeclaration(strPrefix, strNamespace);
             }
+            // Taken after the map change above: the end tag may reuse the prefix as long as no
+            // scope changes in between.
+            pNew->m_nPrefixGeneration = CXmlWriterContext::ScopeGeneration();
         } else {
             // An element in no namespace under a default namespace gets no undeclaration.
             m_pStream->WriteString(strName);
@@ -239,8 +240,15 @@ void CXmlTextWriter::WriteEndElement() {
         // An element that holds only text keeps its end tag on the same line.
         if (m_bFormatted && pContext->m_nChildCount != 0) WriteIndent(pContext->m_nDepth);
         PutLiteral(m_pStream, "</");
-        // The end tag repeats the start tag's prefix, whatever happened to the scope since.
-        if (!pContext->m_strPrefix.empty()) m_pStream->WriteString(pContext->m_strPrefix);
+        // The prefix is looked up in the scope as it is now. While no scope has changed since
+        // the start tag, that is the prefix the start tag found, kept in the context.
+        const std::string& strNamespace = pContext->m_strNamespace;
+        if (!pContext->m_strPrefix.empty() && pContext->m_nPrefixGeneration == CXmlWriterContext::ScopeGeneration()) {
+            m_pStream->WriteString(pContext->m_strPrefix);
+        } else if (!strNamespace.empty() && strNamespace != pContext->GetDefaultNamespace()) {
+            m_pStream->WriteString(pContext->GetNamespaceMapValue(strNamespace));
+            m_pStream->WriteChar(':');
+        }
         m_pStream->WriteString(pContext->m_strName);
         m_pStream->WriteChar('>');
     }

@@ -1,5 +1,6 @@
 #include "orvexxml/writers/xmlwriter.h"
 
+#include <atomic>
 #include <memory>
 #include <new>
 
@@ -21,6 +22,12 @@ const int kPrefixCount = kPrefixLetters * kPrefixLetters;  // "AA" to "ZZ"
 
 // --- CXmlWriterContext -----------------------------------------------------------------------
 
+// Moved by every change of a default namespace or a map, in any writer of any thread; a
+// change elsewhere only costs a context its shortcut, never a wrong prefix.
+static std::atomic<uint64_t> s_nScopeGeneration(0);
+
+uint64_t CXmlWriter::CXmlWriterContext::ScopeGeneration() { return s_nScopeGeneration.load(std::memory_order_relaxed); }
+
 // One context is made per element written: its instance record is found once.
 static CInstanceMonitor::ClassHandle s_contextMonitor("CXmlWriterContext");
 
@@ -33,6 +40,7 @@ CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::string& strName, con
       m_nDepth(0),
       m_strNamespace(strNamespace),
       m_strName(strName),
+      m_nPrefixGeneration(0),
       m_pParent(nullptr),
       m_bHasAttributes(false),
       m_nCollectionState(0),
@@ -52,6 +60,7 @@ CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::string& strName, con
       m_nDepth(pParent->m_nDepth + 1),
       m_strNamespace(strNamespace),
       m_strName(strName),
+      m_nPrefixGeneration(0),
       m_pParent(pParent),
       m_bHasAttributes(false),
       m_nCollectionState(0),
@@ -82,6 +91,7 @@ void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(const std::string& strNa
     } else {
         m_strContextDefaultNamespace = strNamespace;
     }
+    s_nScopeGeneration.fetch_add(1, std::memory_order_relaxed);
 }
 
 void CXmlWriter::CXmlWriterContext::SetNamespaceMapValue(const std::string& strNamespace,
@@ -99,6 +109,7 @@ void CXmlWriter::CXmlWriterContext::SetNamespaceMapValue(const std::string& strN
         m_bOwnsNamespaceMap = true;
     }
     (*m_pNamespaceMap)[strNamespace] = strPrefix;
+    s_nScopeGeneration.fetch_add(1, std::memory_order_relaxed);
 }
 
 // --- CXmlWriter ------------------------------------------------------------------------------

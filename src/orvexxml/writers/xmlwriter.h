@@ -54,6 +54,9 @@ public:
         const std::string& GetNamespaceMapValue(const std::string& strNamespace) const;
         void SetDefaultNamespace(const std::string& strNamespace);
         void SetNamespaceMapValue(const std::string& strNamespace, const std::string& strPrefix);
+        // A count that moves whenever any context's default namespace or map changes: while
+        // it stands still, a prefix found earlier is still the one a lookup would give.
+        static uint64_t ScopeGeneration();
 
         uint32_t m_nChildCount;  // child elements begun inside this element so far
         bool m_bInStartTag;      // the start tag is still open, attributes are allowed
@@ -61,6 +64,7 @@ public:
         std::string m_strNamespace;
         std::string m_strName;
         std::string m_strPrefix;       // "prefix:" as the start tag was written; empty for none
+        uint64_t m_nPrefixGeneration;  // ScopeGeneration() when m_strPrefix was taken
         CXmlWriterContext* m_pParent;  // owning; null for the root
         bool m_bHasAttributes;
         uint32_t m_nCollectionState;               // 0 none, 1 first item pending, 2 inside, 3 finished
