@@ -220,25 +220,26 @@ bool ParseSimpleFormat(const char* pszFormat, std::chars_format& eForm, int& nPr
 // "%.16g") and the simple forms above go through std::to_chars, which gives exactly printf's
 // text in the "C" locale, several times faster. Any other format goes through snprintf in the
 // "C" locale into a buffer of the given size, cut as snprintf cuts.
-std::string FloatToString(double value, const char* pszFormat, const char* pszDefaultFormat, int nDefaultPrecision,
-                          char* pBuffer, size_t nBufferSize) {
+std::string FloatToString(double value, const char* pszFormat, int nDefaultPrecision, char* pBuffer,
+                          size_t nBufferSize) {
     if (std::isnan(value)) return "NaN";
     if (std::isinf(value)) return value < 0 ? "-INF" : "INF";
+    // One byte stays free, as snprintf keeps it for the terminator. The default forms are at
+    // most 23 characters and always fit; a simple form with a large precision may not, and
+    // then goes to snprintf below, which cuts it.
     std::chars_format eForm = std::chars_format::general;
     int nPrecision = nDefaultPrecision;
-    if ((pszFormat == nullptr || *pszFormat == '\0') || ParseSimpleFormat(pszFormat, eForm, nPrecision)) {
-        // One byte stays free, as snprintf keeps it for the terminator; what doesn't fit goes
-        // to snprintf below, which cuts it.
+    bool bDefault = pszFormat == nullptr || *pszFormat == '\0';
+    if (bDefault || ParseSimpleFormat(pszFormat, eForm, nPrecision)) {
         std::to_chars_result result = std::to_chars(pBuffer, pBuffer + nBufferSize - 1, value, eForm, nPrecision);
-        if (result.ec == std::errc()) return std::string(pBuffer, result.ptr);
+        if (bDefault || result.ec == std::errc()) return std::string(pBuffer, result.ptr);
     }
-    const char* pszUsed = (pszFormat != nullptr && *pszFormat != '\0') ? pszFormat : pszDefaultFormat;
 #if defined(__GNUC__)
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #endif
     locale_t previous = ::uselocale(ClassicLocale());
-    int n = std::snprintf(pBuffer, nBufferSize, pszUsed, value);
+    int n = std::snprintf(pBuffer, nBufferSize, pszFormat, value);
     ::uselocale(previous);
 #if defined(__GNUC__)
 #pragma GCC diagnostic pop
@@ -346,7 +347,7 @@ std::string CConversions::r4ToString(float value, const std::string& format) {
 
 std::string CConversions::r4ToString(float value, const char* pszFormat) {
     char szBuf[R4_BUFFER_SIZE];
-    return FloatToString(static_cast<double>(value), pszFormat, "%.7g", 7, szBuf, sizeof(szBuf));
+    return FloatToString(static_cast<double>(value), pszFormat, 7, szBuf, sizeof(szBuf));
 }
 
 std::string CConversions::r8ToString(double value) { return r8ToString(value, static_cast<const char*>(nullptr)); }
@@ -357,7 +358,7 @@ std::string CConversions::r8ToString(double value, const std::string& format) {
 
 std::string CConversions::r8ToString(double value, const char* pszFormat) {
     char szBuf[R8_BUFFER_SIZE];
-    return FloatToString(value, pszFormat, "%.16g", 16, szBuf, sizeof(szBuf));
+    return FloatToString(value, pszFormat, 16, szBuf, sizeof(szBuf));
 }
 
 float CConversions::r4FromString(const std::string& text, WhitespaceRule rule) {
