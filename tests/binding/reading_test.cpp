@@ -1,3 +1,6 @@
+#include <cstdio>
+#include <cstdlib>
+
 #include "amount.h"
 #include "bindinghelpers.h"
 #include "note.h"
@@ -7,7 +10,9 @@
 #include "selection.h"
 #include "settings.h"
 #include "shape.h"
+#include "support/onewayforms.h"
 #include "support/testclasses.h"
+#include "tally.h"
 
 using namespace OrvexXml;
 using namespace OrvexXmlData;
@@ -100,6 +105,31 @@ TEST(RoundTrip, EverySampleReadsBackIntoAnEqualObject) {
     EXPECT_EQ(logCopy->GetStation(), "north");
     EXPECT_EQ(logCopy->GetSequence().Item(2), 2000000000000LL);
     EXPECT_EQ(logCopy->GetValue().GetCount(), 3);
+}
+
+// A float written through its format override is cut at the end of its 48-byte buffer: the
+// text read back is another number, so the second writing differs. The fuzzers' round-trip
+// property excuses exactly this form; the document is the one a fuzzer found.
+TEST(RoundTrip, AFloatCutAtItsBufferReadsBackAsAnotherNumber) {
+    const std::string strHuge = "0" + std::string(61, '4') + ".50";
+    CSmartPtr<CTally> tally = CTally::CreateInstance();
+    tally->FromXml(
+        ("<Tally><Label>L</Label><Status>shipped</Status><Count>2</Count><Weight>" + strHuge + "</Weight></Tally>")
+            .c_str(),
+        DefaultCtx());
+    char szCut[48];  // what printf makes of the value in the same buffer
+    std::snprintf(szCut, sizeof(szCut), "%.2f", std::strtod(strHuge.c_str(), nullptr));
+    std::string strFirst = Flat(tally);
+    EXPECT_EQ("<Tally><Label>L</Label><Status>shipped</Status><Count>2</Count><Weight>" + std::string(szCut) +
+                  "</Weight></Tally>",
+              strFirst);
+    EXPECT_TRUE(IsCutFloatText(ItemType_r8, szCut));
+    EXPECT_TRUE(HasCutFloatText(strFirst));
+
+    CSmartPtr<CTally> again = CTally::CreateInstance();
+    again->FromXml(strFirst.c_str(), DefaultCtx());
+    EXPECT_NE(strFirst, Flat(again));
+    EXPECT_DOUBLE_EQ(std::strtod(szCut, nullptr), again->GetWeight().Item(0));
 }
 
 TEST(Reading, ResetsTheObjectAndTakesTheElementNameFromTheDocument) {

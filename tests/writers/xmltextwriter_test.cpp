@@ -9,6 +9,8 @@
 
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/textstream.h"
+#include "orvexxml/xml/xmldocument.h"
+#include "orvexxml/xml/xmlelement.h"
 
 using namespace OrvexXml;
 
@@ -172,14 +174,36 @@ TEST_F(XmlTextWriterTest, TextAndAttributeEscaping) {
         Text());
 }
 
-TEST_F(XmlTextWriterTest, CDataPassesOnlyAtTheStart) {
+// A value that begins with a CDATA section keeps its complete sections; the text around them
+// is escaped, and so is an unterminated section, so no value can close its element or add
+// markup. Each document is read back by our own reader, with CDATA kept, to the same values.
+TEST_F(XmlTextWriterTest, CDataPassesOnlyAtTheStartAndOnlyAsCompleteSections) {
+    const char* const apszValues[] = {"<![CDATA[x < y & z]]>",
+                                      " <![CDATA[x]]>",
+                                      "<![CDATA",
+                                      "<![CDATA[x]]></a><Injected/><a>",
+                                      "<![CDATA[x]]><",
+                                      "<![CDATA[x",
+                                      "<![CDATA[]]>a<![CDATA[<b>]]>&<![CDATA[c"};
     Open("r");
-    Leaf("a", "<![CDATA[x < y & z]]>");
-    Leaf("b", " <![CDATA[x]]>");
-    Leaf("c", "<![CDATA");
+    for (const char* pszValue : apszValues) Leaf("a", pszValue);
     Close();
-    EXPECT_EQ("<r>\n\t<a><![CDATA[x < y & z]]></a>\n\t<b> &lt;![CDATA[x]]&gt;</b>\n\t<c>&lt;![CDATA</c>\n</r>\n",
-              Text());
+    EXPECT_EQ(
+        "<r>\n\t<a><![CDATA[x < y & z]]></a>\n\t<a> &lt;![CDATA[x]]&gt;</a>\n\t<a>&lt;![CDATA</a>\n"
+        "\t<a><![CDATA[x]]>&lt;/a&gt;&lt;Injected/&gt;&lt;a&gt;</a>\n\t<a><![CDATA[x]]>&lt;</a>\n"
+        "\t<a>&lt;![CDATA[x</a>\n\t<a><![CDATA[]]>a<![CDATA[<b>]]>&amp;&lt;![CDATA[c</a>\n</r>\n",
+        Text());
+    CSerializationContext keep;
+    keep.SetStripCDATA(false);
+    CXmlDocument doc(keep);
+    doc.LoadXml(Text().c_str());
+    const CXmlElement* pChild = doc.GetDocumentElement()->GetFirstElement();
+    for (const char* pszValue : apszValues) {
+        ASSERT_NE(nullptr, pChild);
+        EXPECT_EQ(pszValue, pChild->GetText());
+        pChild = pChild->GetNextSiblingElement();
+    }
+    EXPECT_EQ(nullptr, pChild);
 }
 
 TEST(XmlTextWriterEscaping, ArbitraryTextFollowsTheCharacterRules) {

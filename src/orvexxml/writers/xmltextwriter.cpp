@@ -1,6 +1,8 @@
 #include "orvexxml/writers/xmltextwriter.h"
 
 #include <cstring>
+#include <string>
+#include <string_view>
 
 #include "orvexxml/infrastructure/exceptions.h"
 
@@ -225,7 +227,7 @@ void CXmlTextWriter::WriteElementText(const std::string& strValue, ItemType /*eT
     }
     const char* pszValue = strValue.c_str();
     if (pszValue[0] == '<' && std::strncmp(pszValue, g_szCDataStart, sizeof(g_szCDataStart) - 1) == 0)
-        m_pStream->WriteString(pszValue);
+        WriteCDataText(pszValue);
     else
         EscapeAndWrite(pszValue, false);
     FlushIfLarge();
@@ -308,6 +310,39 @@ void CXmlTextWriter::WriteXsiType(const std::string& strNamespace, const std::st
 void CXmlTextWriter::WriteXsiNil() {
     CheckInStartTag();
     WriteAttribute("nil", XsiNamespace(), "true", ItemType_boolean);
+}
+
+// A value that begins with a CDATA section (read with CDATA kept, or set so by the caller)
+// goes out with its complete sections unchanged. Text outside them, an unterminated section
+// included, is escaped: written raw it could close the element or open markup that the value
+// never held ("<![CDATA[x]]></Name><Injected/>").
+void CXmlTextWriter::WriteCDataText(const char* pszValue) {
+    // Like the escaper, this reads the value as a null-terminated text.
+    const std::string_view value(pszValue);
+    const std::string_view start(g_szCDataStart, sizeof(g_szCDataStart) - 1);
+    const std::string_view end("]]>");
+    size_t nPos = 0;
+    while (nPos < value.size()) {
+        size_t nEnd = std::string_view::npos;
+        if (value.compare(nPos, start.size(), start) == 0) nEnd = value.find(end, nPos + start.size());
+        if (nEnd != std::string_view::npos) {
+            nEnd += end.size();
+            m_pStream->WriteString(pszValue + nPos, nEnd - nPos);
+            nPos = nEnd;
+            continue;
+        }
+        // Text up to the next complete section, or to the end. If the next start has no end,
+        // no later one has either.
+        size_t nNext = value.find(start, nPos + 1);
+        if (nNext != std::string_view::npos && value.find(end, nNext + start.size()) == std::string_view::npos)
+            nNext = std::string_view::npos;
+        if (nNext == std::string_view::npos) {
+            EscapeAndWrite(pszValue + nPos, false);
+            return;
+        }
+        EscapeAndWrite(std::string(value.substr(nPos, nNext - nPos)).c_str(), false);
+        nPos = nNext;
+    }
 }
 
 void CXmlTextWriter::EscapeAndWrite(const char* pszText, bool bAttribute) {

@@ -63,6 +63,9 @@ protected:
     // Writes a null-terminated text with the XML special characters replaced; in attribute
     // mode also the double quote and the line feed.
     void EscapeAndWrite(const char* pszText, bool bAttribute);
+    // Writes a value that begins with a CDATA section: complete sections unchanged, the text
+    // around them escaped.
+    void WriteCDataText(const char* pszValue);
     // Passes the text on once 4096 characters have piled up.
     void FlushIfLarge() {
         if (m_pStream->GetLength() >= 4096) m_pStream->Flush();
