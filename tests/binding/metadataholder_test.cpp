@@ -135,16 +135,40 @@ TEST(MetaDataHolder, FailedBuildFreesTheLockAndPublishesNothing) {
         ::testing::ExitedWithCode(0), "");
 }
 
-TEST(MetaDataHolder, BuildWithoutParentIsRefused) {
-    static CMetaDataHolder s_holder;
-    try {
-        s_holder.Init([](CMetaDataBuilder& builder) { builder.AddElement(new CCountedElement); });
-        ADD_FAILURE() << "no exception";
-    } catch (const COxInvalidStateException& e) {
-        EXPECT_EQ(e.GetFullMessage(), "The metadata of a class was built without a parent record");
+// Builds that can't give complete tables: one that forgets the class record, one that asks
+// for its own tables. Each is refused, frees its entries and leaves the holder empty.
+CMetaDataHolder g_refused;
+
+void BuildWithoutParent(CMetaDataBuilder& builder) { builder.AddElement(new CCountedElement); }
+
+void BuildThatNeedsItself(CMetaDataBuilder& builder) {
+    BuildOneEntry(builder);
+    g_refused.Init(&BuildOneEntry);
+}
+
+TEST(MetaDataHolder, IncompleteBuildsAreRefused) {
+    const struct {
+        void (*pfnBuild)(CMetaDataBuilder&);
+        const char* pszMessage;
+    } cases[] = {
+        {&BuildWithoutParent, "The metadata of a class was built without a parent record"},
+        {&BuildThatNeedsItself, "The metadata of a class was asked for while it was being built"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.pszMessage);
+        try {
+            g_refused.Init(c.pfnBuild);
+            ADD_FAILURE() << "no exception";
+        } catch (const COxInvalidStateException& e) {
+            EXPECT_EQ(e.GetFullMessage(), c.pszMessage);
+        }
+        EXPECT_TRUE(Empty(g_refused));
+        EXPECT_EQ(CCountedElement::s_nLiving, 0);
     }
-    EXPECT_TRUE(Empty(s_holder));
-    EXPECT_EQ(CCountedElement::s_nLiving, 0);
+    // The lock is free and the holder still usable.
+    g_refused.Init(&BuildOneEntry);
+    EXPECT_TRUE(Holds(g_refused, 1));
+    g_refused.Clean();
 }
 
 // Kept by a static of the application and written by its destructor, when the exit

@@ -1,5 +1,7 @@
 #include "orvexxml/binding/metadataholder.h"
 
+#include <type_traits>
+
 #include "orvexxml/binding/attributeinfo.h"
 #include "orvexxml/binding/elementinfo.h"
 #include "orvexxml/binding/parentelementinfo.h"
@@ -11,13 +13,26 @@ using namespace OrvexXml;
 
 namespace OrvexXmlData {
 
+// Generated code keeps holders as statics: they must be usable before any constructor of
+// the program ran and must never be torn down at exit.
+static_assert(std::is_trivially_destructible<CMetaDataHolder>::value, "a holder must survive exit");
+
 void CMetaDataHolder::Build_Int(BuildThunk pfnThunk, void* pBuild) {
     COXLock lock(CXmlGeneratedClass::m_csInit);
     // Another thread may have published while this one waited for the lock.
     if (m_bPublished.load(std::memory_order_relaxed)) return;
+    // The lock is recursive, so a build that asks for its own tables gets here again.
+    if (m_bBuilding) throw COxInvalidStateException("The metadata of a class was asked for while it was being built");
 
     CMetaDataBuilder builder;
-    pfnThunk(builder, pBuild);
+    m_bBuilding = true;
+    try {
+        pfnThunk(builder, pBuild);
+    } catch (...) {
+        m_bBuilding = false;
+        throw;
+    }
+    m_bBuilding = false;
     if (!builder.m_pParent) throw COxInvalidStateException("The metadata of a class was built without a parent record");
 
     // Both arrays exist before any entry leaves the builder's ownership, so nothing below

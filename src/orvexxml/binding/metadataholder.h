@@ -25,12 +25,13 @@ namespace OrvexXmlData {
 class ORVEXXML_API CMetaDataHolder {
 public:
     constexpr CMetaDataHolder() noexcept
-        : m_bPublished(false), m_pParent(nullptr), m_ppElements(nullptr), m_ppAttributes(nullptr) {}
+        : m_bPublished(false), m_bBuilding(false), m_pParent(nullptr), m_ppElements(nullptr), m_ppAttributes(nullptr) {}
     CMetaDataHolder(const CMetaDataHolder&) = delete;
     CMetaDataHolder& operator=(const CMetaDataHolder&) = delete;
 
     // Builds the tables on the first call: build is called with a CMetaDataBuilder and
-    // hands it every entry of the class. Anything build throws reaches the caller.
+    // hands it every entry of the class. Anything build throws reaches the caller. A build
+    // that needs its own tables (it asks this holder again) is refused.
     template <class TBuild>
     void Init(TBuild build) {
         if (!m_bPublished.load(std::memory_order_acquire)) Build_Int(&CallBuild<TBuild>, &build);
@@ -58,6 +59,7 @@ private:
     void Build_Int(BuildThunk pfnThunk, void* pBuild);
 
     std::atomic<bool> m_bPublished;
+    bool m_bBuilding;  // under the lock: a build of this holder is running
     CParentElementInfo* m_pParent;
     CElementInfo** m_ppElements;
     CAttributeInfo** m_ppAttributes;
