@@ -33,15 +33,11 @@ protected:
     std::string GetTargetNamespace() const override { return ""; }
 
 private:
-    static void InitMetaData();
-    static void CleanupMetaData();
+    static void BuildMetaData(OrvexXmlData::CMetaDataBuilder& builder);
 
     double m_Value;
 
-    static bool ms_bMetaDataBuilt;
-    static OrvexXmlData::CParentElementInfo* ms_pParentElementInfo;
-    static OrvexXmlData::CElementInfo** ms_ppElementInfo;
-    static OrvexXmlData::CAttributeInfo** ms_ppAttributeInfo;
+    static OrvexXmlData::CMetaDataHolder ms_metaData;
 };
 
 }  // namespace Samples

@@ -45,18 +45,14 @@ protected:
     std::string GetTargetNamespace() const override { return ""; }
 
 private:
-    static void InitMetaData();
-    static void CleanupMetaData();
+    static void BuildMetaData(OrvexXmlData::CMetaDataBuilder& builder);
 
     bool m_bNil;
     std::string m_Author;
     bool m_bValidAuthor;
     std::string m_Body;
 
-    static bool ms_bMetaDataBuilt;
-    static OrvexXmlData::CParentElementInfo* ms_pParentElementInfo;
-    static OrvexXmlData::CElementInfo** ms_ppElementInfo;
-    static OrvexXmlData::CAttributeInfo** ms_ppAttributeInfo;
+    static OrvexXmlData::CMetaDataHolder ms_metaData;
 };
 
 }  // namespace Samples

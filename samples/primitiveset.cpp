@@ -1,9 +1,6 @@
 // Generated class for the element PrimitiveSet (namespace urn:orvex:samples:primitives).
 #include "primitiveset.h"
 
-#include <atomic>
-#include <cstdlib>
-
 using namespace OrvexXml;
 using namespace OrvexXmlData;
 
@@ -12,10 +9,7 @@ namespace Samples {
 static const int s_nRegistered = (OrvexXml::Register(16, 1), 0);
 static const char* const NS = "urn:orvex:samples:primitives";
 
-bool CPrimitiveSet::ms_bMetaDataBuilt = false;
-CParentElementInfo* CPrimitiveSet::ms_pParentElementInfo = nullptr;
-CElementInfo** CPrimitiveSet::ms_ppElementInfo = nullptr;
-CAttributeInfo** CPrimitiveSet::ms_ppAttributeInfo = nullptr;
+CMetaDataHolder CPrimitiveSet::ms_metaData;
 
 enum {
     Prop_ByteVal = 0,
@@ -33,57 +27,41 @@ enum {
     Prop_Flag
 };
 
-void CPrimitiveSet::InitMetaData() {
-    static std::atomic<bool> s_bReady(false);
-    if (s_bReady.load(std::memory_order_acquire)) return;
-    m_csInit.Enter();
-    if (!ms_bMetaDataBuilt) {
-        const CWhitespaceUtils::WhitespaceRule collapse = CWhitespaceUtils::WhitespaceRule_collapse;
-        const CWhitespaceUtils::WhitespaceRule preserve = CWhitespaceUtils::WhitespaceRule_preserve;
-        ms_pParentElementInfo =
-            new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "PrimitiveSet", NS, true,
-                                   false, -1, ItemType_invalid, nullptr, false);
-        ms_ppElementInfo = new CElementInfo*[14];
-        ms_ppElementInfo[0] = new CElementInfoSeqPrimMnd("ByteVal", NS, Prop_ByteVal, false, ItemType_i1, nullptr,
-                                                         collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[1] = new CElementInfoSeqPrimOpt("ShortVal", NS, Prop_ShortVal, false, ItemType_i2, nullptr,
-                                                         collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[2] = new CElementInfoSeqPrimMnd("IntVal", NS, Prop_IntVal, false, ItemType_i4, nullptr,
-                                                         collapse, CPrimitiveRestrictions(), "42");
-        ms_ppElementInfo[3] = new CElementInfoSeqPrimOpt("LongVal", NS, Prop_LongVal, false, ItemType_i8, nullptr,
-                                                         collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[4] = new CElementInfoSeqPrimMnd("UByteVal", NS, Prop_UByteVal, false, ItemType_ui1, nullptr,
-                                                         collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[5] = new CElementInfoSeqPrimMnd("UShortVal", NS, Prop_UShortVal, false, ItemType_ui2, nullptr,
-                                                         collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[6] = new CElementInfoSeqPrimOpt("UIntVal", NS, Prop_UIntVal, false, ItemType_ui4, nullptr,
-                                                         collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[7] = new CElementInfoSeqPrimMnd("ULongVal", NS, Prop_ULongVal, false, ItemType_ui8, nullptr,
-                                                         collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[8] = new CElementInfoSeqPrimMnd("FloatVal", NS, Prop_FloatVal, false, ItemType_r4, nullptr,
-                                                         collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[9] = new CElementInfoSeqPrimMnd("DoubleVal", NS, Prop_DoubleVal, false, ItemType_r8, "%.3f",
-                                                         collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[10] = new CElementInfoSeqPrimOpt("Initial", NS, Prop_Initial, false, ItemType_char, nullptr,
-                                                          preserve, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[11] = new CElementInfoSeqPrimMnd("Text", NS, Prop_Text, false, ItemType_string, nullptr,
-                                                          collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[12] = new CElementInfoSeqPrimOpt("Flag", NS, Prop_Flag, false, ItemType_boolean, nullptr,
-                                                          collapse, CPrimitiveRestrictions(), "true");
-        ms_ppElementInfo[13] = nullptr;
-        ms_ppAttributeInfo = new CAttributeInfo*[1];
-        ms_ppAttributeInfo[0] = nullptr;
-        ms_bMetaDataBuilt = true;
-        std::atexit(&CPrimitiveSet::CleanupMetaData);
-    }
-    m_csInit.Leave();
-    s_bReady.store(true, std::memory_order_release);
+void CPrimitiveSet::BuildMetaData(CMetaDataBuilder& builder) {
+    const CWhitespaceUtils::WhitespaceRule collapse = CWhitespaceUtils::WhitespaceRule_collapse;
+    const CWhitespaceUtils::WhitespaceRule preserve = CWhitespaceUtils::WhitespaceRule_preserve;
+    builder.SetParent(new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "PrimitiveSet", NS,
+                                             true, false, -1, ItemType_invalid, nullptr, false));
+    builder.AddElement(new CElementInfoSeqPrimMnd("ByteVal", NS, Prop_ByteVal, false, ItemType_i1, nullptr, collapse,
+                                                  CPrimitiveRestrictions(), nullptr));
+    builder.AddElement(new CElementInfoSeqPrimOpt("ShortVal", NS, Prop_ShortVal, false, ItemType_i2, nullptr, collapse,
+                                                  CPrimitiveRestrictions(), nullptr));
+    builder.AddElement(new CElementInfoSeqPrimMnd("IntVal", NS, Prop_IntVal, false, ItemType_i4, nullptr, collapse,
+                                                  CPrimitiveRestrictions(), "42"));
+    builder.AddElement(new CElementInfoSeqPrimOpt("LongVal", NS, Prop_LongVal, false, ItemType_i8, nullptr, collapse,
+                                                  CPrimitiveRestrictions(), nullptr));
+    builder.AddElement(new CElementInfoSeqPrimMnd("UByteVal", NS, Prop_UByteVal, false, ItemType_ui1, nullptr, collapse,
+                                                  CPrimitiveRestrictions(), nullptr));
+    builder.AddElement(new CElementInfoSeqPrimMnd("UShortVal", NS, Prop_UShortVal, false, ItemType_ui2, nullptr,
+                                                  collapse, CPrimitiveRestrictions(), nullptr));
+    builder.AddElement(new CElementInfoSeqPrimOpt("UIntVal", NS, Prop_UIntVal, false, ItemType_ui4, nullptr, collapse,
+                                                  CPrimitiveRestrictions(), nullptr));
+    builder.AddElement(new CElementInfoSeqPrimMnd("ULongVal", NS, Prop_ULongVal, false, ItemType_ui8, nullptr, collapse,
+                                                  CPrimitiveRestrictions(), nullptr));
+    builder.AddElement(new CElementInfoSeqPrimMnd("FloatVal", NS, Prop_FloatVal, false, ItemType_r4, nullptr, collapse,
+                                                  CPrimitiveRestrictions(), nullptr));
+    builder.AddElement(new CElementInfoSeqPrimMnd("DoubleVal", NS, Prop_DoubleVal, false, ItemType_r8, "%.3f", collapse,
+                                                  CPrimitiveRestrictions(), nullptr));
+    builder.AddElement(new CElementInfoSeqPrimOpt("Initial", NS, Prop_Initial, false, ItemType_char, nullptr, preserve,
+                                                  CPrimitiveRestrictions(), nullptr));
+    builder.AddElement(new CElementInfoSeqPrimMnd("Text", NS, Prop_Text, false, ItemType_string, nullptr, collapse,
+                                                  CPrimitiveRestrictions(), nullptr));
+    builder.AddElement(new CElementInfoSeqPrimOpt("Flag", NS, Prop_Flag, false, ItemType_boolean, nullptr, collapse,
+                                                  CPrimitiveRestrictions(), "true"));
 }
 
-void CPrimitiveSet::CleanupMetaData() { CleanMetaData(ms_pParentElementInfo, ms_ppElementInfo, ms_ppAttributeInfo); }
-
 CPrimitiveSet::CPrimitiveSet() {
-    InitMetaData();
+    ms_metaData.Init(&BuildMetaData);
     SetElementName("PrimitiveSet");
     ResetToDefaults();
 }
@@ -140,9 +118,9 @@ void CPrimitiveSet::ResetToDefaults() {
     m_bValidFlag = false;
 }
 
-CParentElementInfo* CPrimitiveSet::GetParentElementInfo() const { return ms_pParentElementInfo; }
-CElementInfo** CPrimitiveSet::GetClassElementInfo() const { return ms_ppElementInfo; }
-CAttributeInfo** CPrimitiveSet::GetClassAttributeInfo() const { return ms_ppAttributeInfo; }
+CParentElementInfo* CPrimitiveSet::GetParentElementInfo() const { return ms_metaData.GetParentElementInfo(); }
+CElementInfo** CPrimitiveSet::GetClassElementInfo() const { return ms_metaData.GetClassElementInfo(); }
+CAttributeInfo** CPrimitiveSet::GetClassAttributeInfo() const { return ms_metaData.GetClassAttributeInfo(); }
 
 void CPrimitiveSet::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& value) {
     switch (nPropertyIndex) {

@@ -95,8 +95,7 @@ protected:
     std::string GetTargetNamespace() const override { return "urn:orvex:samples:primitives"; }
 
 private:
-    static void InitMetaData();
-    static void CleanupMetaData();
+    static void BuildMetaData(OrvexXmlData::CMetaDataBuilder& builder);
     void CopyMembers(const CPrimitiveSet& rhs);
 
     char m_ByteVal;
@@ -118,10 +117,7 @@ private:
     bool m_Flag;
     bool m_bValidFlag;
 
-    static bool ms_bMetaDataBuilt;
-    static OrvexXmlData::CParentElementInfo* ms_pParentElementInfo;
-    static OrvexXmlData::CElementInfo** ms_ppElementInfo;
-    static OrvexXmlData::CAttributeInfo** ms_ppAttributeInfo;
+    static OrvexXmlData::CMetaDataHolder ms_metaData;
 };
 
 }  // namespace Samples

@@ -2,9 +2,6 @@
 // elements (the large document of the benchmarks).
 #include "readinglog.h"
 
-#include <atomic>
-#include <cstdlib>
-
 using namespace OrvexXml;
 using namespace OrvexXmlData;
 
@@ -13,45 +10,26 @@ namespace Samples {
 static const int s_nRegistered = (OrvexXml::Register(16, 1), 0);
 static const char* const NS = "urn:orvex:samples:readings";
 
-bool CReadingLog::ms_bMetaDataBuilt = false;
-CParentElementInfo* CReadingLog::ms_pParentElementInfo = nullptr;
-CElementInfo** CReadingLog::ms_ppElementInfo = nullptr;
-CAttributeInfo** CReadingLog::ms_ppAttributeInfo = nullptr;
+CMetaDataHolder CReadingLog::ms_metaData;
 
 enum { Prop_Station = 0, Prop_Sensor, Prop_Sequence, Prop_Value, Prop_Level, Prop_Valid, Prop_Note };
 
-void CReadingLog::InitMetaData() {
-    static std::atomic<bool> s_bReady(false);
-    if (s_bReady.load(std::memory_order_acquire)) return;
-    m_csInit.Enter();
-    if (!ms_bMetaDataBuilt) {
-        ms_pParentElementInfo =
-            new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "ReadingLog", NS, true, false,
-                                   -1, ItemType_invalid, nullptr, false);
-        ms_ppElementInfo = new CElementInfo*[8];
-        ms_ppElementInfo[0] =
-            new CElementInfoSeqPrimMnd("Station", NS, Prop_Station, false, ItemType_string, nullptr,
-                                       CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[1] = new CElementInfoSeqPrimCol("Sensor", NS, Prop_Sensor);
-        ms_ppElementInfo[2] = new CElementInfoSeqPrimCol("Sequence", NS, Prop_Sequence);
-        ms_ppElementInfo[3] = new CElementInfoSeqPrimCol("Value", NS, Prop_Value);
-        ms_ppElementInfo[4] = new CElementInfoSeqPrimCol("Level", NS, Prop_Level);
-        ms_ppElementInfo[5] = new CElementInfoSeqPrimCol("Valid", NS, Prop_Valid);
-        ms_ppElementInfo[6] = new CElementInfoSeqPrimCol("Note", NS, Prop_Note);
-        ms_ppElementInfo[7] = nullptr;
-        ms_ppAttributeInfo = new CAttributeInfo*[1];
-        ms_ppAttributeInfo[0] = nullptr;
-        ms_bMetaDataBuilt = true;
-        std::atexit(&CReadingLog::CleanupMetaData);
-    }
-    m_csInit.Leave();
-    s_bReady.store(true, std::memory_order_release);
+void CReadingLog::BuildMetaData(CMetaDataBuilder& builder) {
+    builder.SetParent(new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "ReadingLog", NS,
+                                             true, false, -1, ItemType_invalid, nullptr, false));
+    builder.AddElement(new CElementInfoSeqPrimMnd("Station", NS, Prop_Station, false, ItemType_string, nullptr,
+                                                  CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(),
+                                                  nullptr));
+    builder.AddElement(new CElementInfoSeqPrimCol("Sensor", NS, Prop_Sensor));
+    builder.AddElement(new CElementInfoSeqPrimCol("Sequence", NS, Prop_Sequence));
+    builder.AddElement(new CElementInfoSeqPrimCol("Value", NS, Prop_Value));
+    builder.AddElement(new CElementInfoSeqPrimCol("Level", NS, Prop_Level));
+    builder.AddElement(new CElementInfoSeqPrimCol("Valid", NS, Prop_Valid));
+    builder.AddElement(new CElementInfoSeqPrimCol("Note", NS, Prop_Note));
 }
 
-void CReadingLog::CleanupMetaData() { CleanMetaData(ms_pParentElementInfo, ms_ppElementInfo, ms_ppAttributeInfo); }
-
 CReadingLog::CReadingLog() {
-    InitMetaData();
+    ms_metaData.Init(&BuildMetaData);
     SetElementName("ReadingLog");
     const CWhitespaceUtils::WhitespaceRule collapse = CWhitespaceUtils::WhitespaceRule_collapse;
     m_Sensor = new CstringCol("Sensor", NS, 0, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1,
@@ -81,9 +59,9 @@ void CReadingLog::ResetToDefaults() {
     m_Note->Clear();
 }
 
-CParentElementInfo* CReadingLog::GetParentElementInfo() const { return ms_pParentElementInfo; }
-CElementInfo** CReadingLog::GetClassElementInfo() const { return ms_ppElementInfo; }
-CAttributeInfo** CReadingLog::GetClassAttributeInfo() const { return ms_ppAttributeInfo; }
+CParentElementInfo* CReadingLog::GetParentElementInfo() const { return ms_metaData.GetParentElementInfo(); }
+CElementInfo** CReadingLog::GetClassElementInfo() const { return ms_metaData.GetClassElementInfo(); }
+CAttributeInfo** CReadingLog::GetClassAttributeInfo() const { return ms_metaData.GetClassAttributeInfo(); }
 
 void CReadingLog::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& value) {
     switch (nPropertyIndex) {

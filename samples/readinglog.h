@@ -46,8 +46,7 @@ protected:
 private:
     CReadingLog(const CReadingLog&) = delete;
     CReadingLog& operator=(const CReadingLog&) = delete;
-    static void InitMetaData();
-    static void CleanupMetaData();
+    static void BuildMetaData(OrvexXmlData::CMetaDataBuilder& builder);
 
     std::string m_Station;
     OrvexXml::CSmartPtr<OrvexXml::CstringCol> m_Sensor;
@@ -57,10 +56,7 @@ private:
     OrvexXml::CSmartPtr<OrvexXml::CbooleanCol> m_Valid;
     OrvexXml::CSmartPtr<OrvexXml::CstringCol> m_Note;
 
-    static bool ms_bMetaDataBuilt;
-    static OrvexXmlData::CParentElementInfo* ms_pParentElementInfo;
-    static OrvexXmlData::CElementInfo** ms_ppElementInfo;
-    static OrvexXmlData::CAttributeInfo** ms_ppAttributeInfo;
+    static OrvexXmlData::CMetaDataHolder ms_metaData;
 };
 
 }  // namespace Samples

@@ -2,9 +2,6 @@
 // which needs at least one item when chosen.
 #include "selection.h"
 
-#include <atomic>
-#include <cstdlib>
-
 using namespace OrvexXml;
 using namespace OrvexXmlData;
 
@@ -12,38 +9,20 @@ namespace Samples {
 
 static const int s_nRegistered = (OrvexXml::Register(16, 1), 0);
 
-bool CSelection::ms_bMetaDataBuilt = false;
-CParentElementInfo* CSelection::ms_pParentElementInfo = nullptr;
-CElementInfo** CSelection::ms_ppElementInfo = nullptr;
-CAttributeInfo** CSelection::ms_ppAttributeInfo = nullptr;
+CMetaDataHolder CSelection::ms_metaData;
 
 enum { Prop_Number = 0, Prop_Word, Prop_Status };
 
-void CSelection::InitMetaData() {
-    static std::atomic<bool> s_bReady(false);
-    if (s_bReady.load(std::memory_order_acquire)) return;
-    m_csInit.Enter();
-    if (!ms_bMetaDataBuilt) {
-        ms_pParentElementInfo = new CParentElementInfo(XmlElementGroupType_Choice, XmlElementType_Element, "Selection",
-                                                       "", true, false, -1, ItemType_invalid, nullptr, false);
-        ms_ppElementInfo = new CElementInfo*[4];
-        ms_ppElementInfo[0] = new CElementInfoChoicePrimCol("Number", "", Prop_Number);
-        ms_ppElementInfo[1] = new CElementInfoChoicePrimCol("Word", "", Prop_Word);
-        ms_ppElementInfo[2] = new CElementInfoChoiceEnumCol("Status", "", Prop_Status);
-        ms_ppElementInfo[3] = nullptr;
-        ms_ppAttributeInfo = new CAttributeInfo*[1];
-        ms_ppAttributeInfo[0] = nullptr;
-        ms_bMetaDataBuilt = true;
-        std::atexit(&CSelection::CleanupMetaData);
-    }
-    m_csInit.Leave();
-    s_bReady.store(true, std::memory_order_release);
+void CSelection::BuildMetaData(CMetaDataBuilder& builder) {
+    builder.SetParent(new CParentElementInfo(XmlElementGroupType_Choice, XmlElementType_Element, "Selection", "", true,
+                                             false, -1, ItemType_invalid, nullptr, false));
+    builder.AddElement(new CElementInfoChoicePrimCol("Number", "", Prop_Number));
+    builder.AddElement(new CElementInfoChoicePrimCol("Word", "", Prop_Word));
+    builder.AddElement(new CElementInfoChoiceEnumCol("Status", "", Prop_Status));
 }
 
-void CSelection::CleanupMetaData() { CleanMetaData(ms_pParentElementInfo, ms_ppElementInfo, ms_ppAttributeInfo); }
-
 CSelection::CSelection() {
-    InitMetaData();
+    ms_metaData.Init(&BuildMetaData);
     SetElementName("Selection");
     m_Number = new Ci8Col("Number", "", 1, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1,
                           CWhitespaceUtils::WhitespaceRule_collapse, nullptr);
@@ -77,9 +56,9 @@ void CSelection::ResetToDefaults() {
     m_strSelectedElement.clear();
 }
 
-CParentElementInfo* CSelection::GetParentElementInfo() const { return ms_pParentElementInfo; }
-CElementInfo** CSelection::GetClassElementInfo() const { return ms_ppElementInfo; }
-CAttributeInfo** CSelection::GetClassAttributeInfo() const { return ms_ppAttributeInfo; }
+CParentElementInfo* CSelection::GetParentElementInfo() const { return ms_metaData.GetParentElementInfo(); }
+CElementInfo** CSelection::GetClassElementInfo() const { return ms_metaData.GetClassElementInfo(); }
+CAttributeInfo** CSelection::GetClassAttributeInfo() const { return ms_metaData.GetClassAttributeInfo(); }
 
 void CSelection::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& value) {
     switch (nPropertyIndex) {

@@ -44,18 +44,14 @@ protected:
 private:
     CSelection(const CSelection&) = delete;
     CSelection& operator=(const CSelection&) = delete;
-    static void InitMetaData();
-    static void CleanupMetaData();
+    static void BuildMetaData(OrvexXmlData::CMetaDataBuilder& builder);
 
     std::string m_strSelectedElement;
     OrvexXml::CSmartPtr<OrvexXml::Ci8Col> m_Number;
     OrvexXml::CSmartPtr<OrvexXml::CstringCol> m_Word;
     OrvexXml::CSmartPtr<COrderStatusCol> m_Status;
 
-    static bool ms_bMetaDataBuilt;
-    static OrvexXmlData::CParentElementInfo* ms_pParentElementInfo;
-    static OrvexXmlData::CElementInfo** ms_ppElementInfo;
-    static OrvexXmlData::CAttributeInfo** ms_ppAttributeInfo;
+    static OrvexXmlData::CMetaDataHolder ms_metaData;
 };
 
 }  // namespace Samples

@@ -1,9 +1,6 @@
 // Generated class for the element Settings: an All group with enumerations and repeating elements.
 #include "settings.h"
 
-#include <atomic>
-#include <cstdlib>
-
 using namespace OrvexXml;
 using namespace OrvexXmlData;
 
@@ -12,44 +9,26 @@ namespace Samples {
 static const int s_nRegistered = (OrvexXml::Register(16, 1), 0);
 static const char* const NS = "urn:orvex:samples:settings";
 
-bool CSettings::ms_bMetaDataBuilt = false;
-CParentElementInfo* CSettings::ms_pParentElementInfo = nullptr;
-CElementInfo** CSettings::ms_ppElementInfo = nullptr;
-CAttributeInfo** CSettings::ms_ppAttributeInfo = nullptr;
+CMetaDataHolder CSettings::ms_metaData;
 
 enum { Prop_Name = 0, Prop_Mode, Prop_Fallback, Prop_Port, Prop_State };
 
-void CSettings::InitMetaData() {
-    static std::atomic<bool> s_bReady(false);
-    if (s_bReady.load(std::memory_order_acquire)) return;
-    m_csInit.Enter();
-    if (!ms_bMetaDataBuilt) {
-        ms_pParentElementInfo = new CParentElementInfo(XmlElementGroupType_All, XmlElementType_Element, "Settings", NS,
-                                                       true, false, -1, ItemType_invalid, nullptr, false);
-        ms_ppElementInfo = new CElementInfo*[6];
-        ms_ppElementInfo[0] =
-            new CElementInfoAllPrimMnd("Name", NS, Prop_Name, false, ItemType_string, nullptr,
-                                       CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[1] = new CElementInfoAllEnumMnd("Mode", NS, Prop_Mode, false, &Priority_EnumToText,
-                                                         &Priority_TextToEnum, nullptr);
-        ms_ppElementInfo[2] = new CElementInfoAllEnumOpt("Fallback", NS, Prop_Fallback, true, &OrderStatus_EnumToText,
-                                                         &OrderStatus_TextToEnum, nullptr);
-        ms_ppElementInfo[3] = new CElementInfoAllPrimCol("Port", NS, Prop_Port);
-        ms_ppElementInfo[4] = new CElementInfoAllEnumCol("State", NS, Prop_State);
-        ms_ppElementInfo[5] = nullptr;
-        ms_ppAttributeInfo = new CAttributeInfo*[1];
-        ms_ppAttributeInfo[0] = nullptr;
-        ms_bMetaDataBuilt = true;
-        std::atexit(&CSettings::CleanupMetaData);
-    }
-    m_csInit.Leave();
-    s_bReady.store(true, std::memory_order_release);
+void CSettings::BuildMetaData(CMetaDataBuilder& builder) {
+    builder.SetParent(new CParentElementInfo(XmlElementGroupType_All, XmlElementType_Element, "Settings", NS, true,
+                                             false, -1, ItemType_invalid, nullptr, false));
+    builder.AddElement(new CElementInfoAllPrimMnd("Name", NS, Prop_Name, false, ItemType_string, nullptr,
+                                                  CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(),
+                                                  nullptr));
+    builder.AddElement(
+        new CElementInfoAllEnumMnd("Mode", NS, Prop_Mode, false, &Priority_EnumToText, &Priority_TextToEnum, nullptr));
+    builder.AddElement(new CElementInfoAllEnumOpt("Fallback", NS, Prop_Fallback, true, &OrderStatus_EnumToText,
+                                                  &OrderStatus_TextToEnum, nullptr));
+    builder.AddElement(new CElementInfoAllPrimCol("Port", NS, Prop_Port));
+    builder.AddElement(new CElementInfoAllEnumCol("State", NS, Prop_State));
 }
 
-void CSettings::CleanupMetaData() { CleanMetaData(ms_pParentElementInfo, ms_ppElementInfo, ms_ppAttributeInfo); }
-
 CSettings::CSettings() {
-    InitMetaData();
+    ms_metaData.Init(&BuildMetaData);
     SetElementName("Settings");
     m_Port = new Cui2Col("Port", NS, 1, 3, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1,
                          CWhitespaceUtils::WhitespaceRule_collapse, nullptr);
@@ -68,9 +47,9 @@ void CSettings::ResetToDefaults() {
     m_State->Clear();
 }
 
-CParentElementInfo* CSettings::GetParentElementInfo() const { return ms_pParentElementInfo; }
-CElementInfo** CSettings::GetClassElementInfo() const { return ms_ppElementInfo; }
-CAttributeInfo** CSettings::GetClassAttributeInfo() const { return ms_ppAttributeInfo; }
+CParentElementInfo* CSettings::GetParentElementInfo() const { return ms_metaData.GetParentElementInfo(); }
+CElementInfo** CSettings::GetClassElementInfo() const { return ms_metaData.GetClassElementInfo(); }
+CAttributeInfo** CSettings::GetClassAttributeInfo() const { return ms_metaData.GetClassAttributeInfo(); }
 
 void CSettings::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& value) {
     switch (nPropertyIndex) {

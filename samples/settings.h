@@ -50,8 +50,7 @@ protected:
 private:
     CSettings(const CSettings&) = delete;
     CSettings& operator=(const CSettings&) = delete;
-    static void InitMetaData();
-    static void CleanupMetaData();
+    static void BuildMetaData(OrvexXmlData::CMetaDataBuilder& builder);
 
     std::string m_Name;
     Priority m_Mode;
@@ -60,10 +59,7 @@ private:
     OrvexXml::CSmartPtr<OrvexXml::Cui2Col> m_Port;
     OrvexXml::CSmartPtr<COrderStatusCol> m_State;
 
-    static bool ms_bMetaDataBuilt;
-    static OrvexXmlData::CParentElementInfo* ms_pParentElementInfo;
-    static OrvexXmlData::CElementInfo** ms_ppElementInfo;
-    static OrvexXmlData::CAttributeInfo** ms_ppAttributeInfo;
+    static OrvexXmlData::CMetaDataHolder ms_metaData;
 };
 
 }  // namespace Samples

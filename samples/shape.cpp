@@ -1,9 +1,6 @@
 // Generated class for the element Shape: a choice of Circle, Square and Label.
 #include "shape.h"
 
-#include <atomic>
-#include <cstdlib>
-
 using namespace OrvexXml;
 using namespace OrvexXmlData;
 
@@ -11,43 +8,25 @@ namespace Samples {
 
 static const int s_nRegistered = (OrvexXml::Register(16, 1), 0);
 
-bool CShape::ms_bMetaDataBuilt = false;
-CParentElementInfo* CShape::ms_pParentElementInfo = nullptr;
-CElementInfo** CShape::ms_ppElementInfo = nullptr;
-CAttributeInfo** CShape::ms_ppAttributeInfo = nullptr;
+CMetaDataHolder CShape::ms_metaData;
 
 enum { Prop_Circle = 0, Prop_Square, Prop_Label };
 
-void CShape::InitMetaData() {
-    static std::atomic<bool> s_bReady(false);
-    if (s_bReady.load(std::memory_order_acquire)) return;
-    m_csInit.Enter();
-    if (!ms_bMetaDataBuilt) {
-        const CWhitespaceUtils::WhitespaceRule collapse = CWhitespaceUtils::WhitespaceRule_collapse;
-        ms_pParentElementInfo = new CParentElementInfo(XmlElementGroupType_Choice, XmlElementType_Element, "Shape", "",
-                                                       true, false, -1, ItemType_invalid, nullptr, false);
-        ms_ppElementInfo = new CElementInfo*[4];
-        ms_ppElementInfo[0] = new CElementInfoChoicePrimOpt("Circle", "", Prop_Circle, false, ItemType_r8, nullptr,
-                                                            collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[1] = new CElementInfoChoicePrimOpt("Square", "", Prop_Square, false, ItemType_r8, nullptr,
-                                                            collapse, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[2] =
-            new CElementInfoChoicePrimOpt("Label", "", Prop_Label, false, ItemType_string, nullptr,
-                                          CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[3] = nullptr;
-        ms_ppAttributeInfo = new CAttributeInfo*[1];
-        ms_ppAttributeInfo[0] = nullptr;
-        ms_bMetaDataBuilt = true;
-        std::atexit(&CShape::CleanupMetaData);
-    }
-    m_csInit.Leave();
-    s_bReady.store(true, std::memory_order_release);
+void CShape::BuildMetaData(CMetaDataBuilder& builder) {
+    const CWhitespaceUtils::WhitespaceRule collapse = CWhitespaceUtils::WhitespaceRule_collapse;
+    builder.SetParent(new CParentElementInfo(XmlElementGroupType_Choice, XmlElementType_Element, "Shape", "", true,
+                                             false, -1, ItemType_invalid, nullptr, false));
+    builder.AddElement(new CElementInfoChoicePrimOpt("Circle", "", Prop_Circle, false, ItemType_r8, nullptr, collapse,
+                                                     CPrimitiveRestrictions(), nullptr));
+    builder.AddElement(new CElementInfoChoicePrimOpt("Square", "", Prop_Square, false, ItemType_r8, nullptr, collapse,
+                                                     CPrimitiveRestrictions(), nullptr));
+    builder.AddElement(new CElementInfoChoicePrimOpt("Label", "", Prop_Label, false, ItemType_string, nullptr,
+                                                     CWhitespaceUtils::WhitespaceRule_preserve,
+                                                     CPrimitiveRestrictions(), nullptr));
 }
 
-void CShape::CleanupMetaData() { CleanMetaData(ms_pParentElementInfo, ms_ppElementInfo, ms_ppAttributeInfo); }
-
 CShape::CShape() {
-    InitMetaData();
+    ms_metaData.Init(&BuildMetaData);
     SetElementName("Shape");
     ResetToDefaults();
 }
@@ -119,9 +98,9 @@ void CShape::SetValidLabel(bool bValid) {
     m_bValidLabel = bValid;
 }
 
-CParentElementInfo* CShape::GetParentElementInfo() const { return ms_pParentElementInfo; }
-CElementInfo** CShape::GetClassElementInfo() const { return ms_ppElementInfo; }
-CAttributeInfo** CShape::GetClassAttributeInfo() const { return ms_ppAttributeInfo; }
+CParentElementInfo* CShape::GetParentElementInfo() const { return ms_metaData.GetParentElementInfo(); }
+CElementInfo** CShape::GetClassElementInfo() const { return ms_metaData.GetClassElementInfo(); }
+CAttributeInfo** CShape::GetClassAttributeInfo() const { return ms_metaData.GetClassAttributeInfo(); }
 
 void CShape::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& value) {
     switch (nPropertyIndex) {

@@ -48,8 +48,7 @@ protected:
     std::string GetTargetNamespace() const override { return ""; }
 
 private:
-    static void InitMetaData();
-    static void CleanupMetaData();
+    static void BuildMetaData(OrvexXmlData::CMetaDataBuilder& builder);
 
     std::string m_strSelectedElement;
     double m_Circle;
@@ -59,10 +58,7 @@ private:
     std::string m_Label;
     bool m_bValidLabel;
 
-    static bool ms_bMetaDataBuilt;
-    static OrvexXmlData::CParentElementInfo* ms_pParentElementInfo;
-    static OrvexXmlData::CElementInfo** ms_ppElementInfo;
-    static OrvexXmlData::CAttributeInfo** ms_ppAttributeInfo;
+    static OrvexXmlData::CMetaDataHolder ms_metaData;
 };
 
 }  // namespace Samples

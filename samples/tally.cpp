@@ -1,9 +1,6 @@
 // Generated class for the element Tally: a sequence with enumerations and repeating elements.
 #include "tally.h"
 
-#include <atomic>
-#include <cstdlib>
-
 using namespace OrvexXml;
 using namespace OrvexXmlData;
 
@@ -11,46 +8,28 @@ namespace Samples {
 
 static const int s_nRegistered = (OrvexXml::Register(16, 1), 0);
 
-bool CTally::ms_bMetaDataBuilt = false;
-CParentElementInfo* CTally::ms_pParentElementInfo = nullptr;
-CElementInfo** CTally::ms_ppElementInfo = nullptr;
-CAttributeInfo** CTally::ms_ppAttributeInfo = nullptr;
+CMetaDataHolder CTally::ms_metaData;
 
 enum { Prop_Label = 0, Prop_Status, Prop_Urgency, Prop_Count, Prop_Weight, Prop_Tag, Prop_History };
 
-void CTally::InitMetaData() {
-    static std::atomic<bool> s_bReady(false);
-    if (s_bReady.load(std::memory_order_acquire)) return;
-    m_csInit.Enter();
-    if (!ms_bMetaDataBuilt) {
-        ms_pParentElementInfo = new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "Tally",
-                                                       "", true, false, -1, ItemType_invalid, nullptr, false);
-        ms_ppElementInfo = new CElementInfo*[8];
-        ms_ppElementInfo[0] =
-            new CElementInfoSeqPrimMnd("Label", "", Prop_Label, false, ItemType_string, nullptr,
-                                       CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(), nullptr);
-        ms_ppElementInfo[1] = new CElementInfoSeqEnumMnd("Status", "", Prop_Status, false, &OrderStatus_EnumToText,
-                                                         &OrderStatus_TextToEnum, nullptr);
-        ms_ppElementInfo[2] = new CElementInfoSeqEnumOpt("Urgency", "", Prop_Urgency, false, &Priority_EnumToText,
-                                                         &Priority_TextToEnum, "normal");
-        ms_ppElementInfo[3] = new CElementInfoSeqPrimCol("Count", "", Prop_Count);
-        ms_ppElementInfo[4] = new CElementInfoSeqPrimCol("Weight", "", Prop_Weight);
-        ms_ppElementInfo[5] = new CElementInfoSeqPrimCol("Tag", "", Prop_Tag);
-        ms_ppElementInfo[6] = new CElementInfoSeqEnumCol("History", "", Prop_History);
-        ms_ppElementInfo[7] = nullptr;
-        ms_ppAttributeInfo = new CAttributeInfo*[1];
-        ms_ppAttributeInfo[0] = nullptr;
-        ms_bMetaDataBuilt = true;
-        std::atexit(&CTally::CleanupMetaData);
-    }
-    m_csInit.Leave();
-    s_bReady.store(true, std::memory_order_release);
+void CTally::BuildMetaData(CMetaDataBuilder& builder) {
+    builder.SetParent(new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "Tally", "", true,
+                                             false, -1, ItemType_invalid, nullptr, false));
+    builder.AddElement(new CElementInfoSeqPrimMnd("Label", "", Prop_Label, false, ItemType_string, nullptr,
+                                                  CWhitespaceUtils::WhitespaceRule_preserve, CPrimitiveRestrictions(),
+                                                  nullptr));
+    builder.AddElement(new CElementInfoSeqEnumMnd("Status", "", Prop_Status, false, &OrderStatus_EnumToText,
+                                                  &OrderStatus_TextToEnum, nullptr));
+    builder.AddElement(new CElementInfoSeqEnumOpt("Urgency", "", Prop_Urgency, false, &Priority_EnumToText,
+                                                  &Priority_TextToEnum, "normal"));
+    builder.AddElement(new CElementInfoSeqPrimCol("Count", "", Prop_Count));
+    builder.AddElement(new CElementInfoSeqPrimCol("Weight", "", Prop_Weight));
+    builder.AddElement(new CElementInfoSeqPrimCol("Tag", "", Prop_Tag));
+    builder.AddElement(new CElementInfoSeqEnumCol("History", "", Prop_History));
 }
 
-void CTally::CleanupMetaData() { CleanMetaData(ms_pParentElementInfo, ms_ppElementInfo, ms_ppAttributeInfo); }
-
 CTally::CTally() {
-    InitMetaData();
+    ms_metaData.Init(&BuildMetaData);
     SetElementName("Tally");
     m_Count = new Ci4Col("Count", "", 1, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1,
                          CWhitespaceUtils::WhitespaceRule_collapse, nullptr);
@@ -75,9 +54,9 @@ void CTally::ResetToDefaults() {
     m_History->Clear();
 }
 
-CParentElementInfo* CTally::GetParentElementInfo() const { return ms_pParentElementInfo; }
-CElementInfo** CTally::GetClassElementInfo() const { return ms_ppElementInfo; }
-CAttributeInfo** CTally::GetClassAttributeInfo() const { return ms_ppAttributeInfo; }
+CParentElementInfo* CTally::GetParentElementInfo() const { return ms_metaData.GetParentElementInfo(); }
+CElementInfo** CTally::GetClassElementInfo() const { return ms_metaData.GetClassElementInfo(); }
+CAttributeInfo** CTally::GetClassAttributeInfo() const { return ms_metaData.GetClassAttributeInfo(); }
 
 void CTally::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& value) {
     switch (nPropertyIndex) {

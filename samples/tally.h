@@ -54,8 +54,7 @@ protected:
 private:
     CTally(const CTally&) = delete;
     CTally& operator=(const CTally&) = delete;
-    static void InitMetaData();
-    static void CleanupMetaData();
+    static void BuildMetaData(OrvexXmlData::CMetaDataBuilder& builder);
 
     std::string m_Label;
     OrderStatus m_Status;
@@ -66,10 +65,7 @@ private:
     OrvexXml::CSmartPtr<OrvexXml::CstringCol> m_Tag;
     OrvexXml::CSmartPtr<COrderStatusCol> m_History;
 
-    static bool ms_bMetaDataBuilt;
-    static OrvexXmlData::CParentElementInfo* ms_pParentElementInfo;
-    static OrvexXmlData::CElementInfo** ms_ppElementInfo;
-    static OrvexXmlData::CAttributeInfo** ms_ppAttributeInfo;
+    static OrvexXmlData::CMetaDataHolder ms_metaData;
 };
 
 }  // namespace Samples

@@ -22,6 +22,8 @@
 #include "orvexxml/binding/elementinfoseqprimcol.h"
 #include "orvexxml/binding/elementinfoseqprimmnd.h"
 #include "orvexxml/binding/elementinfoseqprimopt.h"
+#include "orvexxml/binding/metadatabuilder.h"
+#include "orvexxml/binding/metadataholder.h"
 #include "orvexxml/binding/nillable.h"
 #include "orvexxml/binding/parentelementinfo.h"
 #include "orvexxml/binding/serializationcontext.h"

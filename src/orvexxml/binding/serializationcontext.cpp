@@ -21,8 +21,10 @@ CSerializationContext::CSerializationContext()
 CSerializationContext::~CSerializationContext() {}
 
 CSerializationContext& CSerializationContext::GetDefaultContext() {
-    static CSerializationContext s_defaultContext;
-    return s_defaultContext;
+    // Never destroyed: objects with static storage may still write themselves with it
+    // after every exit handler ran.
+    static CSerializationContext* s_pDefaultContext = new CSerializationContext;
+    return *s_pDefaultContext;
 }
 
 void CSerializationContext::SetIgnoreMissingMandatoryElements(bool bValue) {

@@ -2,6 +2,7 @@
 
 #include "orvexxml/binding/attributeinfo.h"
 #include "orvexxml/binding/elementinfo.h"
+#include "orvexxml/binding/metadataholder.h"
 #include "orvexxml/binding/parentelementinfo.h"
 #include "orvexxml/binding/xmlobjectbase.h"
 #include "orvexxml/infrastructure/criticalsection.h"
@@ -14,6 +15,7 @@ namespace OrvexXml {
 class ORVEXXML_API CXmlGeneratedClass : public CXmlObjectBase {
     friend class OrvexXmlData::CElementInfo;
     friend class OrvexXmlData::CAttributeInfo;
+    friend class OrvexXmlData::CMetaDataHolder;
 
 public:
     // Moves a property in or out of the object: with bRead true the value of property
@@ -66,7 +68,7 @@ protected:
     static void CleanMetaData(OrvexXmlData::CParentElementInfo*& pParent, OrvexXmlData::CElementInfo**& ppElements,
                               OrvexXmlData::CAttributeInfo**& ppAttributes);
 
-    // Generated code holds this while it builds a class's tables.
+    // Held while a class's tables are built; CMetaDataHolder takes it for generated code.
     static COXCriticalSection m_csInit;
 
 private:

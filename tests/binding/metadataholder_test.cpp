@@ -1,0 +1,204 @@
+// The one-time construction of a class's tables: a build that fails part way, threads that
+// build other classes meanwhile, and objects that write themselves while the process ends.
+#include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <future>
+#include <new>
+#include <thread>
+
+#include "amount.h"
+#include "bindinghelpers.h"
+#include "person.h"
+
+namespace {
+
+using namespace OrvexXml;
+using namespace OrvexXmlData;
+using OrvexBindTest::Flat;
+
+// An element entry that counts the living entries, to see what a failed build leaves behind.
+class CCountedElement : public CElementInfo {
+public:
+    CCountedElement()
+        : CElementInfo("E", "", 0, false, ItemType_i4, nullptr, CWhitespaceUtils::WhitespaceRule_collapse,
+                       CPrimitiveRestrictions(), nullptr) {
+        ++s_nLiving;
+    }
+    ~CCountedElement() override { --s_nLiving; }
+    static std::atomic<int> s_nLiving;
+
+protected:
+    bool ElementToXml(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
+                      CXmlWriter* pWriter) const override {
+        return ElementToXmlPrim(ctx, pClass, pWriter);
+    }
+    bool ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement*,
+                        CXmlElement** ppCurrent, const char*, XmlElementType) override {
+        return ElementFromXmlOptional(ctx, pClass, ppCurrent);
+    }
+};
+std::atomic<int> CCountedElement::s_nLiving{0};
+
+CParentElementInfo* NewParent() {
+    return new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "X", "", true, false, -1,
+                                  ItemType_invalid, nullptr, false);
+}
+
+void BuildOneEntry(CMetaDataBuilder& builder) {
+    builder.SetParent(NewParent());
+    builder.AddElement(new CCountedElement);
+}
+
+// True if the holder publishes a parent and exactly nEntries elements and no attribute.
+bool Holds(const CMetaDataHolder& holder, int nEntries) {
+    CElementInfo** ppElements = holder.GetClassElementInfo();
+    CAttributeInfo** ppAttributes = holder.GetClassAttributeInfo();
+    if (!holder.IsBuilt() || !holder.GetParentElementInfo() || !ppElements || !ppAttributes || ppAttributes[0])
+        return false;
+    for (int i = 0; i < nEntries; ++i)
+        if (!dynamic_cast<CCountedElement*>(ppElements[i])) return false;
+    return ppElements[nEntries] == nullptr;
+}
+
+bool Empty(const CMetaDataHolder& holder) {
+    return !holder.IsBuilt() && !holder.GetParentElementInfo() && !holder.GetClassElementInfo() &&
+           !holder.GetClassAttributeInfo();
+}
+
+// Inside a child process, where a failed expectation can only end the process.
+void Require(bool bHolds, const char* pszWhat) {
+    if (bHolds) return;
+    std::fprintf(stderr, "failed: %s\n", pszWhat);
+    std::_Exit(1);
+}
+
+// A first build runs out of memory part way while another thread waits for the lock to
+// build another class. The lock must be free again, the partial tables freed, nothing
+// published, and a later call must build. A hang ends the child through the alarm.
+void FailedBuildWithWaitingThread() {
+    ::alarm(30);
+    static CMetaDataHolder s_first;
+    static CMetaDataHolder s_second;
+    std::promise<void> building, waiting;
+    std::shared_future<void> isBuilding = building.get_future().share();
+    std::future<void> isWaiting = waiting.get_future();
+    std::thread other([&] {
+        isBuilding.wait();
+        waiting.set_value();
+        s_second.Init(&BuildOneEntry);
+    });
+    bool bThrown = false;
+    try {
+        s_first.Init([&](CMetaDataBuilder& builder) {
+            BuildOneEntry(builder);
+            building.set_value();
+            isWaiting.wait();
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));  // the other thread reaches the lock
+            throw std::bad_alloc();
+        });
+    } catch (const std::bad_alloc&) {
+        bThrown = true;
+    }
+    other.join();
+    Require(bThrown, "the builder's exception reaches the caller");
+    Require(Empty(s_first), "a failed build publishes nothing");
+    Require(Holds(s_second, 1), "the waiting thread builds its class");
+    Require(CCountedElement::s_nLiving == 1, "the failed build frees its entries");
+
+    int nCalls = 0;
+    auto retry = [&](CMetaDataBuilder& builder) {
+        ++nCalls;
+        // This thread holds the lock now; a published holder must answer without it.
+        std::thread([] { s_second.Init(&BuildOneEntry); }).join();
+        BuildOneEntry(builder);
+        builder.AddElement(new CCountedElement);
+    };
+    s_first.Init(retry);
+    s_first.Init(retry);
+    Require(nCalls == 1 && Holds(s_first, 2), "a later call builds once");
+    Require(CCountedElement::s_nLiving == 3, "no entry is built twice");
+    s_first.Clean();
+    s_second.Clean();
+    Require(Empty(s_first) && Empty(s_second) && CCountedElement::s_nLiving == 0, "Clean frees all tables");
+}
+
+TEST(MetaDataHolder, FailedBuildFreesTheLockAndPublishesNothing) {
+    EXPECT_EXIT(
+        {
+            FailedBuildWithWaitingThread();
+            std::exit(0);
+        },
+        ::testing::ExitedWithCode(0), "");
+}
+
+// Builds that can't give complete tables: one that forgets the class record, one that asks
+// for its own tables. Each is refused, frees its entries and leaves the holder empty.
+CMetaDataHolder g_refused;
+
+void BuildWithoutParent(CMetaDataBuilder& builder) { builder.AddElement(new CCountedElement); }
+
+void BuildThatNeedsItself(CMetaDataBuilder& builder) {
+    BuildOneEntry(builder);
+    g_refused.Init(&BuildOneEntry);
+}
+
+TEST(MetaDataHolder, IncompleteBuildsAreRefused) {
+    const struct {
+        void (*pfnBuild)(CMetaDataBuilder&);
+        const char* pszMessage;
+    } cases[] = {
+        {&BuildWithoutParent, "The metadata of a class was built without a parent record"},
+        {&BuildThatNeedsItself, "The metadata of a class was asked for while it was being built"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.pszMessage);
+        try {
+            g_refused.Init(c.pfnBuild);
+            ADD_FAILURE() << "no exception";
+        } catch (const COxInvalidStateException& e) {
+            EXPECT_EQ(e.GetFullMessage(), c.pszMessage);
+        }
+        EXPECT_TRUE(Empty(g_refused));
+        EXPECT_EQ(CCountedElement::s_nLiving, 0);
+    }
+    // The lock is free and the holder still usable.
+    g_refused.Init(&BuildOneEntry);
+    EXPECT_TRUE(Holds(g_refused, 1));
+    g_refused.Clean();
+}
+
+// Kept by a static of the application and written by its destructor, when the exit
+// handlers of everything built after it, the samples' included, have run.
+struct CWriterAtExit {
+    CSmartPtr<Samples::CPerson> m_pPerson;
+    std::string m_strBefore;
+    ~CWriterAtExit() {
+        std::string strAfter = Flat(m_pPerson);
+        // A class whose tables are first built while the process ends.
+        CSmartPtr<Samples::CAmount> pAmount = Samples::CAmount::CreateInstance();
+        pAmount->SetValue(2.5);
+        std::string strAmount = Flat(pAmount);
+        std::fprintf(stderr, "at exit: %s %s\n", strAfter.c_str(), strAmount.c_str());
+        if (strAfter != m_strBefore) std::_Exit(3);
+    }
+};
+
+TEST(MetaDataHolder, StaticObjectWritesAfterTheExitHandlers) {
+    // A fresh process, in which no sample has built its tables yet.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            static CWriterAtExit s_writer;  // before the first sample: destroyed after the samples' handlers
+            s_writer.m_pPerson = Samples::CPerson::CreateInstance();
+            s_writer.m_pPerson->SetName("x");
+            s_writer.m_strBefore = Flat(s_writer.m_pPerson);
+            std::exit(0);
+        },
+        ::testing::ExitedWithCode(0), "at exit: <Person><Name>x</Name></Person> <Amount>2.50</Amount>\n$");
+}
+
+}  // namespace
