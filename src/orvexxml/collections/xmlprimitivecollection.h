@@ -9,143 +9,21 @@
 #include "orvexxml/collections/xmltypecollection.h"
 #include "orvexxml/export.h"
 #include "orvexxml/infrastructure/instancemonitor.h"
-#include "orvexxml/values/conversions.h"
+#include "orvexxml/values/itemtypetraits.h"
 #include "orvexxml/writers/xmlwriter.h"
 
 namespace OrvexXml {
 
 // What sets the primitive collections apart: the item type, the class name under which
-// instances are counted, and the conversions between an item and its text.
+// instances are counted, and the conversions between an item and its text, all taken from
+// the kind's CItemTypeTraits.
 //
 // ToText takes the format override; only the float kinds use it (an empty one means the
 // default format). FromText applies the whitespace rule and refuses a text that doesn't fit
 // with the conversion's COxInvalidValueException.
 template <ItemType eType>
-struct CXmlPrimitiveTraits;
-
-template <>
-struct CXmlPrimitiveTraits<ItemType_i1> {
-    typedef char ValueType;
-    static constexpr const char* ClassName = "Ci1Col";
-    static std::string ToText(char value, const std::string&) { return CConversions::i1ToString(value); }
-    static char FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::i1FromString(text, rule);
-    }
-};
-
-template <>
-struct CXmlPrimitiveTraits<ItemType_i2> {
-    typedef int16_t ValueType;
-    static constexpr const char* ClassName = "Ci2Col";
-    static std::string ToText(int16_t value, const std::string&) { return CConversions::i2ToString(value); }
-    static int16_t FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::i2FromString(text, rule);
-    }
-};
-
-template <>
-struct CXmlPrimitiveTraits<ItemType_i4> {
-    typedef OxLong ValueType;
-    static constexpr const char* ClassName = "Ci4Col";
-    static std::string ToText(OxLong value, const std::string&) { return CConversions::i4ToString(value); }
-    static OxLong FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::i4FromString(text, rule);
-    }
-};
-
-template <>
-struct CXmlPrimitiveTraits<ItemType_i8> {
-    typedef int64_t ValueType;
-    static constexpr const char* ClassName = "Ci8Col";
-    static std::string ToText(int64_t value, const std::string&) { return CConversions::i8ToString(value); }
-    static int64_t FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::i8FromString(text, rule);
-    }
-};
-
-template <>
-struct CXmlPrimitiveTraits<ItemType_ui1> {
-    typedef uint8_t ValueType;
-    static constexpr const char* ClassName = "Cui1Col";
-    static std::string ToText(uint8_t value, const std::string&) { return CConversions::ui1ToString(value); }
-    static uint8_t FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::ui1FromString(text, rule);
-    }
-};
-
-template <>
-struct CXmlPrimitiveTraits<ItemType_ui2> {
-    typedef uint16_t ValueType;
-    static constexpr const char* ClassName = "Cui2Col";
-    static std::string ToText(uint16_t value, const std::string&) { return CConversions::ui2ToString(value); }
-    static uint16_t FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::ui2FromString(text, rule);
-    }
-};
-
-template <>
-struct CXmlPrimitiveTraits<ItemType_ui4> {
-    typedef OxULong ValueType;
-    static constexpr const char* ClassName = "Cui4Col";
-    static std::string ToText(OxULong value, const std::string&) { return CConversions::ui4ToString(value); }
-    static OxULong FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::ui4FromString(text, rule);
-    }
-};
-
-template <>
-struct CXmlPrimitiveTraits<ItemType_ui8> {
-    typedef uint64_t ValueType;
-    static constexpr const char* ClassName = "Cui8Col";
-    static std::string ToText(uint64_t value, const std::string&) { return CConversions::ui8ToString(value); }
-    static uint64_t FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::ui8FromString(text, rule);
-    }
-};
-
-template <>
-struct CXmlPrimitiveTraits<ItemType_r4> {
-    typedef float ValueType;
-    static constexpr const char* ClassName = "Cr4Col";
-    static std::string ToText(float value, const std::string& format) {
-        return CConversions::r4ToString(value, format);
-    }
-    static float FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::r4FromString(text, rule);
-    }
-};
-
-template <>
-struct CXmlPrimitiveTraits<ItemType_r8> {
-    typedef double ValueType;
-    static constexpr const char* ClassName = "Cr8Col";
-    static std::string ToText(double value, const std::string& format) {
-        return CConversions::r8ToString(value, format);
-    }
-    static double FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::r8FromString(text, rule);
-    }
-};
-
-template <>
-struct CXmlPrimitiveTraits<ItemType_string> {
-    typedef std::string ValueType;
-    static constexpr const char* ClassName = "CstringCol";
-    // The item is its own text: handed to the writer as it is, without a copy.
-    static const std::string& ToText(const std::string& value, const std::string&) { return value; }
-    static std::string FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::stringFromString(text, rule);
-    }
-};
-
-template <>
-struct CXmlPrimitiveTraits<ItemType_boolean> {
-    typedef bool ValueType;
-    static constexpr const char* ClassName = "CbooleanCol";
-    static std::string ToText(bool value, const std::string&) { return CConversions::booleanToString(value); }
-    static bool FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::booleanFromString(text, rule);
-    }
+struct CXmlPrimitiveTraits : CItemTypeTraits<eType> {
+    static constexpr const char* ClassName = CItemTypeTraits<eType>::CollectionName;
 };
 
 // The shared implementation of the primitive collections. Items are held by value, in
@@ -285,7 +163,7 @@ void CXmlPrimitiveCollection<eType>::ToXml_Int(CXmlWriter* pWriter, bool, const 
     const std::string& strName = GetElementName();
     for (const_iterator it = m_items.begin(); it != m_items.end(); ++it) {
         pWriter->WriteStartElement(strName, m_strNamespace);
-        pWriter->WriteElementText(Traits::ToText(*it, m_strFormatOverride), eType, false);
+        pWriter->WriteElementText(Traits::ToText(*it, m_strFormatOverride.c_str()), eType, false);
         pWriter->WriteEndElement();
     }
 }

@@ -1,11 +1,13 @@
 #include "orvexxml/values/oxvariant.h"
 
+#include <cstring>
+
 #include "orvexxml/binding/xmlobjectbase.h"
 #include "orvexxml/collections/xmlcollectionbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/values/binarydata.h"
-#include "orvexxml/values/conversions.h"
+#include "orvexxml/values/itemtypeinfo.h"
 
 namespace OrvexXml {
 
@@ -38,72 +40,21 @@ OxVariant& OxVariant::operator=(const OxVariant& other) {
         m_ullValue = 0;
         return *this;
     }
+    if (m_type == ItemType_invalid) return *this;
 
-    switch (m_type) {
-        case ItemType_invalid:
-            break;
-        case ItemType_i1:
-        case ItemType_char:
-            m_cValue = other.m_cValue;
-            break;
-        case ItemType_ui1:
-        case ItemType_month:
-        case ItemType_day:
-            m_ucValue = other.m_ucValue;
-            break;
-        case ItemType_boolean:
-            m_bValue = other.m_bValue;
-            break;
-        case ItemType_i2:
-            m_sValue = other.m_sValue;
-            break;
-        case ItemType_ui2:
-        case ItemType_year:
-            m_usValue = other.m_usValue;
-            break;
-        case ItemType_i4:
-            m_lValue = other.m_lValue;
-            break;
-        case ItemType_ui4:
-            m_ulValue = other.m_ulValue;
-            break;
-        case ItemType_r4:
-            m_fValue = other.m_fValue;
-            break;
-        case ItemType_i8:
-            m_llValue = other.m_llValue;
-            break;
-        case ItemType_ui8:
-            m_ullValue = other.m_ullValue;
-            break;
-        case ItemType_r8:
-            m_dValue = other.m_dValue;
-            break;
-        case ItemType_string:
-            // Null first, so that a failed allocation leaves nothing for Clear to delete.
-            m_pString = nullptr;
-            if (other.m_pString) m_pString = new std::string(*other.m_pString);
-            break;
-        case ItemType_hexBinary:
-        case ItemType_base64Binary:
-            // The copy shares the bytes until one side changes them.
-            m_pBinaryData = nullptr;
-            if (other.m_pBinaryData) m_pBinaryData = new CBinaryData(*other.m_pBinaryData);
-            break;
-        case ItemType_XmlObjectBase:
-            m_pXmlObject = other.m_pXmlObject;
-            if (m_pXmlObject) m_pXmlObject->AddRef();
-            break;
-        case ItemType_XmlCollection:
-            m_pXmlCol = other.m_pXmlCol;
-            if (m_pXmlCol) m_pXmlCol->AddRef();
-            break;
-        default:
-            // Also the kinds whose value classes are not part of the library yet: no setter
-            // can give a variant one of those types. The target is left empty.
-            m_type = ItemType_invalid;
-            m_isNil = false;
-            throw COxException("Unknown Type");
+    const CItemTypeInfo& info = CItemTypeInfo::Get(m_type);
+    if (info.m_eStorage == CItemTypeInfo::Storage_inline) {
+        // The whole union: the kind's own bytes and whatever lies beyond them, which no getter
+        // of the kind reads. One move, whatever the width.
+        std::memcpy(&m_ullValue, &other.m_ullValue, sizeof(m_ullValue));
+    } else if (info.m_pfnCopy) {
+        info.m_pfnCopy(*this, other);
+    } else {
+        // A number outside the enum, or a kind whose value class is not part of the library
+        // yet (no setter can give a variant one of those types). The target is left empty.
+        m_type = ItemType_invalid;
+        m_isNil = false;
+        throw COxException("Unknown Type");
     }
     return *this;
 }
@@ -111,36 +62,10 @@ OxVariant& OxVariant::operator=(const OxVariant& other) {
 void OxVariant::Clear() {
     if (m_type == ItemType_invalid) return;
     m_isNil = false;
-    switch (m_type) {
-        case ItemType_string:
-            delete m_pString;
-            m_pString = nullptr;
-            break;
-        case ItemType_hexBinary:
-        case ItemType_base64Binary:
-            delete m_pBinaryData;
-            m_pBinaryData = nullptr;
-            break;
-        case ItemType_XmlObjectBase: {
-            // Detach before releasing: the release may destroy an object whose destructor
-            // reaches this variant again.
-            CXmlObjectBase* pObject = m_pXmlObject;
-            m_pXmlObject = nullptr;
-            m_type = ItemType_invalid;
-            if (pObject) pObject->Release();
-            break;
-        }
-        case ItemType_XmlCollection: {
-            CXmlCollectionBase* pCollection = m_pXmlCol;
-            m_pXmlCol = nullptr;
-            m_type = ItemType_invalid;
-            if (pCollection) pCollection->Release();
-            break;
-        }
-        default:
-            // Inline kinds own nothing; their bytes are left as they are.
-            break;
-    }
+    // Inline kinds own nothing; their bytes are left as they are. An owned copy is deleted,
+    // a reference released.
+    CItemTypeInfo::PfnDrop pfnDrop = CItemTypeInfo::Get(m_type).m_pfnDrop;
+    if (pfnDrop) pfnDrop(*this);
     m_type = ItemType_invalid;
 }
 
@@ -157,62 +82,9 @@ void OxVariant::SetNil() {
 }
 
 std::string OxVariant::GetType() const {
-    switch (m_type) {
-        case ItemType_hexBinary:
-            return "hexBinary";
-        case ItemType_base64Binary:
-            return "base64Binary";
-        case ItemType_i1:
-            return "i1";
-        case ItemType_i2:
-            return "i2";
-        case ItemType_i4:
-            return "i4";
-        case ItemType_i8:
-            return "i8";
-        case ItemType_ui1:
-            return "ui1";
-        case ItemType_ui2:
-            return "ui2";
-        case ItemType_ui4:
-            return "ui4";
-        case ItemType_ui8:
-            return "ui8";
-        case ItemType_r4:
-            return "r4";
-        case ItemType_r8:
-            return "r8";
-        case ItemType_duration:
-            return "duration";
-        case ItemType_yearMonth:
-            return "yearMonth";
-        case ItemType_monthDay:
-            return "monthDay";
-        case ItemType_year:
-            return "year";
-        case ItemType_month:
-            return "month";
-        case ItemType_day:
-            return "day";
-        case ItemType_date:
-            return "date";
-        case ItemType_datetime:
-            return "datetime";
-        case ItemType_time:
-            return "time";
-        case ItemType_char:
-            return "char";
-        case ItemType_string:
-            return "string";
-        case ItemType_boolean:
-            return "boolean";
-        case ItemType_decimal:
-            return "decimal";
-        case ItemType_integer:
-            return "integer";
-        default:
-            throw COxException(FormatString("Invalid Type %d", static_cast<int>(m_type)));
-    }
+    const char* pszName = CItemTypeInfo::Get(m_type).m_pszName;
+    if (!pszName) throw COxException(FormatString("Invalid Type %d", static_cast<int>(m_type)));
+    return pszName;
 }
 
 // --- setters ------------------------------------------------------------------------------
@@ -362,106 +234,20 @@ CSmartPtr<CXmlCollectionBase> OxVariant::GetXmlCollection() const { return CSmar
 // --- text ---------------------------------------------------------------------------------
 
 std::string OxVariant::ToString(const char* pszFormat) const {
-    switch (m_type) {
-        case ItemType_hexBinary:
-            // A nil value holds no bytes; callers test IsNil first, this only avoids a crash.
-            return m_pBinaryData ? CConversions::hexBinaryToString(*m_pBinaryData) : std::string();
-        case ItemType_base64Binary:
-            return m_pBinaryData ? CConversions::base64BinaryToString(*m_pBinaryData) : std::string();
-        case ItemType_i1:
-            return CConversions::i1ToString(m_cValue);
-        case ItemType_i2:
-            return CConversions::i2ToString(m_sValue);
-        case ItemType_i4:
-            return CConversions::i4ToString(m_lValue);
-        case ItemType_i8:
-            return CConversions::i8ToString(m_llValue);
-        case ItemType_ui1:
-            return CConversions::ui1ToString(m_ucValue);
-        case ItemType_ui2:
-            return CConversions::ui2ToString(m_usValue);
-        case ItemType_ui4:
-            return CConversions::ui4ToString(m_ulValue);
-        case ItemType_ui8:
-            return CConversions::ui8ToString(m_ullValue);
-        case ItemType_r4:
-            return CConversions::r4ToString(m_fValue, pszFormat);
-        case ItemType_r8:
-            return CConversions::r8ToString(m_dValue, pszFormat);
-        case ItemType_year:
-            return CConversions::yearToString(m_usValue);
-        case ItemType_month:
-            return CConversions::monthToString(m_ucValue);
-        case ItemType_day:
-            return CConversions::dayToString(m_ucValue);
-        case ItemType_char:
-            return CConversions::charToString(m_cValue);
-        case ItemType_string:
-            // A nil string holds no text; callers test IsNil first, this only avoids a crash.
-            return m_pString ? CConversions::stringToString(*m_pString) : std::string();
-        case ItemType_boolean:
-            return CConversions::booleanToString(m_bValue);
-        // Duration, the five date kinds, decimal and integer get their rows with their value
-        // classes. The object and collection references have
-        // no text form of their own.
-        default:
-            ThrowNoTextForm(static_cast<int>(m_type));
-    }
+    // Duration, the five date kinds, decimal and integer get their text with their value
+    // classes; the object and collection references have no text form of their own.
+    CItemTypeInfo::PfnToText pfnToText = CItemTypeInfo::Get(m_type).m_pfnToText;
+    if (!pfnToText) ThrowNoTextForm(static_cast<int>(m_type));
+    return pfnToText(*this, pszFormat);
 }
 
 void OxVariant::FromString(const std::string& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule) {
-    // Each conversion runs to the end before its setter replaces the former content.
-    switch (type) {
-        case ItemType_hexBinary:
-            SetHexBinary(CConversions::hexBinaryFromString(text, rule));
-            break;
-        case ItemType_base64Binary:
-            SetBase64Binary(CConversions::base64BinaryFromString(text, rule));
-            break;
-        case ItemType_i1:
-            SetI1(CConversions::i1FromString(text, rule));
-            break;
-        case ItemType_i2:
-            SetI2(CConversions::i2FromString(text, rule));
-            break;
-        case ItemType_i4:
-            SetI4(CConversions::i4FromString(text, rule));
-            break;
-        case ItemType_i8:
-            SetI8(CConversions::i8FromString(text, rule));
-            break;
-        case ItemType_ui1:
-            SetUI1(CConversions::ui1FromString(text, rule));
-            break;
-        case ItemType_ui2:
-            SetUI2(CConversions::ui2FromString(text, rule));
-            break;
-        case ItemType_ui4:
-            SetUI4(CConversions::ui4FromString(text, rule));
-            break;
-        case ItemType_ui8:
-            SetUI8(CConversions::ui8FromString(text, rule));
-            break;
-        case ItemType_r4:
-            SetR4(CConversions::r4FromString(text, rule));
-            break;
-        case ItemType_r8:
-            SetR8(CConversions::r8FromString(text, rule));
-            break;
-        case ItemType_char:
-            SetChar(CConversions::charFromString(text, rule));
-            break;
-        case ItemType_string:
-            SetString(CConversions::stringFromString(text, rule));
-            break;
-        case ItemType_boolean:
-            SetBoolean(CConversions::booleanFromString(text, rule));
-            break;
-        // Duration, the date kinds, decimal and integer arrive with their value classes;
-        // year, month and day are read through the date parser and arrive with it.
-        default:
-            ThrowNoTextForm(static_cast<int>(type));
-    }
+    // Dispatches on the type given, not on the variant's own. The conversion runs to the end
+    // before the setter replaces the former content. Year, month and day are read through the
+    // date parser and arrive with it, as do the kinds with value classes still to come.
+    CItemTypeInfo::PfnFromText pfnFromText = CItemTypeInfo::Get(type).m_pfnFromText;
+    if (!pfnFromText) ThrowNoTextForm(static_cast<int>(type));
+    pfnFromText(*this, text, rule);
 }
 
 }  // namespace OrvexXml

@@ -1,0 +1,142 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "orvexxml/values/binarydata.h"
+#include "orvexxml/values/conversions.h"
+#include "orvexxml/values/itemtypeinfo.h"
+#include "orvexxml/values/oxvariant.h"
+
+namespace OrvexXml {
+
+// The typed side of one value kind: its C++ value type, where an OxVariant keeps it, and its
+// conversions to and from text. The variant's descriptor rows (CItemTypeInfo) and the
+// primitive collections are both built from these, so a kind's conversions are named once.
+//
+// Storage is Storage_inline or Storage_owned. Slot gives the variant's union member: the value
+// itself for an inline kind, the pointer to the heap copy for an owned one. Store replaces the
+// variant's content through the kind's setter. ToText takes the format override (null or empty
+// for the default); only the float kinds use it. FromText applies the whitespace rule and
+// refuses a text that doesn't fit with the conversion's COxInvalidValueException; kinds whose
+// text is not read yet have HasFromText false and no FromText. CollectionName is the class
+// name under which instances of the kind's collection are counted.
+template <ItemType eType>
+struct CItemTypeTraits;
+
+// The sized integers, floats, char and boolean differ only in their member, setter and
+// conversions; this spells one of them out.
+#define ORVEXXML_INLINE_TRAITS(kind, type, member, setter, collection)                                     \
+    template <>                                                                                            \
+    struct CItemTypeTraits<ItemType_##kind> {                                                              \
+        typedef type ValueType;                                                                            \
+        static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_inline;                   \
+        static constexpr bool HasFromText = true;                                                          \
+        static constexpr const char* CollectionName = collection;                                          \
+        static type& Slot(OxVariant& v) { return v.member; }                                               \
+        static const type& Slot(const OxVariant& v) { return v.member; }                                   \
+        static void Store(OxVariant& v, type value) { v.setter(value); }                                   \
+        static std::string ToText(type value, const char*) { return CConversions::kind##ToString(value); } \
+        static type FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {             \
+            return CConversions::kind##FromString(text, rule);                                             \
+        }                                                                                                  \
+    }
+
+ORVEXXML_INLINE_TRAITS(i1, char, m_cValue, SetI1, "Ci1Col");
+ORVEXXML_INLINE_TRAITS(i2, int16_t, m_sValue, SetI2, "Ci2Col");
+ORVEXXML_INLINE_TRAITS(i4, OxLong, m_lValue, SetI4, "Ci4Col");
+ORVEXXML_INLINE_TRAITS(i8, int64_t, m_llValue, SetI8, "Ci8Col");
+ORVEXXML_INLINE_TRAITS(ui1, uint8_t, m_ucValue, SetUI1, "Cui1Col");
+ORVEXXML_INLINE_TRAITS(ui2, uint16_t, m_usValue, SetUI2, "Cui2Col");
+ORVEXXML_INLINE_TRAITS(ui4, OxULong, m_ulValue, SetUI4, "Cui4Col");
+ORVEXXML_INLINE_TRAITS(ui8, uint64_t, m_ullValue, SetUI8, "Cui8Col");
+ORVEXXML_INLINE_TRAITS(char, char, m_cValue, SetChar, nullptr);  // no collection of char
+ORVEXXML_INLINE_TRAITS(boolean, bool, m_bValue, SetBoolean, "CbooleanCol");
+
+#undef ORVEXXML_INLINE_TRAITS
+
+// The float kinds take the format override.
+#define ORVEXXML_FLOAT_TRAITS(kind, type, member, setter, collection)                          \
+    template <>                                                                                \
+    struct CItemTypeTraits<ItemType_##kind> {                                                  \
+        typedef type ValueType;                                                                \
+        static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_inline;       \
+        static constexpr bool HasFromText = true;                                              \
+        static constexpr const char* CollectionName = collection;                              \
+        static type& Slot(OxVariant& v) { return v.member; }                                   \
+        static const type& Slot(const OxVariant& v) { return v.member; }                       \
+        static void Store(OxVariant& v, type value) { v.setter(value); }                       \
+        static std::string ToText(type value, const char* pszFormat) {                         \
+            return CConversions::kind##ToString(value, pszFormat);                             \
+        }                                                                                      \
+        static type FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) { \
+            return CConversions::kind##FromString(text, rule);                                 \
+        }                                                                                      \
+    }
+
+ORVEXXML_FLOAT_TRAITS(r4, float, m_fValue, SetR4, "Cr4Col");
+ORVEXXML_FLOAT_TRAITS(r8, double, m_dValue, SetR8, "Cr8Col");
+
+#undef ORVEXXML_FLOAT_TRAITS
+
+// Year, month and day are written by their own conversions but read through the date parser,
+// which is not part of the library yet: no FromText.
+#define ORVEXXML_DATEPART_TRAITS(kind, type, member, setter, collection)                                   \
+    template <>                                                                                            \
+    struct CItemTypeTraits<ItemType_##kind> {                                                              \
+        typedef type ValueType;                                                                            \
+        static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_inline;                   \
+        static constexpr bool HasFromText = false;                                                         \
+        static constexpr const char* CollectionName = collection;                                          \
+        static type& Slot(OxVariant& v) { return v.member; }                                               \
+        static const type& Slot(const OxVariant& v) { return v.member; }                                   \
+        static void Store(OxVariant& v, type value) { v.setter(value); }                                   \
+        static std::string ToText(type value, const char*) { return CConversions::kind##ToString(value); } \
+    }
+
+ORVEXXML_DATEPART_TRAITS(year, uint16_t, m_usValue, SetYear, "CyearCol");
+ORVEXXML_DATEPART_TRAITS(month, uint8_t, m_ucValue, SetMonth, "CmonthCol");
+ORVEXXML_DATEPART_TRAITS(day, uint8_t, m_ucValue, SetDay, "CdayCol");
+
+#undef ORVEXXML_DATEPART_TRAITS
+
+template <>
+struct CItemTypeTraits<ItemType_string> {
+    typedef std::string ValueType;
+    static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_owned;
+    static constexpr bool HasFromText = true;
+    static constexpr const char* CollectionName = "CstringCol";
+    static std::string*& Slot(OxVariant& v) { return v.m_pString; }
+    static std::string* const& Slot(const OxVariant& v) { return v.m_pString; }
+    static void Store(OxVariant& v, std::string value) { v.SetString(std::move(value)); }
+    // The item is its own text: handed on as it is, without a copy.
+    static const std::string& ToText(const std::string& value, const char*) { return value; }
+    static std::string FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::stringFromString(text, rule);
+    }
+};
+
+#define ORVEXXML_BINARY_TRAITS(kind, setter, collection)                                              \
+    template <>                                                                                       \
+    struct CItemTypeTraits<ItemType_##kind> {                                                         \
+        typedef CBinaryData ValueType;                                                                \
+        static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_owned;               \
+        static constexpr bool HasFromText = true;                                                     \
+        static constexpr const char* CollectionName = collection;                                     \
+        static CBinaryData*& Slot(OxVariant& v) { return v.m_pBinaryData; }                           \
+        static CBinaryData* const& Slot(const OxVariant& v) { return v.m_pBinaryData; }               \
+        static void Store(OxVariant& v, const CBinaryData& value) { v.setter(value); }                \
+        static std::string ToText(const CBinaryData& value, const char*) {                            \
+            return CConversions::kind##ToString(value);                                               \
+        }                                                                                             \
+        static CBinaryData FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) { \
+            return CConversions::kind##FromString(text, rule);                                        \
+        }                                                                                             \
+    }
+
+ORVEXXML_BINARY_TRAITS(hexBinary, SetHexBinary, "ChexBinaryCol");
+ORVEXXML_BINARY_TRAITS(base64Binary, SetBase64Binary, "Cbase64BinaryCol");
+
+#undef ORVEXXML_BINARY_TRAITS
+
+}  // namespace OrvexXml

@@ -1,0 +1,147 @@
+#include "orvexxml/values/itemtypeinfo.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <set>
+#include <string>
+
+#include "expectthrow.h"
+#include "orvexxml/binding/xmlobjectbase.h"
+#include "orvexxml/collections/stringcol.h"
+#include "orvexxml/values/binarydata.h"
+#include "orvexxml/values/oxvariant.h"
+
+using namespace OrvexXml;
+
+namespace {
+
+const bool g_bRegistered = (Register(16, 1), true);
+
+class CPlainObject : public CXmlObjectBase {
+public:
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetNamespace() const override { return std::string(); }
+
+protected:
+    std::string GetTargetNamespace() const override { return std::string(); }
+    void ToXml_Int(CXmlWriter*, bool, const char*, const CSerializationContext&, bool) const override {}
+    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override {
+        return nullptr;
+    }
+};
+
+uint64_t UnionBits(const OxVariant& v) {
+    uint64_t nBits;
+    std::memcpy(&nBits, &v.m_ullValue, sizeof(nBits));
+    return nBits;
+}
+
+// Each row is checked against what the variant's public setters and getters do, which don't
+// read the rows (the names are checked against their own list with GetType): the type a setter gives, the width its
+// getter returns, whether a copy gets a new pointer (owned) or the same one with one more reference (reference). Every
+// number of the enum is covered, either by a setter or as a kind that no setter gives yet; those refuse text, name-less
+// copies and conversions as they always have.
+TEST(ItemTypeInfo, EveryRowAgreesWithTheVariant) {
+    ASSERT_TRUE(g_bRegistered);
+    CSmartPtr<CPlainObject> pObject = new CPlainObject;
+    CSmartPtr<CstringCol> pCollection = new CstringCol("item", "", 0, -1, "", -1, -1, "", "", "", "", -1, -1, -1,
+                                                       CWhitespaceUtils::WhitespaceRule_none, "");
+
+    const struct {
+        void (*set)(OxVariant&, CXmlObjectBase*, CXmlCollectionBase*);
+        CItemTypeInfo::Storage storage;
+        size_t nWidth;
+    } rows[] = {
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetHexBinary(CBinaryData("ab")); },
+         CItemTypeInfo::Storage_owned, 0},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetBase64Binary(CBinaryData("ab")); },
+         CItemTypeInfo::Storage_owned, 0},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetI1(1); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetI1())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetI2(1); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetI2())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetI4(1); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetI4())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetI8(1); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetI8())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetUI1(1); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetUI1())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetUI2(1); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetUI2())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetUI4(1); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetUI4())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetUI8(1); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetUI8())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetR4(1); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetR4())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetR8(1); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetR8())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetYear(1); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetYear())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetMonth(1); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetMonth())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetDay(1); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetDay())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetChar('a'); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetChar())},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetString("a"); }, CItemTypeInfo::Storage_owned, 0},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase*) { v.SetBoolean(true); }, CItemTypeInfo::Storage_inline,
+         sizeof(OxVariant().GetBoolean())},
+        {[](OxVariant& v, CXmlObjectBase* pObj, CXmlCollectionBase*) { v.SetXmlObject(pObj); },
+         CItemTypeInfo::Storage_reference, 0},
+        {[](OxVariant& v, CXmlObjectBase*, CXmlCollectionBase* pCol) { v.SetXmlCollection(pCol); },
+         CItemTypeInfo::Storage_reference, 0},
+    };
+
+    std::set<int> covered;
+    for (const auto& row : rows) {
+        OxVariant v;
+        row.set(v, pObject, pCollection);
+        const int nType = v.GetTypeAsEnum();
+        SCOPED_TRACE("type " + std::to_string(nType));
+        covered.insert(nType);
+        const CItemTypeInfo& info = CItemTypeInfo::Get(nType);
+        EXPECT_EQ(nType, info.m_eType);
+        EXPECT_EQ(row.storage, info.m_eStorage);
+        EXPECT_EQ(row.nWidth, info.m_nInlineWidth);
+        if (row.storage == CItemTypeInfo::Storage_owned) {
+            OxVariant copy(v);
+            EXPECT_NE(UnionBits(v), UnionBits(copy));
+        } else if (row.storage == CItemTypeInfo::Storage_reference) {
+            CXmlObjectBase* pHeld = v.GetXmlObject().Get();
+            const OxLong nRefsBefore = (pHeld->AddRef(), pHeld->Release());
+            OxVariant copy(v);
+            EXPECT_EQ(UnionBits(v), UnionBits(copy));
+            EXPECT_EQ(nRefsBefore + 1, (pHeld->AddRef(), pHeld->Release()));
+        }
+        EXPECT_EQ(row.storage == CItemTypeInfo::Storage_reference, info.m_pfnToText == nullptr);
+    }
+
+    // Kinds no setter gives yet, and numbers outside the enum: every operation refuses them.
+    for (int nType : {0, 13, 14, 15, 19, 20, 21, 25, 26, -1, 29}) {
+        SCOPED_TRACE("type " + std::to_string(nType));
+        if (nType >= 0 && nType < CItemTypeInfo::Count) {
+            covered.insert(nType);
+            EXPECT_EQ(nType, CItemTypeInfo::Get(nType).m_eType);
+        }
+        const std::string strNoText = "Invalid Type " + std::to_string(nType) + " to convert to string";
+        OxVariant v;
+        EXPECT_OX_THROW(v.FromString("1", static_cast<ItemType>(nType), CWhitespaceUtils::WhitespaceRule_none),
+                        COxException, strNoText);
+        v.m_type = static_cast<ItemType>(nType);
+        EXPECT_OX_THROW(v.ToString(nullptr), COxException, strNoText);
+        if (nType != 0) EXPECT_OX_THROW(OxVariant copy(v), COxException, "Unknown Type");
+        v.m_type = ItemType_invalid;
+    }
+    EXPECT_EQ(static_cast<size_t>(CItemTypeInfo::Count), covered.size());
+
+    // JSON writes the numbers, boolean, decimal and integer bare, everything else quoted.
+    for (int nType = 0; nType < CItemTypeInfo::Count; ++nType) {
+        const bool bBare = (nType >= ItemType_i1 && nType <= ItemType_r8) || nType == ItemType_boolean ||
+                           nType == ItemType_decimal || nType == ItemType_integer;
+        EXPECT_EQ(bBare, CItemTypeInfo::Get(nType).m_bJsonBare) << "type " << nType;
+    }
+}
+
+}  // namespace
