@@ -26,6 +26,7 @@ CXmlCollection::CXmlCollection(const CXmlCollection& other)
 
 CXmlCollection& CXmlCollection::operator=(const CXmlCollection& other) {
     if (this == &other) return *this;
+    CChangeScope scope(this);
     // Build the new chain first, so that a failure leaves this collection as it was.
     CNode* pOldHead = m_pHead;
     CNode* pOldTail = m_pTail;
@@ -46,7 +47,15 @@ CXmlCollection& CXmlCollection::operator=(const CXmlCollection& other) {
     return *this;
 }
 
-CXmlCollection::~CXmlCollection() { Clear(); }
+CXmlCollection::~CXmlCollection() {
+    try {
+        Clear();
+    } catch (...) {
+        // A listener refused: nothing can go on to the caller of a destructor, and the
+        // nodes are freed all the same.
+        DeleteChain(m_pHead);
+    }
+}
 
 void CXmlCollection::AppendNodesOf(const CXmlCollection& other) {
     for (CNode* pNode = other.m_pHead; pNode; pNode = pNode->m_pNext) LinkNewNode(pNode->m_pItem.Get(), nullptr);
@@ -66,53 +75,81 @@ void CXmlCollection::AttributesToXml_Int(CXmlWriter* pWriter, const CSerializati
     }
 }
 
-void CXmlCollection::LinkNewNode(CXmlObjectBase* pItem, CNode* pBefore) {
+CXmlCollection::CNode* CXmlCollection::LinkNewNode(CXmlObjectBase* pItem, CNode* pBefore) {
     CNode* pNode = new CNode(pItem);
-    CNode* pAfter = pBefore ? pBefore->m_pPrev : m_pTail;
-    pNode->m_pPrev = pAfter;
+    pNode->m_pPrev = pBefore ? pBefore->m_pPrev : m_pTail;
     pNode->m_pNext = pBefore;
-    if (pAfter)
-        pAfter->m_pNext = pNode;
+    Relink(pNode);
+    return pNode;
+}
+
+void CXmlCollection::Relink(CNode* pNode) {
+    if (pNode->m_pPrev)
+        pNode->m_pPrev->m_pNext = pNode;
     else
         m_pHead = pNode;
-    if (pBefore)
-        pBefore->m_pPrev = pNode;
+    if (pNode->m_pNext)
+        pNode->m_pNext->m_pPrev = pNode;
     else
         m_pTail = pNode;
     ++m_nCount;
 }
 
-void CXmlCollection::FireInserted(CXmlObjectBase* pItem) {
-    FireOnCollectionAddComplete(pItem);
-    FireOnCollectionChange();
+void CXmlCollection::Unlink(CNode* pNode) {
+    if (pNode->m_pPrev)
+        pNode->m_pPrev->m_pNext = pNode->m_pNext;
+    else
+        m_pHead = pNode->m_pNext;
+    if (pNode->m_pNext)
+        pNode->m_pNext->m_pPrev = pNode->m_pPrev;
+    else
+        m_pTail = pNode->m_pPrev;
+    --m_nCount;
+}
+
+void CXmlCollection::InsertAndTell(CXmlObjectBase* pItem, CNode* pBefore) {
+    CNode* pNode = LinkNewNode(pItem, pBefore);
+    try {
+        FireOnCollectionAddComplete(pItem);
+        FireOnCollectionChange();
+    } catch (...) {
+        // Refused: the list goes back to what it was. The node's links still name its
+        // neighbours, since nothing else could change the list meanwhile.
+        Unlink(pNode);
+        delete pNode;
+        throw;
+    }
 }
 
 void CXmlCollection::PrependItem(CXmlObjectBase* pItem) {
     assert(pItem);
+    CSmartPtr<CXmlObjectBase> pHold(pItem);  // an item passed in fresh dies if it isn't taken
+    CChangeScope scope(this);
     FireOnCollectionAdd(pItem);
-    LinkNewNode(pItem, m_pHead);
-    FireInserted(pItem);
+    InsertAndTell(pItem, m_pHead);
 }
 
 void CXmlCollection::AppendItem(CXmlObjectBase* pItem) {
     assert(pItem);
+    CSmartPtr<CXmlObjectBase> pHold(pItem);
+    CChangeScope scope(this);
     FireOnCollectionAdd(pItem);
-    LinkNewNode(pItem, nullptr);
-    FireInserted(pItem);
+    InsertAndTell(pItem, nullptr);
 }
 
 void CXmlCollection::AddItemAt(int nIndex, CXmlObjectBase* pItem) {
+    assert(pItem);
+    CSmartPtr<CXmlObjectBase> pHold(pItem);
     if (nIndex < 0 || nIndex > m_nCount) throw COxInvalidParamException("Index out of range");
     if (nIndex == m_nCount) {
         AppendItem(pItem);
         return;
     }
-    assert(pItem);
+    CChangeScope scope(this);
     FireOnCollectionAdd(pItem);
     CNode* pNode = m_pHead;
     for (int i = 0; i < nIndex; ++i) pNode = pNode->m_pNext;
-    LinkNewNode(pItem, pNode);
-    FireInserted(pItem);
+    InsertAndTell(pItem, pNode);
 }
 
 void CXmlCollection::AddAfterItem(const CXmlObjectBase* pAfter, CXmlObjectBase* pItem) {
@@ -121,10 +158,11 @@ void CXmlCollection::AddAfterItem(const CXmlObjectBase* pAfter, CXmlObjectBase* 
         return;
     }
     assert(pItem);
+    CSmartPtr<CXmlObjectBase> pHold(pItem);
+    CChangeScope scope(this);
     FireOnCollectionAdd(pItem);
     CNode* pAnchor = GetNodeForItem(pAfter);
-    LinkNewNode(pItem, pAnchor->m_pNext);
-    FireInserted(pItem);
+    InsertAndTell(pItem, pAnchor->m_pNext);
 }
 
 void CXmlCollection::AddBeforeItem(const CXmlObjectBase* pBefore, CXmlObjectBase* pItem) {
@@ -133,10 +171,11 @@ void CXmlCollection::AddBeforeItem(const CXmlObjectBase* pBefore, CXmlObjectBase
         return;
     }
     assert(pItem);
+    CSmartPtr<CXmlObjectBase> pHold(pItem);
+    CChangeScope scope(this);
     FireOnCollectionAdd(pItem);
     CNode* pAnchor = GetNodeForItem(pBefore);
-    LinkNewNode(pItem, pAnchor);
-    FireInserted(pItem);
+    InsertAndTell(pItem, pAnchor);
 }
 
 CXmlCollection::CNode* CXmlCollection::GetNodeAtIndex(int nIndex) const {
@@ -160,24 +199,59 @@ CXmlCollection::CNode* CXmlCollection::GetNodeForItem(const CXmlObjectBase* pIte
 void CXmlCollection::Remove(int nIndex) { RemoveNode(GetNodeAtIndex(nIndex)); }
 
 void CXmlCollection::RemoveNode(CNode* pNode) {
+    CChangeScope scope(this);
     FireOnCollectionRemove(-1);
-    if (pNode->m_pPrev)
-        pNode->m_pPrev->m_pNext = pNode->m_pNext;
-    else
-        m_pHead = pNode->m_pNext;
-    if (pNode->m_pNext)
-        pNode->m_pNext->m_pPrev = pNode->m_pPrev;
-    else
-        m_pTail = pNode->m_pPrev;
-    --m_nCount;
-    // The item may die with its node; the list is consistent before that happens.
+    Unlink(pNode);
+    try {
+        FireOnCollectionRemoveComplete(-1);
+        FireOnCollectionChange();
+    } catch (...) {
+        Relink(pNode);  // refused: back between its old neighbours
+        throw;
+    }
+    // The item may die with its node, once the change stands.
     delete pNode;
-    FireOnCollectionRemoveComplete(-1);
-    FireOnCollectionChange();
 }
 
 void CXmlCollection::Clear() {
-    while (GetCount() >= 1) Remove(0);
+    if (!m_pHead) return;
+    CChangeScope scope(this);
+    // The items leave from the head one by one, each with its events, as repeated removals
+    // of index 0 would have them, but without a lookup per item. The nodes stay chained
+    // behind pRemoved until all have gone, so that a refusal can put them all back.
+    CNode* pRemoved = m_pHead;
+    CNode* pLastRemoved = nullptr;
+    OxLong nRemoved = 0;
+    try {
+        while (m_pHead) {
+            FireOnCollectionRemove(-1);
+            pLastRemoved = m_pHead;
+            m_pHead = pLastRemoved->m_pNext;
+            if (m_pHead)
+                m_pHead->m_pPrev = nullptr;
+            else
+                m_pTail = nullptr;
+            --m_nCount;
+            ++nRemoved;
+            FireOnCollectionRemoveComplete(-1);
+            FireOnCollectionChange();
+        }
+    } catch (...) {
+        if (pLastRemoved) {
+            // The removed nodes still link forward to one another and the last to the new
+            // head; the backward links that a removal cut are mended.
+            for (CNode* pNode = pRemoved; pNode != pLastRemoved; pNode = pNode->m_pNext)
+                pNode->m_pNext->m_pPrev = pNode;
+            if (m_pHead)
+                m_pHead->m_pPrev = pLastRemoved;
+            else
+                m_pTail = pLastRemoved;
+            m_pHead = pRemoved;
+            m_nCount += nRemoved;
+        }
+        throw;
+    }
+    DeleteChain(pRemoved);
 }
 
 }  // namespace OrvexXml

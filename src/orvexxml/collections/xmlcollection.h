@@ -21,7 +21,8 @@ class COxIterator;
 // else holds it. Appending is constant-time; access by index walks from the head.
 //
 // Events carry the item object (as passed in) for add and add complete, and no index for
-// remove and remove complete (null data): the list is not indexed.
+// remove and remove complete (null data): the list is not indexed. A change that a listener
+// refuses by throwing is undone before the exception goes on (see CXmlCollectionBase).
 class ORVEXXML_API CXmlCollection : public CXmlCollectionBase {
 public:
     class ORVEXXML_API CNode {
@@ -42,8 +43,8 @@ public:
     CXmlCollection& operator=(const CXmlCollection& other);
 
     int GetCount() const override { return m_nCount; }
-    // Removes item 0 through the virtual Remove until the list is empty, so that every item
-    // fires its own events.
+    // Removes the items from the head one by one, each firing remove, remove complete and
+    // change as Remove(0) would, in time linear in the count. A refusal puts every item back.
     void Clear() override;
     // Throws COxInvalidParamException for an index outside 0 to count - 1, before any event.
     void Remove(int nIndex) override;
@@ -53,14 +54,16 @@ public:
     COxIterator<CXmlObjectBase> end() const;
 
 protected:
-    // Calls Clear, so each remaining item fires its events.
+    // Calls Clear, so each remaining item fires its events; if a listener refuses, the
+    // nodes are freed without further events.
     ~CXmlCollection() override;
 
     // The attributes of each item, in order.
     void AttributesToXml_Int(CXmlWriter* pWriter, const CSerializationContext& ctx) const override;
 
     // Insertion. Every successful insertion fires add, add complete and change, with the
-    // item as data. pItem must not be null.
+    // item as data. pItem must not be null. The collection takes a reference to pItem at
+    // once, so a fresh item whose insertion fails or is refused is freed.
     void PrependItem(CXmlObjectBase* pItem);
     void AppendItem(CXmlObjectBase* pItem);
     // An index of count appends; outside 0 to count: COxInvalidParamException before any event.
@@ -76,6 +79,7 @@ protected:
     // Compares the items through GetBase(), so any base pointer of an item finds it.
     CNode* GetNodeForItem(const CXmlObjectBase* pItem) const;
     // Unlinks and deletes pNode, releasing its item; fires remove, remove complete and change.
+    // The node is deleted once the events have passed, so a refusal can link it back.
     void RemoveNode(CNode* pNode);
 
     CNode* m_pHead;
@@ -85,9 +89,14 @@ protected:
 private:
     // Creates a node for pItem and links it in front of pBefore, or at the tail when pBefore
     // is null; counts it.
-    void LinkNewNode(CXmlObjectBase* pItem, CNode* pBefore);
-    // The events that end an insertion.
-    void FireInserted(CXmlObjectBase* pItem);
+    CNode* LinkNewNode(CXmlObjectBase* pItem, CNode* pBefore);
+    // Links pNode between the neighbours its own links name, and counts it.
+    void Relink(CNode* pNode);
+    // Takes pNode out of the list, leaving its own links as they were; uncounts it.
+    void Unlink(CNode* pNode);
+    // Links a new node for pItem in front of pBefore (null: at the tail) and fires add
+    // complete and change; a refusal unlinks and deletes the node again.
+    void InsertAndTell(CXmlObjectBase* pItem, CNode* pBefore);
     // Deletes the chain starting at pNode, without events.
     static void DeleteChain(CNode* pNode);
     // Links copies of the nodes of other (sharing their items) behind the tail.

@@ -8,11 +8,14 @@
 
 namespace OrvexXml {
 
-CXmlCollectionBase::CXmlCollectionBase() : m_nMinOccurs(0), m_nMaxOccurs(-1) {}
+CXmlCollectionBase::CXmlCollectionBase() : m_nMinOccurs(0), m_nMaxOccurs(-1), m_bChanging(false) {}
 
 CXmlCollectionBase::CXmlCollectionBase(const char* pszElementName, const char* pszNamespace, int nMinOccurs,
                                        int nMaxOccurs)
-    : m_strNamespace(pszNamespace ? pszNamespace : ""), m_nMinOccurs(nMinOccurs), m_nMaxOccurs(nMaxOccurs) {
+    : m_strNamespace(pszNamespace ? pszNamespace : ""),
+      m_nMinOccurs(nMinOccurs),
+      m_nMaxOccurs(nMaxOccurs),
+      m_bChanging(false) {
     SetElementName(pszElementName);
 }
 
@@ -20,7 +23,8 @@ CXmlCollectionBase::CXmlCollectionBase(const CXmlCollectionBase& other)
     : CXmlObjectBase(other),
       m_strNamespace(other.m_strNamespace),
       m_nMinOccurs(other.m_nMinOccurs),
-      m_nMaxOccurs(other.m_nMaxOccurs) {}
+      m_nMaxOccurs(other.m_nMaxOccurs),
+      m_bChanging(false) {}
 
 CXmlCollectionBase& CXmlCollectionBase::operator=(const CXmlCollectionBase& other) {
     CXmlObjectBase::operator=(other);
@@ -39,6 +43,11 @@ std::string CXmlCollectionBase::GetNamespace() const { return m_strNamespace; }
 std::string CXmlCollectionBase::GetTargetNamespace() const {
     throw COxException(
         "CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection (program logic error)");
+}
+
+void CXmlCollectionBase::ThrowChangeUnderWay() const {
+    throw COxInvalidStateException(FormatString(
+        "The collection [%s] can't be changed while its listeners are told of a change", GetElementName().c_str()));
 }
 
 CXmlCollectionBase::CountState CXmlCollectionBase::GetCountState(const CSerializationContext& ctx) const {

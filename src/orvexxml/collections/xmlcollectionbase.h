@@ -17,6 +17,13 @@ namespace OrvexXml {
 // Listeners hear five events, in this order for a successful change: add, add complete,
 // change; or remove, remove complete, change. The add and remove events come before the
 // change is made, and before it is checked where the concrete class says so.
+//
+// A listener may refuse a change by throwing from any of its events. The change is then
+// undone before the exception goes on to the caller, and the listeners hear nothing more of
+// it: no event tells of the undoing, so a listener that keeps state from the events takes
+// the exception as the end of the change it heard announced. While a collection tells its
+// listeners of a change it refuses any other change of its items with
+// COxInvalidStateException, since a change in between would leave nothing to undo to.
 class ORVEXXML_API CXmlCollectionBase : public CXmlObjectBase {
 public:
     // Element name and namespace empty, minOccurs 0, maxOccurs -1 (unbounded).
@@ -78,12 +85,34 @@ protected:
         }
     }
 
+    // Held by every operation that changes the items, for its whole length, events included.
+    // Throws COxInvalidStateException, before anything happens, if another change of the
+    // same collection is under way.
+    class CChangeScope {
+    public:
+        explicit CChangeScope(CXmlCollectionBase* pCollection) : m_pCollection(pCollection) {
+            if (pCollection->m_bChanging) pCollection->ThrowChangeUnderWay();
+            pCollection->m_bChanging = true;
+        }
+        ~CChangeScope() { m_pCollection->m_bChanging = false; }
+        CChangeScope(const CChangeScope&) = delete;
+        CChangeScope& operator=(const CChangeScope&) = delete;
+
+    private:
+        CXmlCollectionBase* m_pCollection;
+    };
+
     std::string m_strNamespace;
     std::vector<IEventSink*> m_listeners;
     OxLong m_nMinOccurs;
     OxLong m_nMaxOccurs;
 
 private:
+    [[noreturn]] void ThrowChangeUnderWay() const;
+
+    // True while an operation that changes the items runs (see CChangeScope).
+    bool m_bChanging;
+
     enum CountState { CountState_Valid, CountState_TooMany, CountState_TooFew };
     // Which limit the current count breaks first, the maximum being tested before the minimum.
     CountState GetCountState(const CSerializationContext& ctx) const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <type_traits>
@@ -35,7 +36,8 @@ struct CXmlPrimitiveTraits : CItemTypeTraits<eType> {
 // the stored item (of the value added, for bool, whose packed storage has no addresses);
 // remove and remove complete a pointer to the index. The add and remove events come before
 // the index is checked, so a listener may hear an add or remove that then fails, and gets
-// nothing more for it.
+// nothing more for it. A change that a listener refuses by throwing is undone before the
+// exception goes on (see CXmlCollectionBase).
 template <ItemType eType>
 class ORVEXXML_API CXmlPrimitiveCollection : public CXmlTypeCollection, public CInstanceMonitor {
 public:
@@ -63,17 +65,19 @@ public:
     // for an index outside 0 to count - 1. No events.
     ValueType Item(int nIndex) const;
 
-    int GetCount() const override { return static_cast<int>(m_items.size()); }
-    // Removes item 0 through the virtual Remove until no item is left; each fires its events.
+    int GetCount() const override { return static_cast<int>(m_items.size() - m_nCleared); }
+    // Removes the items from the front one by one, each firing remove, remove complete and
+    // change with index 0 as Remove(0) would, in time linear in the count. A refusal puts
+    // every item back.
     void Clear() override;
     // Fires remove, then throws as Item does for a bad index; on success erases the item and
     // fires remove complete and change.
     void Remove(int nIndex) override;
 
     // Direct access to the items. Writing through these bypasses all checks and events.
-    iterator begin() { return m_items.begin(); }
+    iterator begin() { return m_items.begin() + static_cast<std::ptrdiff_t>(m_nCleared); }
     iterator end() { return m_items.end(); }
-    const_iterator begin() const { return m_items.begin(); }
+    const_iterator begin() const { return m_items.begin() + static_cast<std::ptrdiff_t>(m_nCleared); }
     const_iterator end() const { return m_items.end(); }
 
 protected:
@@ -91,6 +95,11 @@ protected:
     void AddFromString(const std::string& strText) override;
 
     std::vector<ValueType> m_items;
+
+private:
+    // While Clear runs, the items it has already taken out, still at the front of m_items
+    // until it ends; 0 at any other time. The items of the collection are those behind them.
+    size_t m_nCleared;
 };
 
 template <ItemType eType>
@@ -102,18 +111,20 @@ CXmlPrimitiveCollection<eType>::CXmlPrimitiveCollection(
     : CXmlTypeCollection(eType, pszElementName, pszNamespace, nMinOccurs, nMaxOccurs, pszPattern, nMinLength,
                          nMaxLength, pszMinInclusive, pszMaxInclusive, pszMinExclusive, pszMaxExclusive, nLength,
                          nTotalDigits, nFractionDigits, eWhitespaceRule, pszFormatOverride),
-      CInstanceMonitor(Traits::ClassName) {}
+      CInstanceMonitor(Traits::ClassName),
+      m_nCleared(0) {}
 
 template <ItemType eType>
 CXmlPrimitiveCollection<eType>::~CXmlPrimitiveCollection() {}
 
 template <ItemType eType>
 void CXmlPrimitiveCollection<eType>::Add(ValueType value) {
-    AddAt(static_cast<int>(m_items.size()), std::move(value));
+    AddAt(GetCount(), std::move(value));
 }
 
 template <ItemType eType>
 void CXmlPrimitiveCollection<eType>::AddAt(int nIndex, ValueType value) {
+    CChangeScope scope(this);  // no Clear under way from here on, so m_nCleared is 0
     FireOnCollectionAdd(&value);
     CheckInsertIndex(nIndex, static_cast<int>(m_items.size()));
     // Facet check: value is to be tested against m_restrictions here, under the element name,
@@ -121,39 +132,70 @@ void CXmlPrimitiveCollection<eType>::AddAt(int nIndex, ValueType value) {
     // m_restrictions)), whose exception leaves the collection unchanged. Values are taken as
     // they are until value validation is part of the library.
     iterator itStored = m_items.insert(m_items.begin() + nIndex, std::move(value));
-    if constexpr (std::is_same<ValueType, bool>::value) {
-        (void)itStored;
-        FireOnCollectionAddComplete(&value);
-    } else {
-        FireOnCollectionAddComplete(&*itStored);
+    try {
+        if constexpr (std::is_same<ValueType, bool>::value) {
+            (void)itStored;
+            FireOnCollectionAddComplete(&value);
+        } else {
+            FireOnCollectionAddComplete(&*itStored);
+        }
+        FireOnCollectionChange();
+    } catch (...) {
+        m_items.erase(m_items.begin() + nIndex);  // refused: the item goes again
+        throw;
     }
-    FireOnCollectionChange();
 }
 
 template <ItemType eType>
 typename CXmlPrimitiveCollection<eType>::ValueType CXmlPrimitiveCollection<eType>::Item(int nIndex) const {
-    CheckItemIndex(nIndex, static_cast<int>(m_items.size()));
-    return m_items[static_cast<size_t>(nIndex)];
+    CheckItemIndex(nIndex, GetCount());
+    return m_items[m_nCleared + static_cast<size_t>(nIndex)];
 }
 
 template <ItemType eType>
 void CXmlPrimitiveCollection<eType>::Clear() {
+    if (m_items.empty()) return;
+    CChangeScope scope(this);
     // Items leave one by one from the front, each with its events. Nobody can observe that
-    // without a listener, so then the vector is emptied at once instead of in quadratic time.
+    // without a listener, so then the vector is emptied at once.
     if (m_listeners.empty()) {
         m_items.clear();
         return;
     }
-    while (!m_items.empty()) Remove(0);
+    // Erasing the front item each time would shift the rest, quadratic in the count. Instead
+    // the front moves past the removed items, which a listener sees gone (count, Item, begin)
+    // while they stay in place, so that a refusal can take them all back by moving it home.
+    try {
+        while (m_nCleared < m_items.size()) {
+            FireOnCollectionRemove(0);
+            ++m_nCleared;
+            FireOnCollectionRemoveComplete(0);
+            FireOnCollectionChange();
+        }
+    } catch (...) {
+        m_nCleared = 0;
+        throw;
+    }
+    m_nCleared = 0;
+    m_items.clear();
 }
 
 template <ItemType eType>
 void CXmlPrimitiveCollection<eType>::Remove(int nIndex) {
+    CChangeScope scope(this);  // no Clear under way from here on, so m_nCleared is 0
     FireOnCollectionRemove(nIndex);
-    CheckItemIndex(nIndex, static_cast<int>(m_items.size()));
+    CheckItemIndex(nIndex, GetCount());
+    // Kept until the events have passed: a refusal puts it back where it was. The vector has
+    // room for it again, so that insertion doesn't allocate.
+    ValueType removed = std::move(m_items[static_cast<size_t>(nIndex)]);
     m_items.erase(m_items.begin() + nIndex);
-    FireOnCollectionRemoveComplete(nIndex);
-    FireOnCollectionChange();
+    try {
+        FireOnCollectionRemoveComplete(nIndex);
+        FireOnCollectionChange();
+    } catch (...) {
+        m_items.insert(m_items.begin() + nIndex, std::move(removed));
+        throw;
+    }
 }
 
 template <ItemType eType>
@@ -161,7 +203,7 @@ void CXmlPrimitiveCollection<eType>::ToXml_Int(CXmlWriter* pWriter, bool, const 
                                                bool) const {
     ValidateCount(ctx);
     const std::string& strName = GetElementName();
-    for (const_iterator it = m_items.begin(); it != m_items.end(); ++it) {
+    for (const_iterator it = begin(); it != end(); ++it) {
         pWriter->WriteStartElement(strName, m_strNamespace);
         pWriter->WriteElementText(Traits::ToText(*it, m_strFormatOverride.c_str()), eType, false);
         pWriter->WriteEndElement();
@@ -172,7 +214,7 @@ template <ItemType eType>
 CXmlElement* CXmlPrimitiveCollection<eType>::FromXml_Int(CXmlElement*, CXmlElement* pFirstChild,
                                                          const CSerializationContext& ctx, bool) {
     return ReadItems(pFirstChild, ctx, [this](const std::string& strText) {
-        AddAt(static_cast<int>(m_items.size()), Traits::FromText(strText, m_eWhitespaceRule));
+        AddAt(GetCount(), Traits::FromText(strText, m_eWhitespaceRule));
     });
 }
 
