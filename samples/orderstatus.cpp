@@ -2,6 +2,7 @@
 #include "orderstatus.h"
 
 #include <cstring>
+#include <vector>
 
 using namespace OrvexXml;
 
@@ -46,11 +47,17 @@ COrderStatusCol::COrderStatusCol(const char* pszElementName, const char* pszName
 COrderStatusCol::~COrderStatusCol() {}
 
 void COrderStatusCol::AddAt(int nIndex, OrderStatus value) {
+    CChangeScope scope(this);
     FireOnCollectionAdd(&value);
     if (nIndex < 0 || nIndex > GetCount()) throw COxInvalidParamException("Index out of range");
     m_items.insert(m_items.begin() + nIndex, value);
-    FireOnCollectionAddComplete(&value);
-    FireOnCollectionChange();
+    try {
+        FireOnCollectionAddComplete(&value);
+        FireOnCollectionChange();
+    } catch (...) {
+        m_items.erase(m_items.begin() + nIndex);  // a refused addition leaves no trace
+        throw;
+    }
 }
 
 OrderStatus COrderStatusCol::Item(int nIndex) const {
@@ -60,18 +67,43 @@ OrderStatus COrderStatusCol::Item(int nIndex) const {
     return m_items[static_cast<size_t>(nIndex)];
 }
 
+// Removes from the front, one item at a time with the events of Remove(0); the front of a
+// deque goes in constant time. A refusal puts every item back.
 void COrderStatusCol::Clear() {
-    while (!m_items.empty()) Remove(0);
+    CChangeScope scope(this);
+    std::vector<OrderStatus> removed;
+    removed.reserve(m_items.size());
+    try {
+        while (!m_items.empty()) {
+            OrderStatus value = m_items.front();
+            RemoveOne(0);
+            removed.push_back(value);
+        }
+    } catch (...) {
+        m_items.insert(m_items.begin(), removed.begin(), removed.end());
+        throw;
+    }
 }
 
 void COrderStatusCol::Remove(int nIndex) {
+    CChangeScope scope(this);
+    RemoveOne(nIndex);
+}
+
+void COrderStatusCol::RemoveOne(int nIndex) {
     FireOnCollectionRemove(nIndex);
     if (nIndex < 0 || nIndex >= GetCount()) {
         throw COxInvalidParamException(FormatString("Index %d is out of range, use 0 - %d", nIndex, GetCount() - 1));
     }
+    OrderStatus value = m_items[static_cast<size_t>(nIndex)];
     m_items.erase(m_items.begin() + nIndex);
-    FireOnCollectionRemoveComplete(nIndex);
-    FireOnCollectionChange();
+    try {
+        FireOnCollectionRemoveComplete(nIndex);
+        FireOnCollectionChange();
+    } catch (...) {
+        m_items.insert(m_items.begin() + nIndex, value);  // a refused removal leaves no trace
+        throw;
+    }
 }
 
 void COrderStatusCol::ToXml_Int(CXmlWriter* pWriter, bool, const char*, const CSerializationContext& ctx, bool) const {

@@ -3,6 +3,7 @@
 
 #include <orvexxml/orvexxml.h>
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -33,8 +34,8 @@ public:
     void Clear() override;
     void Remove(int nIndex) override;
 
-    std::vector<OrderStatus>::const_iterator begin() const { return m_items.begin(); }
-    std::vector<OrderStatus>::const_iterator end() const { return m_items.end(); }
+    std::deque<OrderStatus>::const_iterator begin() const { return m_items.begin(); }
+    std::deque<OrderStatus>::const_iterator end() const { return m_items.end(); }
 
 protected:
     ~COrderStatusCol() override;
@@ -43,7 +44,9 @@ protected:
     void AddFromString(const std::string& strText) override;
 
 private:
-    std::vector<OrderStatus> m_items;
+    void RemoveOne(int nIndex);
+
+    std::deque<OrderStatus> m_items;
 };
 
 }  // namespace Samples

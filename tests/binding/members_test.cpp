@@ -174,8 +174,11 @@ TEST(ChoiceMembers, GeneratedSelectionFollowsTheCollections) {
     EXPECT_EQ(selection->GetChoiceSelectedElement(), "Number");
     EXPECT_EQ(Thrown([&] { selection->GetWord().Add("w"); }),
               "The Property [Number] is already set. Only one element within this class bay be set at a time");
-    // The refused item is gone again, not kept for writing to drop.
+    // The refused item is gone again, not kept for writing to drop; so in the generated
+    // enumeration collection.
     EXPECT_EQ(selection->GetWord().GetCount(), 0);
+    EXPECT_THROW(selection->GetStatus().Add(OrderStatus_shipped), COxException);
+    EXPECT_EQ(selection->GetStatus().GetCount(), 0);
     EXPECT_EQ(Flat(selection), "<Selection><Number>7</Number></Selection>");
     selection->GetWord().Clear();
     selection->GetNumber().Clear();
