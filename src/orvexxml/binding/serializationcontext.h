@@ -88,7 +88,7 @@ public:
     // safe on a thread stack of 1 MiB. Values below 1 are refused.
     int32_t GetMaxDepth() const { return m_nMaxDepth; }
     void SetMaxDepth(int32_t nDepth);
-    static constexpr int32_t DefaultMaxDepth = 1000;
+    static constexpr int32_t DefaultMaxDepth = 256;
 
     // The additional root attributes and the JSON and Fast Infoset sub-contexts join this
     // class with the subsystems that define them.
