@@ -117,92 +117,6 @@ TEST(WrittenCharacters, UncheckedWritesAsTheEscaperDoesCheckedReadsFromTheRootDo
         OrvexBindTest::RaisedBy([&] { Flat(record, checking); }).strMessage);
 }
 
-// A class that holds one object of its own kind under the element "Nest": any depth of
-// nesting, in both walks.
-class CNest;
-
-class CNestElementInfo : public CElementInfo {
-public:
-    CNestElementInfo() : CElementInfo("Nest", "", 0) {}
-
-protected:
-    bool ElementToXml(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
-                      CXmlWriter* pWriter) const override {
-        OxVariant value;
-        ReadProperty(pClass, value);
-        if (!value.IsValid()) return false;
-        CSmartPtr<CXmlObjectBase> child = value.GetXmlObject();
-        ToXml_Int(child, pWriter, false, "", ctx, false);
-        return true;
-    }
-    bool ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement*,
-                        CXmlElement** ppCurrent, const char*, XmlElementType) override;
-};
-
-class CNest : public CXmlGeneratedClass {
-public:
-    CNest() { SetElementName("Nest"); }
-    CXmlObjectBase* GetBase() override { return this; }
-    std::string GetNamespace() const override { return ""; }
-    std::string GetTargetNamespace() const override { return ""; }
-    void ExchangeProperty(int, bool bRead, OxVariant& value) override {
-        if (!bRead)
-            m_child = value.GetXmlObject();
-        else if (m_child)
-            value.SetXmlObject(m_child);
-    }
-    CParentElementInfo* GetParentElementInfo() const override { return &ms_parent; }
-    CElementInfo** GetClassElementInfo() const override { return ms_elements; }
-    CAttributeInfo** GetClassAttributeInfo() const override { return NoAttributes(); }
-    void ResetToDefaults() override { m_child = nullptr; }
-
-    // A chain of nLevels objects, built and taken down without recursion.
-    static CSmartPtr<CNest> Chain(int32_t nLevels) {
-        CSmartPtr<CNest> root = new CNest();
-        CNest* p = root;
-        for (int32_t i = 1; i < nLevels; ++i) {
-            p->m_child = new CNest();
-            p = static_cast<CNest*>(static_cast<CXmlObjectBase*>(p->m_child));
-        }
-        return root;
-    }
-    static int32_t Levels(CNest* p) {
-        int32_t n = 0;
-        for (; p; p = static_cast<CNest*>(static_cast<CXmlObjectBase*>(p->m_child))) ++n;
-        return n;
-    }
-    // Unlinks the chain level by level, so that no release recurses through it.
-    static void TakeDown(CSmartPtr<CNest>& root) {
-        CSmartPtr<CXmlObjectBase> next = root ? root->m_child : nullptr;
-        root = nullptr;
-        while (next) {
-            CSmartPtr<CXmlObjectBase> after = static_cast<CNest*>(static_cast<CXmlObjectBase*>(next))->m_child;
-            static_cast<CNest*>(static_cast<CXmlObjectBase*>(next))->m_child = nullptr;
-            next = after;
-        }
-    }
-
-    CSmartPtr<CXmlObjectBase> m_child;
-
-    static inline CParentElementInfo ms_parent =
-        CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "Nest", "", true, false, -1,
-                           ItemType_invalid, nullptr, false);
-    static inline CNestElementInfo ms_child;
-    static inline CElementInfo* ms_elements[2] = {&ms_child, nullptr};
-};
-
-bool CNestElementInfo::ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement*,
-                                      CXmlElement** ppCurrent, const char*, XmlElementType) {
-    if (!IsThisElement(ctx, *ppCurrent)) return false;
-    CSmartPtr<CNest> child = new CNest();
-    FromXml_Int(child, *ppCurrent, (*ppCurrent)->GetFirstElement(), ctx, false);
-    OxVariant value;
-    value.SetXmlObject(child);
-    InvokePropertySet(pClass, value, **ppCurrent);
-    *ppCurrent = (*ppCurrent)->GetNextSiblingElement();
-    return true;
-}
-
 std::string NestPath(int32_t nLevels) {
     std::string strPath;
     for (int32_t i = 0; i < nLevels; ++i) strPath += "/Nest";
@@ -240,13 +154,13 @@ TEST(NestingDepth, TheLevelPastTheLimitIsRefusedInBothWalksOnASmallStack) {
         CSerializationContext roomy;
         roomy.SetMaxDepth(nLimit + 1);
         OnSmallStack([&] {
-            CSmartPtr<CNest> atLimit = CNest::Chain(nLimit);
+            CSmartPtr<CTestNest> atLimit = CTestNest::Chain(nLimit);
             const std::string strAtLimit = Flat(atLimit, ctx);
-            CSmartPtr<CNest> read = new CNest();
+            CSmartPtr<CTestNest> read = new CTestNest();
             read->FromXml(strAtLimit.c_str(), ctx);
-            EXPECT_EQ(nLimit, CNest::Levels(read));
+            EXPECT_EQ(nLimit, CTestNest::Levels(read));
 
-            CSmartPtr<CNest> pastLimit = CNest::Chain(nLimit + 1);
+            CSmartPtr<CTestNest> pastLimit = CTestNest::Chain(nLimit + 1);
             try {
                 Flat(pastLimit, ctx);
                 ADD_FAILURE() << "a tree one level past the limit was written";
@@ -266,9 +180,9 @@ TEST(NestingDepth, TheLevelPastTheLimitIsRefusedInBothWalksOnASmallStack) {
             doc.LoadXml(strPastLimit.c_str());
             EXPECT_EQ(DepthMessage(nLimit) + "\nPath: " + NestPath(nLimit + 1),
                       OrvexBindTest::RaisedBy([&] { read->FromXmlElement(doc.GetDocumentElement(), ctx); }).strMessage);
-            CNest::TakeDown(atLimit);
-            CNest::TakeDown(read);
-            CNest::TakeDown(pastLimit);
+            CTestNest::TakeDown(atLimit);
+            CTestNest::TakeDown(read);
+            CTestNest::TakeDown(pastLimit);
         });
     }
 }

@@ -22,8 +22,8 @@ COXCriticalSection CXmlGeneratedClass::m_csInit;
 namespace {
 
 // Levels of object walks running on this thread. The walks recurse once per object, and a
-// group class opens no element, so the element limits of the document and the writer alone
-// don't bound them (nor an object tree that holds itself). The count is per thread because
+// pseudo-element class opens no element, so the element limits of the document and the writer
+// alone don't bound them (nor an object tree that holds itself). The count is per thread because
 // the stack it protects is; a walk started from inside another adds to it.
 thread_local int32_t t_nWalkDepth = 0;
 
