@@ -297,4 +297,92 @@ public:
     int m_nResets;
 };
 
+// A class that holds one object of its own kind under the element "Nest": any depth of
+// nesting, in both walks.
+class CTestNest;
+
+class CTestNestElementInfo : public CElementInfo {
+public:
+    CTestNestElementInfo() : CElementInfo("Nest", "", 0) {}
+
+protected:
+    bool ElementToXml(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
+                      CXmlWriter* pWriter) const override {
+        OxVariant value;
+        ReadProperty(pClass, value);
+        if (!value.IsValid()) return false;
+        CSmartPtr<CXmlObjectBase> child = value.GetXmlObject();
+        ToXml_Int(child, pWriter, false, "", ctx, false);
+        return true;
+    }
+    bool ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement*,
+                        CXmlElement** ppCurrent, const char*, XmlElementType) override;
+};
+
+class CTestNest : public CXmlGeneratedClass {
+public:
+    CTestNest() { SetElementName("Nest"); }
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetNamespace() const override { return ""; }
+    std::string GetTargetNamespace() const override { return ""; }
+    void ExchangeProperty(int, bool bRead, OxVariant& value) override {
+        if (!bRead)
+            m_child = value.GetXmlObject();
+        else if (m_child)
+            value.SetXmlObject(m_child);
+    }
+    CParentElementInfo* GetParentElementInfo() const override { return &ms_parent; }
+    CElementInfo** GetClassElementInfo() const override { return ms_elements; }
+    CAttributeInfo** GetClassAttributeInfo() const override { return NoAttributes(); }
+    void ResetToDefaults() override { m_child = nullptr; }
+    // The object the reading walk makes for a child element.
+    virtual CTestNest* CreateChild() const { return new CTestNest(); }
+
+    // A chain of nLevels objects, built and taken down without recursion.
+    static CSmartPtr<CTestNest> Chain(int32_t nLevels) {
+        CSmartPtr<CTestNest> root = new CTestNest();
+        CTestNest* p = root;
+        for (int32_t i = 1; i < nLevels; ++i) {
+            p->m_child = new CTestNest();
+            p = static_cast<CTestNest*>(static_cast<CXmlObjectBase*>(p->m_child));
+        }
+        return root;
+    }
+    static int32_t Levels(CTestNest* p) {
+        int32_t n = 0;
+        for (; p; p = static_cast<CTestNest*>(static_cast<CXmlObjectBase*>(p->m_child))) ++n;
+        return n;
+    }
+    // Unlinks the chain level by level, so that no release recurses through it.
+    static void TakeDown(CSmartPtr<CTestNest>& root) {
+        CSmartPtr<CXmlObjectBase> next = root ? root->m_child : nullptr;
+        root = nullptr;
+        while (next) {
+            CSmartPtr<CXmlObjectBase> after = static_cast<CTestNest*>(static_cast<CXmlObjectBase*>(next))->m_child;
+            static_cast<CTestNest*>(static_cast<CXmlObjectBase*>(next))->m_child = nullptr;
+            next = after;
+        }
+    }
+
+    CSmartPtr<CXmlObjectBase> m_child;
+
+    static inline CParentElementInfo ms_parent =
+        CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "Nest", "", true, false, -1,
+                           ItemType_invalid, nullptr, false);
+    static inline CTestNestElementInfo ms_child;
+    static inline CElementInfo* ms_elements[2] = {&ms_child, nullptr};
+};
+
+inline bool CTestNestElementInfo::ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                                 CXmlElement*, CXmlElement** ppCurrent, const char*, XmlElementType) {
+    if (!IsThisElement(ctx, *ppCurrent)) return false;
+    CSmartPtr<CTestNest> child = static_cast<CTestNest*>(pClass)->CreateChild();
+    FromXml_Int(child, *ppCurrent, (*ppCurrent)->GetFirstElement(), ctx, false);
+    OxVariant value;
+    value.SetXmlObject(child);
+    InvokePropertySet(pClass, value, **ppCurrent);
+    *ppCurrent = (*ppCurrent)->GetNextSiblingElement();
+    return true;
+}
+
 }  // namespace OrvexTest

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <random>
 #include <string>
+#include <typeinfo>
 #include <utility>
 
 #include "orvexxml/infrastructure/exceptions.h"
@@ -174,6 +176,52 @@ TEST_F(XmlTextWriterTest, TextAndAttributeEscaping) {
         Text());
 }
 
+// With checking on, a value XML can't carry is refused before any of it is written, in an
+// attribute (of a nested element in a namespace, or the root) as in text; unchecked, the
+// same values go out byte for byte, and what passes the check is written the same either way.
+TEST_F(XmlTextWriterTest, CheckedCharactersRefuseTheValueWithItsPathAndWriteNothingOfIt) {
+    const std::string kBad =
+        "a\x1F"
+        "b";
+    const std::string kFine = "t\tn\ne\xC3\xA9\x7F";
+    m_writer.SetCheckCharacters(true);
+    Open("r");
+    Attr("ok", kFine);
+    const std::string strBefore = Text();
+    struct {
+        std::function<void()> write;
+        const char* pszPath;
+    } const cases[] = {
+        {[&] { Attr("v", kBad); }, "/r/@v"},
+        {[&] { Attr("w", std::string("\0", 1), "urn:x"); }, "/r/@w"},
+        {[&] { m_writer.WriteElementText(kBad, ItemType_string, false); }, "/r"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.pszPath);
+        try {
+            c.write();
+            ADD_FAILURE() << "the value was written";
+        } catch (const COxException& e) {
+            EXPECT_EQ(typeid(COxInvalidValueException), typeid(e));
+            EXPECT_EQ(c.pszPath, e.GetPath());
+        }
+        EXPECT_EQ(strBefore, Text());
+    }
+    m_writer.SetCheckCharacters(false);
+    Attr("v", kBad);  // the start tag of r is still open: nothing was written into it
+    m_writer.SetCheckCharacters(true);
+    Open("s");
+    m_writer.WriteElementText(kFine, ItemType_string, false);
+    Close();
+    m_writer.SetCheckCharacters(false);
+    m_writer.WriteElementText(kBad, ItemType_string, false);
+    Close();
+    EXPECT_EQ(
+        "<r ok=\"t\tn&#xA;e\xC3\xA9\x7F\" v=\"a\x1F"
+        "b\">\n\t<s>t\tn\ne\xC3\xA9\x7F</s>\na\x1F"
+        "b</r>\n",
+        Text());
+}
 // A value that begins with a CDATA section keeps its complete sections; the text around them
 // is escaped, and so is an unterminated section, so no value can close its element or add
 // markup. Each document is read back by our own reader, with CDATA kept, to the same values.

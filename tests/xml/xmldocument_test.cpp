@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <stdexcept>
 #include <string>
+#include <typeinfo>
 #include <vector>
 
 #include "orvexxml/binding/serializationcontext.h"
@@ -242,7 +244,10 @@ TEST(XmlDocumentHostile, MillionLevelsDeepBuildsWalksAndDies) {
     strXml += "x";
     for (size_t i = 0; i < nDepth; ++i) strXml += "</a>";
     {
-        CXmlDocument doc;
+        // Far above the default limit of the walks: the tree alone takes any depth allowed.
+        CSerializationContext ctx;
+        ctx.SetMaxDepth(static_cast<int32_t>(nDepth));
+        CXmlDocument doc(ctx);
         doc.LoadXml(strXml.c_str());
         const CXmlElement* pDeepest = doc.GetDocumentElement();
         size_t nLevels = 1;
@@ -256,6 +261,56 @@ TEST(XmlDocumentHostile, MillionLevelsDeepBuildsWalksAndDies) {
         EXPECT_EQ(2 * nDepth, strPath.size());
         EXPECT_EQ("/a/a/a", strPath.substr(strPath.size() - 6));
     }  // the destructor takes the deep tree down
+}
+
+// A document exactly at the limit loads; one level more is refused at its first element too
+// deep, with the limit in the message and that element's path, from text and from bytes.
+TEST(XmlDocumentHostile, DepthLimitRefusesTheFirstLevelPastIt) {
+    auto Nest = [](int32_t nLevels) {
+        std::string strXml;
+        for (int32_t i = 0; i < nLevels; ++i) strXml += "<a>";
+        for (int32_t i = 0; i < nLevels; ++i) strXml += "</a>";
+        return strXml;
+    };
+    const int32_t nDefault = CSerializationContext::DefaultMaxDepth;
+    struct {
+        int32_t nLimit;
+        std::string strAtLimit;
+        std::string strPastLimit;
+        std::string strPath;
+    } const cases[] = {
+        {1, "<a x='1'>t</a>", "<a x='1'>t<b/></a>", "/a/b"},
+        {3, "<a><b/><b><c/></b></a>", "<a><b/><b><c><d x='1'/></c></b></a>", "/a/b[2]/c/d"},
+        {nDefault, Nest(nDefault), Nest(nDefault + 1), std::string()},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.nLimit);
+        CSerializationContext ctx;
+        if (c.nLimit != nDefault) ctx.SetMaxDepth(c.nLimit);
+        CXmlDocument doc(ctx);
+        EXPECT_NO_THROW(doc.LoadXml(c.strAtLimit.c_str()));
+        const std::string strMessage = "The element is nested deeper than the limit of " + std::to_string(c.nLimit) +
+                                       " levels; raise MaxDepth of the context if such a document is intended.";
+        std::string strBytes = c.strPastLimit;
+        const std::vector<std::function<void()>> loads = {
+            [&] { doc.LoadXml(c.strPastLimit.c_str()); },
+            [&] { doc.LoadXmlStream(reinterpret_cast<unsigned char*>(&strBytes[0]), strBytes.size()); },
+        };
+        for (const auto& load : loads) {
+            try {
+                load();
+                ADD_FAILURE() << "a document one level past the limit was loaded";
+            } catch (const COxException& e) {
+                EXPECT_EQ(typeid(COxValidationException), typeid(e));
+                if (!c.strPath.empty()) {
+                    EXPECT_EQ(c.strPath, e.GetPath());
+                } else {
+                    EXPECT_EQ(static_cast<size_t>(2 * (c.nLimit + 1)), e.GetPath().size());  // "/a" a level
+                }
+                EXPECT_EQ(strMessage + "\nPath: " + e.GetPath(), e.GetMessage());
+            }
+        }
+    }
 }
 
 TEST(XmlDocumentHostile, HugeTokensAndMillionSiblings) {

@@ -16,7 +16,9 @@ CSerializationContext::CSerializationContext()
       m_bNoOptionalAttributeDefaultOutput(false),
       m_bWriteDefaultElementValues(false),
       m_bStripCDATA(true),
-      m_strIndentChars("\t") {}
+      m_strIndentChars("\t"),
+      m_bCheckCharacters(false),
+      m_nMaxDepth(DefaultMaxDepth) {}
 
 CSerializationContext::~CSerializationContext() {}
 
@@ -55,6 +57,11 @@ void CSerializationContext::SetIndentChars(const char* pszIndent) {
         }
     }
     m_strIndentChars = strIndent;
+}
+
+void CSerializationContext::SetMaxDepth(int32_t nDepth) {
+    if (nDepth < 1) throw COxInvalidParamException("MaxDepth must be at least 1, the level of the root element");
+    m_nMaxDepth = nDepth;
 }
 
 }  // namespace OrvexXml

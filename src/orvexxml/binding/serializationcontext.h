@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -74,6 +75,21 @@ public:
     const std::string& GetIndentChars() const { return m_strIndentChars; }
     void SetIndentChars(const char* pszIndent);
 
+    // Off by default. On, a value holding a byte that XML 1.0 text can't carry (a control
+    // character other than tab, LF and CR, or a null byte inside the string) is refused with
+    // COxInvalidValueException and the element's path instead of being written. Off, such
+    // bytes are written as they are and a null byte ends the value.
+    bool GetCheckCharacters() const { return m_bCheckCharacters; }
+    void SetCheckCharacters(bool bValue) { m_bCheckCharacters = bValue; }
+
+    // The deepest element nesting that reading and writing accept, the root being level 1.
+    // A document or object tree one level deeper is refused with COxValidationException
+    // before the walks, which recurse once per level, can exhaust the stack. The default is
+    // safe on a thread stack of 1 MiB. Values below 1 are refused.
+    int32_t GetMaxDepth() const { return m_nMaxDepth; }
+    void SetMaxDepth(int32_t nDepth);
+    static constexpr int32_t DefaultMaxDepth = 256;
+
     // The additional root attributes and the JSON and Fast Infoset sub-contexts join this
     // class with the subsystems that define them.
 
@@ -94,6 +110,8 @@ private:
     bool m_bWriteDefaultElementValues;
     bool m_bStripCDATA;
     std::string m_strIndentChars;
+    bool m_bCheckCharacters;
+    int32_t m_nMaxDepth;
 };
 
 }  // namespace OrvexXml

@@ -19,9 +19,38 @@ namespace OrvexXml {
 
 COXCriticalSection CXmlGeneratedClass::m_csInit;
 
+namespace {
+
+// Levels of object walks running on this thread. The walks recurse once per object, and a
+// pseudo-element class opens no element, so the element limits of the document and the writer
+// alone don't bound them (nor an object tree that holds itself). The count is per thread because
+// the stack it protects is; a walk started from inside another adds to it.
+thread_local int32_t t_nWalkDepth = 0;
+
+class CWalkLevel {
+public:
+    CWalkLevel() { ++t_nWalkDepth; }
+    ~CWalkLevel() { --t_nWalkDepth; }
+    CWalkLevel(const CWalkLevel&) = delete;
+    CWalkLevel& operator=(const CWalkLevel&) = delete;
+    bool IsTooDeep(const CSerializationContext& ctx) const { return t_nWalkDepth > ctx.GetMaxDepth(); }
+};
+
+std::string TooDeepMessage(const CSerializationContext& ctx) {
+    return FormatString(
+        "The element is nested deeper than the limit of %d levels; raise MaxDepth of the context if such a document "
+        "is intended.",
+        ctx.GetMaxDepth());
+}
+
+}  // namespace
+
 void CXmlGeneratedClass::ToXml_Int(CXmlWriter* pWriter, bool bRoot, const char* pszNamespace,
                                    const CSerializationContext& ctx, bool bOptionalChoice) const {
     try {
+        CWalkLevel level;
+        if (level.IsTooDeep(ctx))
+            throw COxValidationException(TooDeepMessage(ctx), pWriter->GetElementPath() + "/" + GetElementName());
         CParentElementInfo* pInfo = GetParentElementInfo();
         const bool bElement = pInfo->GetElementType() == XmlElementType_Element;
         if (bElement) {
@@ -200,6 +229,8 @@ bool EqualsNoCase(const std::string& strText, const char* pszWord) {
 CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* pElement, CXmlElement* pFirstChild,
                                              const CSerializationContext& ctx, bool bOptionalChoice) {
     try {
+        CWalkLevel level;
+        if (level.IsTooDeep(ctx)) throw COxValidationException(TooDeepMessage(ctx), pElement->GetXPath());
         ResetToDefaults();
         CParentElementInfo* pInfo = GetParentElementInfo();
         if (pInfo->GetElementType() == XmlElementType_Element) SetElementName(pElement->GetLocalName().c_str());

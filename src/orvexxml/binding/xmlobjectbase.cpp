@@ -75,6 +75,8 @@ void CXmlObjectBase::WriteDocument(CXmlTextWriter& writer, bool bHeader, bool bF
     writer.SetIndentChars(ctx.GetIndentChars().c_str());
     writer.SetEOLType(eEOL);
     writer.SetWriteDefaultValues(ctx.GetWriteDefaultElementValues());
+    writer.SetCheckCharacters(ctx.GetCheckCharacters());
+    writer.SetMaxDepth(ctx.GetMaxDepth());
     if (bHeader) writer.WriteHeader();
     std::string strNamespace = GetTargetNamespace();
     ToXml_Int(&writer, true, strNamespace.c_str(), ctx, false);

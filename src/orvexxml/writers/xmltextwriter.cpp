@@ -1,10 +1,12 @@
 #include "orvexxml/writers/xmltextwriter.h"
 
+#include <cstdint>
 #include <cstring>
 #include <string>
 #include <string_view>
 
 #include "orvexxml/infrastructure/exceptions.h"
+#include "orvexxml/infrastructure/formatstring.h"
 
 namespace OrvexXml {
 
@@ -54,6 +56,8 @@ CXmlTextWriter::CXmlTextWriter(const char* pszClassName, CTextStream* pStream)
       m_strEOL("\n"),
       m_eEOLType(EOLType_LF),
       m_bFormatted(true),
+      m_bCheckCharacters(false),
+      m_nMaxDepth(INT32_MAX),
       m_pStream(pStream) {}
 
 CXmlTextWriter::~CXmlTextWriter() {}
@@ -165,6 +169,14 @@ void CXmlTextWriter::WriteRaw(const std::string& strText) {
 }
 
 void CXmlTextWriter::WriteStartElement(const std::string& strName, const std::string& strNamespace) {
+    // m_nDepth counts from 0 at the root; the limit counts levels from 1.
+    if (m_pContext && m_pContext->m_nDepth + 2 > static_cast<uint32_t>(m_nMaxDepth)) {
+        throw COxValidationException(
+            FormatString("The element is nested deeper than the limit of %d levels; raise MaxDepth of the "
+                         "context if such a document is intended.",
+                         m_nMaxDepth),
+            GetElementPath() + "/" + strName);
+    }
     CloseStartTag();
     CXmlWriterContext* pNew = CreateContext(strName, strNamespace);
     try {
@@ -221,6 +233,7 @@ void CXmlTextWriter::WriteStartElement(const std::string& strName, const std::st
 void CXmlTextWriter::WriteElementText(const std::string& strValue, ItemType /*eType*/, bool bIsDefaultValue) {
     if (strValue.empty()) return;
     if (bIsDefaultValue && !m_bWriteDefaultValues) return;
+    if (m_bCheckCharacters) CheckCharacters(strValue, nullptr);
     if (m_pContext && m_pContext->m_bInStartTag) {
         m_pStream->WriteChar('>');
         m_pContext->m_bInStartTag = false;
@@ -262,6 +275,7 @@ void CXmlTextWriter::WriteEndElement() {
 void CXmlTextWriter::WriteAttribute(const std::string& strName, const std::string& strNamespace,
                                     const std::string& strValue, ItemType /*eType*/) {
     CheckInStartTag();
+    if (m_bCheckCharacters) CheckCharacters(strValue, strName.c_str());
     m_pStream->WriteChar(' ');
     if (!strNamespace.empty()) {
         // Unprefixed attributes are in no namespace, so even the default namespace needs a
@@ -342,6 +356,22 @@ void CXmlTextWriter::WriteCDataText(const char* pszValue) {
         }
         EscapeAndWrite(std::string(value.substr(nPos, nNext - nPos)).c_str(), false);
         nPos = nNext;
+    }
+}
+
+void CXmlTextWriter::CheckCharacters(const std::string& strValue, const char* pszAttribute) const {
+    // XML 1.0 allows tab, LF and CR below 0x20 and nothing else, not even as a character
+    // reference. Bytes from 0x80 up belong to the local encoding and are its business.
+    for (size_t i = 0; i < strValue.size(); ++i) {
+        const unsigned char c = static_cast<unsigned char>(strValue[i]);
+        if (c >= 0x20 || c == '\t' || c == '\n' || c == '\r') continue;
+        std::string strPath = GetElementPath();
+        if (pszAttribute) strPath.append("/@").append(pszAttribute);
+        throw COxInvalidValueException(COxException(
+            FormatString("The value holds the byte 0x%02X at offset %d, which XML 1.0 can't carry; remove it, or "
+                         "store the data as binary (base64) instead of text.",
+                         c, static_cast<int>(i)),
+            strPath));
     }
 }
 

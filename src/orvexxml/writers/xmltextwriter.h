@@ -48,6 +48,17 @@ public:
     void SetIndentChars(const char* pszIndentChars);
     bool GetWriteDefaultValues() const { return m_bWriteDefaultValues; }
     void SetWriteDefaultValues(bool bWriteDefaultValues) { m_bWriteDefaultValues = bWriteDefaultValues; }
+    // Off by default: element text and attribute values are written byte for byte, and a null
+    // byte ends the value. On, a value holding a byte that XML 1.0 can't carry (below 0x20
+    // other than tab, LF and CR, or a null byte inside the string) throws
+    // COxInvalidValueException with the path of the element or attribute, before anything of
+    // the value is written.
+    bool GetCheckCharacters() const { return m_bCheckCharacters; }
+    void SetCheckCharacters(bool bCheckCharacters) { m_bCheckCharacters = bCheckCharacters; }
+    // The deepest element level WriteStartElement accepts, the root being level 1. One level
+    // deeper throws COxValidationException with the limit and the element's path.
+    int32_t GetMaxDepth() const { return m_nMaxDepth; }
+    void SetMaxDepth(int32_t nMaxDepth) { m_nMaxDepth = nMaxDepth; }
 
     // The XML declaration, naming the stream's encoding if it has one to name.
     void WriteHeader();
@@ -76,6 +87,8 @@ protected:
     std::string m_strEOL;          // line end of m_eEOLType
     EOLType m_eEOLType;
     bool m_bFormatted;
+    bool m_bCheckCharacters;
+    int32_t m_nMaxDepth;
     CTextStream* m_pStream;  // not owned
 
 private:
@@ -83,6 +96,9 @@ private:
     void WriteIndent(uint32_t nDepth);
     void WriteNamespaceDeclaration(const std::string& strPrefix, const std::string& strNamespace);
     void CheckInStartTag() const;
+    // Throws if m_bCheckCharacters and strValue holds a byte that XML 1.0 can't carry;
+    // pszAttribute names the attribute, null for element text.
+    void CheckCharacters(const std::string& strValue, const char* pszAttribute) const;
 
     // m_strIndentChars repeated, so that an indent of any depth is one append.
     std::string m_strIndentRun;

@@ -204,4 +204,16 @@ void CXmlWriter::PopContext() noexcept {
     DestroyContext(pContext);
 }
 
+std::string CXmlWriter::GetElementPath() const {
+    // Root first, without recursion: the chain may be as deep as the document.
+    std::vector<const CXmlWriterContext*> vecChain;
+    for (const CXmlWriterContext* p = m_pContext; p; p = p->m_pParent) vecChain.push_back(p);
+    std::string strPath;
+    for (auto it = vecChain.rbegin(); it != vecChain.rend(); ++it) {
+        strPath += '/';
+        strPath += (*it)->m_strName;
+    }
+    return strPath;
+}
+
 }  // namespace OrvexXml

@@ -116,6 +116,11 @@ public:
     // Throws COxException when all 676 are taken.
     static std::string GenerateNamespacePrefix(const NamespaceMap& mapNamespaces);
 
+    // The names of the open elements from the root down, "/order/item/price", for the path of
+    // an error raised while writing; empty before the root element. Elements are named as the
+    // caller named them, without prefix or position.
+    std::string GetElementPath() const;
+
 protected:
     // Registers the "xml" prefix for the XML namespace.
     explicit CXmlWriter(const char* pszClassName);

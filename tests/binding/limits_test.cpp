@@ -1,0 +1,204 @@
+// What the writer may put out and how deep the walks may go: values with bytes that XML 1.0
+// can't carry, checked against what our own reader makes of them, and the nesting limit of
+// the write and read walks, on a thread stack of 1 MiB.
+#include <gtest/gtest.h>
+#include <pthread.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <typeinfo>
+
+#include "binding/bindinghelpers.h"
+#include "support/testclasses.h"
+
+using namespace OrvexXml;
+using namespace OrvexXmlData;
+using namespace OrvexTest;
+using OrvexBindTest::Flat;
+
+namespace {
+
+// The innermost exception of a chain.
+const COxException& Innermost(const COxException& e) {
+    const COxException* p = &e;
+    while (p->GetInnerException()) p = p->GetInnerException();
+    return *p;
+}
+
+// What our reader makes of a document holding one record: the value read back, or nothing
+// when the reader refuses the document.
+bool ReadBack(const std::string& strXml, std::string& strValue) {
+    CSmartPtr<CTestRecord> record = new CTestRecord();
+    try {
+        record->FromXml(strXml.c_str(), CSerializationContext::GetDefaultContext());
+    } catch (const COxException&) {
+        return false;
+    }
+    strValue = record->m_value.GetString();
+    return true;
+}
+
+// Every byte below 0x80 inside an element's value and inside simple content: the checking
+// writer refuses exactly the values that, written unchecked, our reader refuses or reads back
+// as another value. CR is the one exception: it is legal XML, and the writer drops it on
+// purpose (line ends inside the library are LF).
+TEST(WrittenCharacters, CheckingRefusesExactlyWhatOurReaderCannotGetBack) {
+    CSerializationContext checking;
+    checking.SetCheckCharacters(true);
+    for (int nByte = 0; nByte < 0x80; ++nByte) {
+        SCOPED_TRACE(nByte);
+        const std::string strValue = std::string("x") + static_cast<char>(nByte) + "y";
+        for (bool bSimpleContent : {false, true}) {
+            CSmartPtr<CTestRecord> record = new CTestRecord();
+            record->m_value.SetString(bSimpleContent ? "v" : strValue);
+            if (bSimpleContent) record->m_text.SetString(strValue);
+
+            const std::string strUnchecked = Flat(record);
+            std::string strRead;
+            const bool bBack = !bSimpleContent && ReadBack(strUnchecked, strRead) && strRead == strValue;
+            if (bSimpleContent) {
+                // The reader of the record keeps no simple content; the tree shows what came back.
+                CXmlDocument doc;
+                try {
+                    doc.LoadXml(strUnchecked.c_str());
+                    strRead = doc.GetDocumentElement()->GetText();
+                } catch (const COxException&) {
+                    strRead = "(refused)";
+                }
+            }
+            const bool bCarried = bSimpleContent ? strRead == strValue : bBack;
+            try {
+                std::string strChecked = Flat(record, checking);
+                EXPECT_TRUE(bCarried || nByte == '\r') << strUnchecked;
+                EXPECT_EQ(strUnchecked, strChecked);
+            } catch (const COxException& e) {
+                EXPECT_FALSE(bCarried || nByte == '\r') << strUnchecked;
+                EXPECT_EQ(typeid(COxValidationException), typeid(e));
+                const COxException& cause = Innermost(e);
+                EXPECT_EQ(typeid(COxInvalidValueException), typeid(cause));
+                EXPECT_EQ(bSimpleContent ? "/Record" : "/Record/Value", cause.GetPath());
+                char szHex[8];
+                std::snprintf(szHex, sizeof(szHex), "0x%02X", nByte);
+                EXPECT_EQ(std::string("The value holds the byte ") + szHex +
+                              " at offset 1, which XML 1.0 can't carry; remove it, or store the data as binary "
+                              "(base64) instead of text.\nPath: " +
+                              cause.GetPath(),
+                          cause.GetMessage());
+            }
+        }
+    }
+}
+
+// Unchecked, the bytes go out as they are and a null byte ends the value; the whole message
+// a caller sees when checking is on.
+TEST(WrittenCharacters, UncheckedWritesAsTheEscaperDoesCheckedReadsFromTheRootDown) {
+    CSmartPtr<CTestRecord> record = new CTestRecord();
+    record->m_value.SetString(
+        std::string("a\x01"
+                    "b\0c",
+                    5));
+    EXPECT_EQ(std::string("<Record><Value>a\x01"
+                          "b</Value></Record>"),
+              Flat(record));
+    CSerializationContext checking;
+    checking.SetCheckCharacters(true);
+    const CSerializationContext copy(checking);
+    EXPECT_EQ(
+        "Failed to convert the element [Record] to XML\n"
+        "The value holds the byte 0x01 at offset 1, which XML 1.0 can't carry; remove it, or store the data as "
+        "binary (base64) instead of text.\nPath: /Record/Value",
+        OrvexBindTest::RaisedBy([&] { Flat(record, copy); }).strMessage);
+    record->m_value.SetString(std::string("ab\0c", 4));
+    EXPECT_EQ(
+        "Failed to convert the element [Record] to XML\n"
+        "The value holds the byte 0x00 at offset 2, which XML 1.0 can't carry; remove it, or store the data as "
+        "binary (base64) instead of text.\nPath: /Record/Value",
+        OrvexBindTest::RaisedBy([&] { Flat(record, checking); }).strMessage);
+}
+
+std::string NestPath(int32_t nLevels) {
+    std::string strPath;
+    for (int32_t i = 0; i < nLevels; ++i) strPath += "/Nest";
+    return strPath;
+}
+
+std::string DepthMessage(int32_t nLimit) {
+    return "The element is nested deeper than the limit of " + std::to_string(nLimit) +
+           " levels; raise MaxDepth of the context if such a document is intended.";
+}
+
+// Runs fn on a thread with a stack of 1 MiB, as a worker thread of an application may have.
+void OnSmallStack(const std::function<void()>& fn) {
+    pthread_attr_t attr;
+    ASSERT_EQ(0, pthread_attr_init(&attr));
+    ASSERT_EQ(0, pthread_attr_setstacksize(&attr, 1024 * 1024));
+    pthread_t thread;
+    auto run = [](void* p) -> void* {
+        (*static_cast<const std::function<void()>*>(p))();
+        return nullptr;
+    };
+    ASSERT_EQ(0, pthread_create(&thread, &attr, run, const_cast<std::function<void()>*>(&fn)));
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attr);
+}
+
+// A tree exactly at the limit is written and read back; one level more is refused by the
+// writer with the path of the first element too deep, and its document by the reader. At the
+// default limit all of it runs on a stack of 1 MiB.
+TEST(NestingDepth, TheLevelPastTheLimitIsRefusedInBothWalksOnASmallStack) {
+    for (int32_t nLimit : {1, 2, 5, CSerializationContext::DefaultMaxDepth}) {
+        SCOPED_TRACE(nLimit);
+        CSerializationContext ctx;
+        ctx.SetMaxDepth(nLimit);
+        CSerializationContext roomy;
+        roomy.SetMaxDepth(nLimit + 1);
+        OnSmallStack([&] {
+            CSmartPtr<CTestNest> atLimit = CTestNest::Chain(nLimit);
+            const std::string strAtLimit = Flat(atLimit, ctx);
+            CSmartPtr<CTestNest> read = new CTestNest();
+            read->FromXml(strAtLimit.c_str(), ctx);
+            EXPECT_EQ(nLimit, CTestNest::Levels(read));
+
+            CSmartPtr<CTestNest> pastLimit = CTestNest::Chain(nLimit + 1);
+            try {
+                Flat(pastLimit, ctx);
+                ADD_FAILURE() << "a tree one level past the limit was written";
+            } catch (const COxException& e) {
+                const COxException& cause = Innermost(e);
+                EXPECT_EQ(typeid(COxValidationException), typeid(cause));
+                EXPECT_EQ(NestPath(nLimit + 1), cause.GetPath());
+                EXPECT_EQ(DepthMessage(nLimit) + "\nPath: " + NestPath(nLimit + 1), cause.GetMessage());
+            }
+            const std::string strPastLimit = Flat(pastLimit, roomy);
+            const OrvexBindTest::Raised raised =
+                OrvexBindTest::RaisedBy([&] { read->FromXml(strPastLimit.c_str(), ctx); });
+            EXPECT_EQ(DepthMessage(nLimit) + "\nPath: " + NestPath(nLimit + 1), raised.strMessage);
+
+            // A tree loaded under a higher limit is still refused by the walk of the lower one.
+            CXmlDocument doc(roomy);
+            doc.LoadXml(strPastLimit.c_str());
+            EXPECT_EQ(DepthMessage(nLimit) + "\nPath: " + NestPath(nLimit + 1),
+                      OrvexBindTest::RaisedBy([&] { read->FromXmlElement(doc.GetDocumentElement(), ctx); }).strMessage);
+            CTestNest::TakeDown(atLimit);
+            CTestNest::TakeDown(read);
+            CTestNest::TakeDown(pastLimit);
+        });
+    }
+}
+
+// The limit is part of what a context copy carries, and a limit below the root is refused.
+TEST(NestingDepth, ContextSettingsAreCopiedAndALimitBelowOneIsRefused) {
+    CSerializationContext ctx;
+    EXPECT_EQ(CSerializationContext::DefaultMaxDepth, ctx.GetMaxDepth());
+    EXPECT_FALSE(ctx.GetCheckCharacters());
+    ctx.SetMaxDepth(7);
+    for (int32_t nBad : {0, -1}) {
+        EXPECT_EQ("MaxDepth must be at least 1, the level of the root element",
+                  OrvexBindTest::Thrown<COxInvalidParamException>([&] { ctx.SetMaxDepth(nBad); }));
+    }
+    CSerializationContext copy(ctx);
+    EXPECT_EQ(7, copy.GetMaxDepth());
+}
+
+}  // namespace
