@@ -114,14 +114,51 @@ void CXmlWriter::CXmlWriterContext::SetNamespaceMapValue(const std::string& strN
 
 // --- CXmlWriter ------------------------------------------------------------------------------
 
+// The spare contexts of the writers of one thread, handed from each writer to the next.
+class CSpareContextPool {
+public:
+    // Trivially destructible, so that it can still be asked after the pool is gone at thread
+    // exit: a writer then keeps its spares to itself.
+    static thread_local bool ms_bGone;
+    // Spares beyond this many are freed rather than kept between writers.
+    static const size_t kMaxKept = 64;
+
+    ~CSpareContextPool() {
+        CXmlWriter::FreeSpareContexts(m_vecSpares);
+        ms_bGone = true;
+    }
+
+    CXmlWriter::SpareContexts m_vecSpares;
+};
+
+thread_local bool CSpareContextPool::ms_bGone = false;
+static thread_local CSpareContextPool t_spareContexts;
+
+void CXmlWriter::FreeSpareContexts(SpareContexts& vecSpares) noexcept {
+    for (CSpareContext& spare : vecSpares) ::operator delete(spare.pStorage);
+    vecSpares.clear();
+}
+
 CXmlWriter::CXmlWriter(const char* pszClassName) : CInstanceMonitor(pszClassName), m_pContext(nullptr) {
-    AddNamespaceAlias("xml", XmlNamespaceURI);
+    if (!CSpareContextPool::ms_bGone) m_vecFreeContexts.swap(t_spareContexts.m_vecSpares);
+    try {
+        AddNamespaceAlias("xml", XmlNamespaceURI);
+    } catch (...) {
+        FreeSpareContexts(m_vecFreeContexts);
+        throw;
+    }
 }
 
 CXmlWriter::~CXmlWriter() {
     // Elements left open by an exception: free the whole chain.
     while (m_pContext) PopContext();
-    for (void* pStorage : m_vecFreeContexts) ::operator delete(pStorage);
+    // Handed on unless the pool already holds the spares of another writer (writers nested on
+    // one thread) or is gone.
+    if (!CSpareContextPool::ms_bGone && t_spareContexts.m_vecSpares.empty() &&
+        m_vecFreeContexts.size() <= CSpareContextPool::kMaxKept) {
+        t_spareContexts.m_vecSpares.swap(m_vecFreeContexts);
+    }
+    FreeSpareContexts(m_vecFreeContexts);
 }
 
 void CXmlWriter::StartDocument() {}
@@ -171,28 +208,46 @@ std::string CXmlWriter::GenerateNamespacePrefix(const NamespaceMap& mapNamespace
 
 CXmlWriter::CXmlWriterContext* CXmlWriter::CreateContext(const std::string& strName, const std::string& strNamespace) {
     void* pStorage;
+    std::string strNameBuffer, strNamespaceBuffer;
     if (!m_vecFreeContexts.empty()) {
-        pStorage = m_vecFreeContexts.back();
+        CSpareContext& spare = m_vecFreeContexts.back();
+        pStorage = spare.pStorage;
+        strNameBuffer.swap(spare.strName);
+        strNamespaceBuffer.swap(spare.strNamespace);
         m_vecFreeContexts.pop_back();
     } else {
         // Exactly the storage a plain new of the class would take, so that such a context can
         // also be released by delete (the parent chain of a context is deleted that way).
         pStorage = ::operator new(sizeof(CXmlWriterContext));
     }
+    CXmlWriterContext* pContext;
     try {
-        if (m_pContext) return new (pStorage) CXmlWriterContext(strName, strNamespace, m_pContext);
-        return new (pStorage) CXmlWriterContext(strName, strNamespace, m_strDefaultNamespace, m_mapNamespaces, nullptr);
+        // Built with empty texts, which cost nothing to copy; the recycled buffers then take
+        // the name and the namespace, in place when they are large enough.
+        strNameBuffer.assign(strName);
+        strNamespaceBuffer.assign(strNamespace);
+        if (m_pContext)
+            pContext = new (pStorage) CXmlWriterContext(EmptyString(), EmptyString(), m_pContext);
+        else
+            pContext = new (pStorage)
+                CXmlWriterContext(EmptyString(), EmptyString(), m_strDefaultNamespace, m_mapNamespaces, nullptr);
     } catch (...) {
         ::operator delete(pStorage);
         throw;
     }
+    pContext->m_strName.swap(strNameBuffer);
+    pContext->m_strNamespace.swap(strNamespaceBuffer);
+    return pContext;
 }
 
 void CXmlWriter::DestroyContext(CXmlWriterContext* pContext) noexcept {
     pContext->m_pParent = nullptr;
+    std::string strName, strNamespace;
+    strName.swap(pContext->m_strName);
+    strNamespace.swap(pContext->m_strNamespace);
     pContext->~CXmlWriterContext();
     try {
-        m_vecFreeContexts.push_back(pContext);
+        m_vecFreeContexts.push_back(CSpareContext{pContext, std::move(strName), std::move(strNamespace)});
     } catch (...) {
         ::operator delete(pContext);
     }

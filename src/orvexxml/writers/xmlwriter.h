@@ -121,10 +121,12 @@ protected:
     explicit CXmlWriter(const char* pszClassName);
 
     // Makes the context of a new element below m_pContext (root form when no element is
-    // open) without installing it. Storage of finished contexts is reused, but every context
-    // is fully constructed and destroyed, once per element.
+    // open) without installing it. The storage of finished contexts and the buffers of their
+    // name and namespace are reused, but every context is fully constructed and destroyed,
+    // once per element.
     CXmlWriterContext* CreateContext(const std::string& strName, const std::string& strNamespace);
-    // Detaches the parent from pContext, destroys pContext and keeps its storage for reuse.
+    // Detaches the parent from pContext, destroys pContext and keeps its storage and string
+    // buffers for reuse.
     void DestroyContext(CXmlWriterContext* pContext) noexcept;
     // Ends the innermost element: m_pContext becomes its parent.
     void PopContext() noexcept;
@@ -134,7 +136,21 @@ protected:
     NamespaceMap m_mapNamespaces;       // registered before the root element
 
 private:
-    std::vector<void*> m_vecFreeContexts;  // storage of destroyed contexts, ready for reuse
+    // What a destroyed context leaves for the next one: its storage, and the buffers of its
+    // name and namespace, so that an element whose namespace is longer than a short string
+    // costs no allocation once the writer has reached its depth. A writer takes the spares
+    // that the last writer of its thread left, and leaves its own when it goes, so that many
+    // small documents written one after the other don't pay for them each time.
+    struct CSpareContext {
+        void* pStorage;
+        std::string strName;
+        std::string strNamespace;
+    };
+    typedef std::vector<CSpareContext> SpareContexts;
+    static void FreeSpareContexts(SpareContexts& vecSpares) noexcept;
+    friend class CSpareContextPool;
+
+    SpareContexts m_vecFreeContexts;
 };
 
 }  // namespace OrvexXml
