@@ -31,15 +31,15 @@ uint64_t CXmlWriter::CXmlWriterContext::ScopeGeneration() { return s_nScopeGener
 // One context is made per element written: its instance record is found once.
 static CInstanceMonitor::ClassHandle s_contextMonitor("CXmlWriterContext");
 
-CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::string& strName, const std::string& strNamespace,
+CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::string strName, std::string strNamespace,
                                                  const std::string& strDefaultNamespace,
                                                  const NamespaceMap& mapNamespaces, CXmlWriterContext* pParent)
     : CInstanceMonitor(s_contextMonitor),
       m_nChildCount(0),
       m_bInStartTag(true),
       m_nDepth(0),
-      m_strNamespace(strNamespace),
-      m_strName(strName),
+      m_strNamespace(std::move(strNamespace)),
+      m_strName(std::move(strName)),
       m_nPrefixGeneration(0),
       m_pParent(nullptr),
       m_bHasAttributes(false),
@@ -52,14 +52,14 @@ CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::string& strName, con
     m_pParent = pParent;
 }
 
-CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::string& strName, const std::string& strNamespace,
+CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::string strName, std::string strNamespace,
                                                  CXmlWriterContext* pParent)
     : CInstanceMonitor(s_contextMonitor),
       m_nChildCount(0),
       m_bInStartTag(true),
       m_nDepth(pParent->m_nDepth + 1),
-      m_strNamespace(strNamespace),
-      m_strName(strName),
+      m_strNamespace(std::move(strNamespace)),
+      m_strName(std::move(strName)),
       m_nPrefixGeneration(0),
       m_pParent(pParent),
       m_bHasAttributes(false),
@@ -135,11 +135,14 @@ thread_local bool CSpareContextPool::ms_bGone = false;
 static thread_local CSpareContextPool t_spareContexts;
 
 void CXmlWriter::FreeSpareContexts(SpareContexts& vecSpares) noexcept {
-    for (CSpareContext& spare : vecSpares) ::operator delete(spare.pStorage);
+    for (CSpareContext& spare : vecSpares) {
+        if (spare.pStorage) ::operator delete(spare.pStorage);
+    }
     vecSpares.clear();
 }
 
-CXmlWriter::CXmlWriter(const char* pszClassName) : CInstanceMonitor(pszClassName), m_pContext(nullptr) {
+CXmlWriter::CXmlWriter(const char* pszClassName)
+    : CInstanceMonitor(pszClassName), m_pContext(nullptr), m_nLiveContexts(0) {
     if (!CSpareContextPool::ms_bGone) m_vecFreeContexts.swap(t_spareContexts.m_vecSpares);
     try {
         AddNamespaceAlias("xml", XmlNamespaceURI);
@@ -207,50 +210,40 @@ std::string CXmlWriter::GenerateNamespacePrefix(const NamespaceMap& mapNamespace
 }
 
 CXmlWriter::CXmlWriterContext* CXmlWriter::CreateContext(const std::string& strName, const std::string& strNamespace) {
-    void* pStorage;
-    std::string strNameBuffer, strNamespaceBuffer;
-    if (!m_vecFreeContexts.empty()) {
-        CSpareContext& spare = m_vecFreeContexts.back();
-        pStorage = spare.pStorage;
-        strNameBuffer.swap(spare.strName);
-        strNamespaceBuffer.swap(spare.strNamespace);
-        m_vecFreeContexts.pop_back();
-    } else {
-        // Exactly the storage a plain new of the class would take, so that such a context can
-        // also be released by delete (the parent chain of a context is deleted that way).
-        pStorage = ::operator new(sizeof(CXmlWriterContext));
-    }
+    if (m_vecFreeContexts.size() <= m_nLiveContexts) m_vecFreeContexts.resize(m_nLiveContexts + 1);
+    CSpareContext& spare = m_vecFreeContexts[m_nLiveContexts];
+    // The buffers usually hold the texts already: siblings at one level share name and
+    // namespace more often than not.
+    if (spare.strName != strName) spare.strName.assign(strName);
+    if (spare.strNamespace != strNamespace) spare.strNamespace.assign(strNamespace);
+    // Exactly the storage a plain new of the class would take, so that such a context can
+    // also be released by delete (the parent chain of a context is deleted that way).
+    void* pStorage = spare.pStorage ? spare.pStorage : ::operator new(sizeof(CXmlWriterContext));
+    spare.pStorage = nullptr;
     CXmlWriterContext* pContext;
     try {
-        // Built with empty texts, which cost nothing to copy; the recycled buffers then take
-        // the name and the namespace, in place when they are large enough.
-        strNameBuffer.assign(strName);
-        strNamespaceBuffer.assign(strNamespace);
         if (m_pContext)
-            pContext = new (pStorage) CXmlWriterContext(EmptyString(), EmptyString(), m_pContext);
+            pContext =
+                new (pStorage) CXmlWriterContext(std::move(spare.strName), std::move(spare.strNamespace), m_pContext);
         else
-            pContext = new (pStorage)
-                CXmlWriterContext(EmptyString(), EmptyString(), m_strDefaultNamespace, m_mapNamespaces, nullptr);
+            pContext = new (pStorage) CXmlWriterContext(std::move(spare.strName), std::move(spare.strNamespace),
+                                                        m_strDefaultNamespace, m_mapNamespaces, nullptr);
     } catch (...) {
-        ::operator delete(pStorage);
+        spare.pStorage = pStorage;
         throw;
     }
-    pContext->m_strName.swap(strNameBuffer);
-    pContext->m_strNamespace.swap(strNamespaceBuffer);
+    ++m_nLiveContexts;
     return pContext;
 }
 
 void CXmlWriter::DestroyContext(CXmlWriterContext* pContext) noexcept {
+    // Contexts die in the reverse order of their making: this one holds the last slot taken.
+    CSpareContext& spare = m_vecFreeContexts[--m_nLiveContexts];
     pContext->m_pParent = nullptr;
-    std::string strName, strNamespace;
-    strName.swap(pContext->m_strName);
-    strNamespace.swap(pContext->m_strNamespace);
+    spare.strName = std::move(pContext->m_strName);
+    spare.strNamespace = std::move(pContext->m_strNamespace);
     pContext->~CXmlWriterContext();
-    try {
-        m_vecFreeContexts.push_back(CSpareContext{pContext, std::move(strName), std::move(strNamespace)});
-    } catch (...) {
-        ::operator delete(pContext);
-    }
+    spare.pStorage = pContext;
 }
 
 void CXmlWriter::PopContext() noexcept {
