@@ -1,17 +1,55 @@
-// Throughput of writing and reading a large document, in MB/s of XML text, next to two
-// baselines measured in the same run on the same bytes: expat alone with empty handlers (the
-// ceiling of reading) and a plain write of the bytes to a file (the ceiling of writing).
-// The ratios are printed at the end, so that they mean something on a noisy machine.
+// Throughput of writing and reading, in MB/s of XML text, next to baselines measured in the
+// same run on the same bytes: expat alone with empty handlers (the ceiling of reading) and a
+// plain write of the bytes to a file (the ceiling of writing). Three documents: a large
+// reading log (collections of primitives), many small primitive sets (the object path, one
+// document per call) and one batch of many primitive-set children. Each library benchmark
+// also reports the allocations it makes per XML element, counted by the replaced global
+// operator new below. The ratios are printed at the end, so that they mean something on a
+// noisy machine.
 #include <benchmark/benchmark.h>
 #include <expat.h>
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <map>
+#include <new>
 #include <string>
+#include <vector>
 
 #include "benchdocument.h"
+
+// --- counting allocator --------------------------------------------------------------------
+
+// Every allocation of the program (the library included) goes through these. The count is a
+// relaxed load and store rather than an increment: the benchmarks run on one thread, and a
+// locked increment would tax the library's figures against expat's.
+static std::atomic<uint64_t> g_nAllocations(0);
+
+static void* CountedAlloc(size_t nSize) {
+    g_nAllocations.store(g_nAllocations.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
+    return std::malloc(nSize ? nSize : 1);
+}
+
+void* operator new(size_t nSize) {
+    if (void* p = CountedAlloc(nSize)) return p;
+    throw std::bad_alloc();
+}
+void* operator new[](size_t nSize) {
+    if (void* p = CountedAlloc(nSize)) return p;
+    throw std::bad_alloc();
+}
+void* operator new(size_t nSize, const std::nothrow_t&) noexcept { return CountedAlloc(nSize); }
+void* operator new[](size_t nSize, const std::nothrow_t&) noexcept { return CountedAlloc(nSize); }
+void operator delete(void* p) noexcept { std::free(p); }
+void operator delete[](void* p) noexcept { std::free(p); }
+void operator delete(void* p, size_t) noexcept { std::free(p); }
+void operator delete[](void* p, size_t) noexcept { std::free(p); }
+void operator delete(void* p, const std::nothrow_t&) noexcept { std::free(p); }
+void operator delete[](void* p, const std::nothrow_t&) noexcept { std::free(p); }
 
 using namespace OrvexXml;
 
@@ -19,13 +57,25 @@ namespace {
 
 const size_t kDocumentBytes = 25 * 1000 * 1000;
 
+// Elements in an XML text, counted from the text itself: every "<" that opens a start tag.
+size_t CountElements(const std::string& strXml) {
+    size_t nCount = 0;
+    for (size_t nPos = strXml.find('<'); nPos != std::string::npos; nPos = strXml.find('<', nPos + 1)) {
+        char c = nPos + 1 < strXml.size() ? strXml[nPos + 1] : '/';
+        if (c != '/' && c != '?' && c != '!') ++nCount;
+    }
+    return nCount;
+}
+
 struct Fixture {
     CSmartPtr<Samples::CReadingLog> log;
     std::string strXml;
     std::string strFile;
+    size_t nElements;
     Fixture() {
         log = MakeReadingLog(kDocumentBytes);
         strXml = log->ToXml(true, true, EOLType_LF, CSerializationContext::GetDefaultContext());
+        nElements = CountElements(strXml);
         strFile = "/tmp/orvexxml-bench-" + std::to_string(getpid()) + ".xml";
         FILE* pFile = std::fopen(strFile.c_str(), "wb");
         std::fwrite(strXml.data(), 1, strXml.size(), pFile);
@@ -39,11 +89,68 @@ Fixture& Doc() {
     return s_fixture;
 }
 
+// Many small documents: primitive sets with different values, each its own document.
+const size_t kSmallDocuments = 256;
+// One document of many children: a batch of primitive sets.
+const size_t kBatchItems = 20000;
+
+struct SmallFixture {
+    std::vector<CSmartPtr<Samples::CPrimitiveSet>> vecSets;
+    std::vector<std::string> vecXml;
+    size_t nBytes = 0;
+    size_t nElements = 0;
+    SmallFixture() {
+        for (size_t i = 0; i < kSmallDocuments; ++i) {
+            vecSets.push_back(MakePrimitiveSet(i));
+            vecXml.push_back(vecSets.back()->ToXml(true, true, EOLType_LF, CSerializationContext::GetDefaultContext()));
+            nBytes += vecXml.back().size();
+            nElements += CountElements(vecXml.back());
+        }
+    }
+};
+
+SmallFixture& Small() {
+    static SmallFixture s_fixture;
+    return s_fixture;
+}
+
+struct BatchFixture {
+    CSmartPtr<CBenchBatch> batch;
+    std::string strXml;
+    size_t nElements;
+    BatchFixture() {
+        batch = MakeBatch(kBatchItems);
+        strXml = batch->ToXml(true, true, EOLType_LF, CSerializationContext::GetDefaultContext());
+        nElements = CountElements(strXml);
+    }
+};
+
+BatchFixture& Batch() {
+    static BatchFixture s_fixture;
+    return s_fixture;
+}
+
+// Measures the allocations of a benchmark's timed loop: construct before the loop, call
+// Report after it with the elements that one iteration handles.
+class CAllocationCount {
+public:
+    CAllocationCount() : m_nStart(g_nAllocations.load(std::memory_order_relaxed)) {}
+    void Report(benchmark::State& state, size_t nElementsPerIteration) const {
+        double dAllocations = static_cast<double>(g_nAllocations.load(std::memory_order_relaxed) - m_nStart);
+        double dElements = static_cast<double>(state.iterations()) * static_cast<double>(nElementsPerIteration);
+        state.counters["allocs/elem"] = dElements > 0 ? dAllocations / dElements : 0.0;
+    }
+
+private:
+    uint64_t m_nStart;
+};
+
 const CSerializationContext& Ctx() { return CSerializationContext::GetDefaultContext(); }
 
-void SetBytes(benchmark::State& state) {
-    state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(Doc().strXml.size()));
+void SetBytes(benchmark::State& state, size_t nBytes) {
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(nBytes));
 }
+void SetBytes(benchmark::State& state) { SetBytes(state, Doc().strXml.size()); }
 
 // --- baselines ---------------------------------------------------------------------------
 
@@ -58,13 +165,16 @@ XML_Parser NewBaselineParser() {
     return parser;
 }
 
+bool ExpatParse(const std::string& xml) {
+    XML_Parser parser = NewBaselineParser();
+    bool bOk = XML_Parse(parser, xml.data(), static_cast<int>(xml.size()), 1) == XML_STATUS_OK;
+    XML_ParserFree(parser);
+    return bOk;
+}
+
 void Baseline_ExpatOneCall(benchmark::State& state) {
-    const std::string& xml = Doc().strXml;
     for (auto _ : state) {
-        XML_Parser parser = NewBaselineParser();
-        if (XML_Parse(parser, xml.data(), static_cast<int>(xml.size()), 1) != XML_STATUS_OK)
-            state.SkipWithError("parse");
-        XML_ParserFree(parser);
+        if (!ExpatParse(Doc().strXml)) state.SkipWithError("parse");
     }
     SetBytes(state);
 }
@@ -102,7 +212,9 @@ void Baseline_WriteFile(benchmark::State& state) {
 // --- writing -----------------------------------------------------------------------------
 
 void Write_ToXml(benchmark::State& state) {
+    CAllocationCount allocations;
     for (auto _ : state) benchmark::DoNotOptimize(Doc().log->ToXml(true, true, EOLType_LF, Ctx()));
+    allocations.Report(state, Doc().nElements);
     SetBytes(state);
 }
 
@@ -131,7 +243,9 @@ void Write_ToXmlFileDirect(benchmark::State& state) { WriteFile(state, true); }
 
 void Read_FromXml(benchmark::State& state) {
     CSmartPtr<Samples::CReadingLog> target = Samples::CReadingLog::CreateInstance();
+    CAllocationCount allocations;
     for (auto _ : state) target->FromXml(Doc().strXml.c_str(), Ctx());
+    allocations.Report(state, Doc().nElements);
     SetBytes(state);
 }
 
@@ -154,17 +268,77 @@ void ReadFile(benchmark::State& state, bool bAsync) {
 void Read_FromXmlFileWhole(benchmark::State& state) { ReadFile(state, false); }
 void Read_FromXmlFileChunked(benchmark::State& state) { ReadFile(state, true); }
 
-// Prints each result as usual and remembers its throughput for the ratios at the end. With
-// repetitions, the median of each benchmark is the figure that counts (it comes after the
-// single runs, so it replaces them); the other aggregates are left out.
+// --- many small documents of a class with primitive members ------------------------------
+
+void Small_Baseline_Expat(benchmark::State& state) {
+    for (auto _ : state) {
+        for (const std::string& strXml : Small().vecXml) {
+            if (!ExpatParse(strXml)) state.SkipWithError("parse");
+        }
+    }
+    SetBytes(state, Small().nBytes);
+}
+
+void Small_Write_ToXml(benchmark::State& state) {
+    CAllocationCount allocations;
+    for (auto _ : state) {
+        for (const CSmartPtr<Samples::CPrimitiveSet>& set : Small().vecSets)
+            benchmark::DoNotOptimize(set->ToXml(true, true, EOLType_LF, Ctx()));
+    }
+    allocations.Report(state, Small().nElements);
+    SetBytes(state, Small().nBytes);
+}
+
+void Small_Read_FromXml(benchmark::State& state) {
+    CSmartPtr<Samples::CPrimitiveSet> target = Samples::CPrimitiveSet::CreateInstance();
+    CAllocationCount allocations;
+    for (auto _ : state) {
+        for (const std::string& strXml : Small().vecXml) target->FromXml(strXml.c_str(), Ctx());
+    }
+    allocations.Report(state, Small().nElements);
+    SetBytes(state, Small().nBytes);
+}
+
+// --- one document of many child objects --------------------------------------------------
+
+void Children_Baseline_Expat(benchmark::State& state) {
+    for (auto _ : state) {
+        if (!ExpatParse(Batch().strXml)) state.SkipWithError("parse");
+    }
+    SetBytes(state, Batch().strXml.size());
+}
+
+void Children_Write_ToXml(benchmark::State& state) {
+    CAllocationCount allocations;
+    for (auto _ : state) benchmark::DoNotOptimize(Batch().batch->ToXml(true, true, EOLType_LF, Ctx()));
+    allocations.Report(state, Batch().nElements);
+    SetBytes(state, Batch().strXml.size());
+}
+
+void Children_Read_FromXml(benchmark::State& state) {
+    CSmartPtr<CBenchBatch> target = CBenchBatch::CreateInstance();
+    CAllocationCount allocations;
+    for (auto _ : state) target->FromXml(Batch().strXml.c_str(), Ctx());
+    allocations.Report(state, Batch().nElements);
+    SetBytes(state, Batch().strXml.size());
+}
+
+// Prints each result as usual and remembers its throughput and allocation count for the
+// table at the end. With repetitions, the median of each benchmark is the figure that counts
+// (it comes after the single runs, so it replaces them); the other aggregates are left out.
+// Each benchmark is compared with the expat baseline of its own document: "Small_..." and
+// "Children_..." with theirs, the rest with expat on the reading log.
 class CRatioReporter : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
         ConsoleReporter::ReportRuns(runs);
         for (const Run& run : runs) {
             if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median") continue;
+            const std::string& strName = run.run_name.function_name;
             auto it = run.counters.find("bytes_per_second");
-            if (it != run.counters.end()) m_mapRates[run.run_name.function_name] = it->second.value / 1e6;
+            if (it != run.counters.end()) m_mapRates[strName] = it->second.value / 1e6;
+            it = run.counters.find("allocs/elem");
+            if (it != run.counters.end()) m_mapAllocations[strName] = it->second.value;
         }
     }
     void PrintRatios() const {
@@ -172,23 +346,45 @@ public:
             auto it = m_mapRates.find(name);
             return it == m_mapRates.end() ? 0.0 : it->second;
         };
-        double dExpat = rate("Baseline_ExpatOneCall"), dWrite = rate("Baseline_WriteFile");
-        std::printf("\nDocument: %zu bytes of XML\n", Doc().strXml.size());
-        std::printf("%-28s %10s %14s %14s\n", "benchmark", "MB/s", "/ expat alone", "/ plain write");
+        auto expatFor = [&rate](const std::string& name) {
+            for (const char* pszGroup : {"Small_", "Children_"}) {
+                if (name.compare(0, std::string(pszGroup).size(), pszGroup) == 0)
+                    return rate(std::string(pszGroup) + "Baseline_Expat");
+            }
+            return rate("Baseline_ExpatOneCall");
+        };
+        double dWrite = rate("Baseline_WriteFile");
+        std::printf(
+            "\nReading log: %zu bytes, %zu elements. Small documents: %zu, %zu bytes, %zu elements. "
+            "Batch: %zu bytes, %zu elements.\n",
+            Doc().strXml.size(), Doc().nElements, Small().vecXml.size(), Small().nBytes, Small().nElements,
+            Batch().strXml.size(), Batch().nElements);
+        std::printf("%-28s %10s %14s %14s %12s\n", "benchmark", "MB/s", "/ expat alone", "/ plain write",
+                    "allocs/elem");
         for (const auto& entry : m_mapRates) {
-            std::printf("%-28s %10.1f %14.2f %14.2f\n", entry.first.c_str(), entry.second,
+            double dExpat = expatFor(entry.first);
+            std::printf("%-28s %10.1f %14.2f %14.2f", entry.first.c_str(), entry.second,
                         dExpat > 0 ? entry.second / dExpat : 0.0, dWrite > 0 ? entry.second / dWrite : 0.0);
+            auto it = m_mapAllocations.find(entry.first);
+            if (it != m_mapAllocations.end())
+                std::printf(" %12.3f\n", it->second);
+            else
+                std::printf(" %12s\n", "");
         }
     }
 
 private:
     std::map<std::string, double> m_mapRates;
+    std::map<std::string, double> m_mapAllocations;
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    Doc();  // build the document before any timing
+    // Build the documents before any timing.
+    Doc();
+    Small();
+    Batch();
     benchmark::RegisterBenchmark("Baseline_ExpatOneCall", Baseline_ExpatOneCall)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Baseline_Expat64KiB", Baseline_Expat64KiB)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Baseline_WriteFile", Baseline_WriteFile)->Unit(benchmark::kMillisecond);
@@ -200,6 +396,12 @@ int main(int argc, char** argv) {
     benchmark::RegisterBenchmark("Read_FromXmlStream", Read_FromXmlStream)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Read_FromXmlFileWhole", Read_FromXmlFileWhole)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Read_FromXmlFileChunked", Read_FromXmlFileChunked)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Small_Baseline_Expat", Small_Baseline_Expat)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Small_Write_ToXml", Small_Write_ToXml)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Small_Read_FromXml", Small_Read_FromXml)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Children_Baseline_Expat", Children_Baseline_Expat)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Children_Write_ToXml", Children_Write_ToXml)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Children_Read_FromXml", Children_Read_FromXml)->Unit(benchmark::kMillisecond);
     benchmark::Initialize(&argc, argv);
     CRatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

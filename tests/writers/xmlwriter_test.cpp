@@ -4,9 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdio>
 #include <cstring>
+#include <functional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "orvexxml/infrastructure/exceptions.h"
@@ -235,6 +238,65 @@ TEST(XmlWriterInstances, FailedOrUnclosedElementsLeaveNoContext) {
     }  // the writer frees the elements an exception left open
     EXPECT_EQ(before.first, Counts("CXmlWriterContext").first);
     EXPECT_EQ(before.second + 4, Counts("CXmlWriterContext").second);
+}
+
+// Writers hand their spare contexts on to the next writer of their thread. A writer made
+// while another is open on the same thread (a nested rendering), a writer that dies with
+// elements open, and writers on several threads at once must each still write exactly the
+// document they were given.
+std::string WriteNamespacedSample(const std::function<void()>& midway = nullptr) {
+    const std::string strLong = "urn:a-namespace-long-enough-for-the-heap";
+    CTextStream stream;
+    CXmlTextWriter writer(&stream);
+    writer.StartDocument();
+    writer.WriteStartElement("root", strLong);
+    for (int i = 0; i < 3; ++i) {
+        writer.WriteStartElement(i == 1 ? "a-name-long-enough-for-the-heap" : "item", i == 2 ? "urn:b" : strLong);
+        if (i == 1 && midway) midway();
+        writer.WriteStartElement("leaf", strLong);
+        writer.WriteElementText(std::to_string(i), ItemType_string, false);
+        writer.WriteEndElement();
+        writer.WriteEndElement();
+    }
+    writer.WriteEndElement();
+    writer.EndDocument();
+    return stream.GetText();
+}
+
+TEST(XmlWriterInstances, SpareContextsPassBetweenNestedFailedAndConcurrentWriters) {
+    const std::string strExpected =
+        "<AA:root xmlns:AA=\"urn:a-namespace-long-enough-for-the-heap\">\n"
+        "\t<AA:item>\n\t\t<AA:leaf>0</AA:leaf>\n\t</AA:item>\n"
+        "\t<AA:a-name-long-enough-for-the-heap>\n\t\t<AA:leaf>1</AA:leaf>\n\t</AA:a-name-long-enough-for-the-heap>\n"
+        "\t<AB:item xmlns:AB=\"urn:b\">\n\t\t<AA:leaf>2</AA:leaf>\n\t</AB:item>\n"
+        "</AA:root>\n";
+    std::pair<int, int> before = Counts("CXmlWriterContext");
+    EXPECT_EQ(strExpected, WriteNamespacedSample());
+    std::string strInner;
+    EXPECT_EQ(strExpected, WriteNamespacedSample([&] {
+                  strInner = WriteNamespacedSample();
+                  // A writer that dies with three elements open.
+                  CTextStream stream;
+                  CXmlTextWriter writer(&stream);
+                  for (const char* pszName : {"x", "y", "z"}) writer.WriteStartElement(pszName, "urn:c");
+              }));
+    EXPECT_EQ(strExpected, strInner);
+    EXPECT_EQ(strExpected, WriteNamespacedSample());
+
+    std::vector<std::thread> vecThreads;
+    std::atomic<int> nWrong(0);
+    for (int t = 0; t < 4; ++t) {
+        vecThreads.emplace_back([&] {
+            for (int i = 0; i < 200; ++i) {
+                if (WriteNamespacedSample(i % 7 ? std::function<void()>() : [] { WriteNamespacedSample(); }) !=
+                    strExpected)
+                    ++nWrong;
+            }
+        });
+    }
+    for (std::thread& thread : vecThreads) thread.join();
+    EXPECT_EQ(0, nWrong.load());
+    EXPECT_EQ(before.first, Counts("CXmlWriterContext").first);
 }
 
 // --- the text stream ------------------------------------------------------------------------

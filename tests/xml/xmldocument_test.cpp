@@ -54,6 +54,33 @@ TEST(XmlDocumentLoad, BuildsTheTreeInDocumentOrderAndEachLoadReplacesIt) {
     EXPECT_EQ("({}bad text=[])", Dump(doc.GetDocumentElement()));
 }
 
+// Names and URIs are stored once per document in a table that grows with them: hundreds of
+// distinct ones, short and long, some differing only in their last byte, still come back
+// each as it was written, on every load into the same document.
+TEST(XmlDocumentLoad, ManyDistinctNamesAndUrisComeBackExactly) {
+    std::string strXml = "<root>";
+    std::vector<std::pair<std::string, std::string>> vecExpected;  // namespace, local name
+    for (int i = 0; i < 600; ++i) {
+        std::string strName = (i % 3 == 0 ? "a-name-long-enough-for-the-heap-" : "n") + std::to_string(i);
+        std::string strUri = "urn:" + std::string(i % 2 ? 40 : 1, 'u') + std::to_string(i % 150);
+        strXml += "<p:" + strName + " xmlns:p=\"" + strUri + "\" p:" + strName + "=\"v\"/>";
+        vecExpected.emplace_back(strUri, strName);
+    }
+    strXml += "</root>";
+    CXmlDocument doc;
+    for (int nLoad = 0; nLoad < 2; ++nLoad) {
+        doc.LoadXml(strXml.c_str());
+        std::vector<CXmlElement*> vecChildren = Children(doc.GetDocumentElement());
+        ASSERT_EQ(vecExpected.size(), vecChildren.size());
+        for (size_t i = 0; i < vecChildren.size(); ++i) {
+            ASSERT_EQ(vecExpected[i].first, vecChildren[i]->GetNamespaceURI()) << i;
+            ASSERT_EQ(vecExpected[i].second, vecChildren[i]->GetLocalName()) << i;
+            ASSERT_EQ(vecExpected[i].second, vecChildren[i]->GetAttributes()[0]->GetLocalName()) << i;
+            ASSERT_EQ(vecExpected[i].first, vecChildren[i]->GetAttributes()[0]->GetNamespaceURI()) << i;
+        }
+    }
+}
+
 TEST(XmlDocumentLoad, MissingAttributeGivesASharedEmptyStringThatStaysValid) {
     CXmlDocument doc;
     doc.LoadXml("<a x='1' xmlns:p='urn:p' p:y='2'/>");

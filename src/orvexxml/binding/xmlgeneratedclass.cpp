@@ -66,7 +66,11 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* pWriter, bool bRoot, const char* 
                 }
                 if (!ctx.GetDefaultNamespaceURI().empty()) pWriter->SetDefaultNamespace(ctx.GetDefaultNamespaceURI());
             }
-            pWriter->WriteStartElement(GetElementName(), pszNamespace ? std::string(pszNamespace) : std::string());
+            // The writer copies the namespace into its own context; this buffer only carries it
+            // there, and keeps its capacity from one element to the next on this thread.
+            thread_local std::string s_strNamespace;
+            s_strNamespace.assign(pszNamespace ? pszNamespace : "");
+            pWriter->WriteStartElement(GetElementName(), s_strNamespace);
             // Additional root attributes are written here once open content is available.
             AttributesToXml_Int(pWriter, ctx);
             if (bRoot && !ctx.GetInLineSchema().empty()) pWriter->WriteInLineSchema(ctx.GetInLineSchema());

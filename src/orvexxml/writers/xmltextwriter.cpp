@@ -184,7 +184,18 @@ void CXmlTextWriter::WriteStartElement(const std::string& strName, const std::st
         if (m_bFormatted) WriteIndent(pNew->m_nDepth);
         m_pStream->WriteChar('<');
 
-        if (!strNamespace.empty() && strNamespace != pNew->GetDefaultNamespace()) {
+        const CXmlWriterContext* pParent = m_pContext;
+        if (pParent && !pParent->m_strPrefix.empty() &&
+            pParent->m_nPrefixGeneration == CXmlWriterContext::ScopeGeneration() &&
+            pParent->m_strNamespace == strNamespace) {
+            // A new element shares its parent's scope. While no scope has changed since the
+            // parent's start tag, the parent's prefix is what a lookup of the same namespace
+            // would give, and the namespace still differs from the default.
+            pNew->m_strPrefix.assign(pParent->m_strPrefix);
+            pNew->m_nPrefixGeneration = pParent->m_nPrefixGeneration;
+            m_pStream->WriteString(pNew->m_strPrefix);
+            m_pStream->WriteString(strName);
+        } else if (!strNamespace.empty() && strNamespace != pNew->GetDefaultNamespace()) {
             const NamespaceMap& mapNamespaces = pNew->GetNamespaceMap();
             NamespaceMap::const_iterator it = mapNamespaces.find(strNamespace);
             if (it != mapNamespaces.end()) {

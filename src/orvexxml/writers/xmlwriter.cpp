@@ -31,15 +31,15 @@ uint64_t CXmlWriter::CXmlWriterContext::ScopeGeneration() { return s_nScopeGener
 // One context is made per element written: its instance record is found once.
 static CInstanceMonitor::ClassHandle s_contextMonitor("CXmlWriterContext");
 
-CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::string& strName, const std::string& strNamespace,
+CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::string strName, std::string strNamespace,
                                                  const std::string& strDefaultNamespace,
                                                  const NamespaceMap& mapNamespaces, CXmlWriterContext* pParent)
     : CInstanceMonitor(s_contextMonitor),
       m_nChildCount(0),
       m_bInStartTag(true),
       m_nDepth(0),
-      m_strNamespace(strNamespace),
-      m_strName(strName),
+      m_strNamespace(std::move(strNamespace)),
+      m_strName(std::move(strName)),
       m_nPrefixGeneration(0),
       m_pParent(nullptr),
       m_bHasAttributes(false),
@@ -52,14 +52,14 @@ CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::string& strName, con
     m_pParent = pParent;
 }
 
-CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::string& strName, const std::string& strNamespace,
+CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::string strName, std::string strNamespace,
                                                  CXmlWriterContext* pParent)
     : CInstanceMonitor(s_contextMonitor),
       m_nChildCount(0),
       m_bInStartTag(true),
       m_nDepth(pParent->m_nDepth + 1),
-      m_strNamespace(strNamespace),
-      m_strName(strName),
+      m_strNamespace(std::move(strNamespace)),
+      m_strName(std::move(strName)),
       m_nPrefixGeneration(0),
       m_pParent(pParent),
       m_bHasAttributes(false),
@@ -114,14 +114,54 @@ void CXmlWriter::CXmlWriterContext::SetNamespaceMapValue(const std::string& strN
 
 // --- CXmlWriter ------------------------------------------------------------------------------
 
-CXmlWriter::CXmlWriter(const char* pszClassName) : CInstanceMonitor(pszClassName), m_pContext(nullptr) {
-    AddNamespaceAlias("xml", XmlNamespaceURI);
+// The spare contexts of the writers of one thread, handed from each writer to the next.
+class CSpareContextPool {
+public:
+    // Trivially destructible, so that it can still be asked after the pool is gone at thread
+    // exit: a writer then keeps its spares to itself.
+    static thread_local bool ms_bGone;
+    // Spares beyond this many are freed rather than kept between writers.
+    static const size_t kMaxKept = 64;
+
+    ~CSpareContextPool() {
+        CXmlWriter::FreeSpareContexts(m_vecSpares);
+        ms_bGone = true;
+    }
+
+    CXmlWriter::SpareContexts m_vecSpares;
+};
+
+thread_local bool CSpareContextPool::ms_bGone = false;
+static thread_local CSpareContextPool t_spareContexts;
+
+void CXmlWriter::FreeSpareContexts(SpareContexts& vecSpares) noexcept {
+    for (CSpareContext& spare : vecSpares) {
+        if (spare.pStorage) ::operator delete(spare.pStorage);
+    }
+    vecSpares.clear();
+}
+
+CXmlWriter::CXmlWriter(const char* pszClassName)
+    : CInstanceMonitor(pszClassName), m_pContext(nullptr), m_nLiveContexts(0) {
+    if (!CSpareContextPool::ms_bGone) m_vecFreeContexts.swap(t_spareContexts.m_vecSpares);
+    try {
+        AddNamespaceAlias("xml", XmlNamespaceURI);
+    } catch (...) {
+        FreeSpareContexts(m_vecFreeContexts);
+        throw;
+    }
 }
 
 CXmlWriter::~CXmlWriter() {
     // Elements left open by an exception: free the whole chain.
     while (m_pContext) PopContext();
-    for (void* pStorage : m_vecFreeContexts) ::operator delete(pStorage);
+    // Handed on unless the pool already holds the spares of another writer (writers nested on
+    // one thread) or is gone.
+    if (!CSpareContextPool::ms_bGone && t_spareContexts.m_vecSpares.empty() &&
+        m_vecFreeContexts.size() <= CSpareContextPool::kMaxKept) {
+        t_spareContexts.m_vecSpares.swap(m_vecFreeContexts);
+    }
+    FreeSpareContexts(m_vecFreeContexts);
 }
 
 void CXmlWriter::StartDocument() {}
@@ -170,32 +210,40 @@ std::string CXmlWriter::GenerateNamespacePrefix(const NamespaceMap& mapNamespace
 }
 
 CXmlWriter::CXmlWriterContext* CXmlWriter::CreateContext(const std::string& strName, const std::string& strNamespace) {
-    void* pStorage;
-    if (!m_vecFreeContexts.empty()) {
-        pStorage = m_vecFreeContexts.back();
-        m_vecFreeContexts.pop_back();
-    } else {
-        // Exactly the storage a plain new of the class would take, so that such a context can
-        // also be released by delete (the parent chain of a context is deleted that way).
-        pStorage = ::operator new(sizeof(CXmlWriterContext));
-    }
+    if (m_vecFreeContexts.size() <= m_nLiveContexts) m_vecFreeContexts.resize(m_nLiveContexts + 1);
+    CSpareContext& spare = m_vecFreeContexts[m_nLiveContexts];
+    // The buffers usually hold the texts already: siblings at one level share name and
+    // namespace more often than not.
+    if (spare.strName != strName) spare.strName.assign(strName);
+    if (spare.strNamespace != strNamespace) spare.strNamespace.assign(strNamespace);
+    // Exactly the storage a plain new of the class would take, so that such a context can
+    // also be released by delete (the parent chain of a context is deleted that way).
+    void* pStorage = spare.pStorage ? spare.pStorage : ::operator new(sizeof(CXmlWriterContext));
+    spare.pStorage = nullptr;
+    CXmlWriterContext* pContext;
     try {
-        if (m_pContext) return new (pStorage) CXmlWriterContext(strName, strNamespace, m_pContext);
-        return new (pStorage) CXmlWriterContext(strName, strNamespace, m_strDefaultNamespace, m_mapNamespaces, nullptr);
+        if (m_pContext)
+            pContext =
+                new (pStorage) CXmlWriterContext(std::move(spare.strName), std::move(spare.strNamespace), m_pContext);
+        else
+            pContext = new (pStorage) CXmlWriterContext(std::move(spare.strName), std::move(spare.strNamespace),
+                                                        m_strDefaultNamespace, m_mapNamespaces, nullptr);
     } catch (...) {
-        ::operator delete(pStorage);
+        spare.pStorage = pStorage;
         throw;
     }
+    ++m_nLiveContexts;
+    return pContext;
 }
 
 void CXmlWriter::DestroyContext(CXmlWriterContext* pContext) noexcept {
+    // Contexts die in the reverse order of their making: this one holds the last slot taken.
+    CSpareContext& spare = m_vecFreeContexts[--m_nLiveContexts];
     pContext->m_pParent = nullptr;
+    spare.strName = std::move(pContext->m_strName);
+    spare.strNamespace = std::move(pContext->m_strNamespace);
     pContext->~CXmlWriterContext();
-    try {
-        m_vecFreeContexts.push_back(pContext);
-    } catch (...) {
-        ::operator delete(pContext);
-    }
+    spare.pStorage = pContext;
 }
 
 void CXmlWriter::PopContext() noexcept {

@@ -35,12 +35,12 @@ public:
     // them (collection state, attribute flag, its own idea of depth).
     class ORVEXXML_API CXmlWriterContext : public CInstanceMonitor {
     public:
-        // Root form: depth 0, a scope of its own holding a copy of the writer's map.
-        CXmlWriterContext(const std::string& strName, const std::string& strNamespace,
-                          const std::string& strDefaultNamespace, const NamespaceMap& mapNamespaces,
-                          CXmlWriterContext* pParent);
+        // Root form: depth 0, a scope of its own holding a copy of the writer's map. The name
+        // and the namespace are taken by value, so that a caller can move buffers in.
+        CXmlWriterContext(std::string strName, std::string strNamespace, const std::string& strDefaultNamespace,
+                          const NamespaceMap& mapNamespaces, CXmlWriterContext* pParent);
         // Nested form: one level below pParent, sharing its namespace scope.
-        CXmlWriterContext(const std::string& strName, const std::string& strNamespace, CXmlWriterContext* pParent);
+        CXmlWriterContext(std::string strName, std::string strNamespace, CXmlWriterContext* pParent);
         // Frees an owned map and the parent chain.
         ~CXmlWriterContext() override;
 
@@ -126,10 +126,12 @@ protected:
     explicit CXmlWriter(const char* pszClassName);
 
     // Makes the context of a new element below m_pContext (root form when no element is
-    // open) without installing it. Storage of finished contexts is reused, but every context
-    // is fully constructed and destroyed, once per element.
+    // open) without installing it. The storage of finished contexts and the buffers of their
+    // name and namespace are reused, but every context is fully constructed and destroyed,
+    // once per element.
     CXmlWriterContext* CreateContext(const std::string& strName, const std::string& strNamespace);
-    // Detaches the parent from pContext, destroys pContext and keeps its storage for reuse.
+    // Detaches the parent from pContext, destroys pContext and keeps its storage and string
+    // buffers for reuse.
     void DestroyContext(CXmlWriterContext* pContext) noexcept;
     // Ends the innermost element: m_pContext becomes its parent.
     void PopContext() noexcept;
@@ -139,7 +141,24 @@ protected:
     NamespaceMap m_mapNamespaces;       // registered before the root element
 
 private:
-    std::vector<void*> m_vecFreeContexts;  // storage of destroyed contexts, ready for reuse
+    // What a destroyed context leaves for the next one at its level: its storage, and the
+    // buffers of its name and namespace, so that an element whose namespace is longer than a
+    // short string costs no allocation once the writer has reached its depth. Contexts live
+    // and die in stack order, so the spares are kept by level, the innermost living context
+    // owning the slot m_nLiveContexts - 1. A writer takes the spares that the last writer of
+    // its thread left, and leaves its own when it goes, so that many small documents written
+    // one after the other don't pay for them each time.
+    struct CSpareContext {
+        void* pStorage = nullptr;
+        std::string strName;
+        std::string strNamespace;
+    };
+    typedef std::vector<CSpareContext> SpareContexts;
+    static void FreeSpareContexts(SpareContexts& vecSpares) noexcept;
+    friend class CSpareContextPool;
+
+    size_t m_nLiveContexts;
+    SpareContexts m_vecFreeContexts;
 };
 
 }  // namespace OrvexXml

@@ -89,6 +89,10 @@ CXmlNodeStore::CXmlNodeStore()
       m_pLimit(nullptr),
       m_pBlocks(nullptr),
       m_nNextBlockSize(kFirstBlockSize),
+      m_pStoredTexts(nullptr),
+      m_ppTextTable(nullptr),
+      m_nTextTableSize(0),
+      m_nTextCount(0),
       m_apRecent{nullptr, nullptr},
       m_nNextRecent(0),
       m_apRecentNames{},
@@ -131,6 +135,15 @@ void* CXmlNodeStore::AllocateSlow(size_t nSize) {
 }
 
 void CXmlNodeStore::Release() {
+    // The stored texts live in the blocks: their buffers go first.
+    while (m_pStoredTexts) {
+        StoredText* pText = m_pStoredTexts;
+        m_pStoredTexts = pText->pNext;
+        pText->~StoredText();
+    }
+    m_ppTextTable = nullptr;
+    m_nTextTableSize = 0;
+    m_nTextCount = 0;
     while (m_pBlocks) {
         Block* pBlock = m_pBlocks;
         m_pBlocks = pBlock->pNext;
@@ -143,8 +156,6 @@ void CXmlNodeStore::Release() {
     m_pCursor = m_pLimit = nullptr;
     m_nNextBlockSize = kFirstBlockSize;
     std::memset(m_apFree, 0, sizeof(m_apFree));
-    m_mapNamespaces.clear();
-    m_deqNamespaces.clear();
     m_apRecent[0] = m_apRecent[1] = nullptr;
     for (const std::string*& pRecent : m_apRecentNames) pRecent = nullptr;
 }
@@ -154,18 +165,52 @@ const std::string* CXmlNodeStore::EmptyNamespace() {
     return &s_strEmpty;
 }
 
-const std::string* CXmlNodeStore::Store(const char* pText, size_t nLength) {
-    auto it = m_mapNamespaces.find(std::string_view(pText, nLength));
-    if (it != m_mapNamespaces.end()) return it->second;
-    m_deqNamespaces.emplace_back(pText, nLength);
-    const std::string* pStored = &m_deqNamespaces.back();
-    try {
-        m_mapNamespaces.emplace(std::string_view(*pStored), pStored);
-    } catch (...) {
-        m_deqNamespaces.pop_back();
-        throw;
+namespace {
+
+size_t HashText(const char* pText, size_t nLength) {
+    // FNV-1a: names and URIs are short, and the table only needs a fair spread.
+    uint64_t nHash = 14695981039346656037ULL;
+    for (size_t i = 0; i < nLength; ++i) {
+        nHash ^= static_cast<unsigned char>(pText[i]);
+        nHash *= 1099511628211ULL;
     }
-    return pStored;
+    return static_cast<size_t>(nHash ^ (nHash >> 32));
+}
+
+}  // namespace
+
+const std::string* CXmlNodeStore::Store(const char* pText, size_t nLength) {
+    const size_t nHash = HashText(pText, nLength);
+    if (m_ppTextTable) {
+        for (size_t i = nHash & (m_nTextTableSize - 1);; i = (i + 1) & (m_nTextTableSize - 1)) {
+            const std::string* pStored = m_ppTextTable[i];
+            if (!pStored) break;
+            if (pStored->size() == nLength && std::memcmp(pStored->data(), pText, nLength) == 0) return pStored;
+        }
+    }
+    if ((m_nTextCount + 1) * 2 > m_nTextTableSize) {
+        // A new table twice the size (64 entries to start with); the old one stays in its block.
+        const size_t nNewSize = m_nTextTableSize ? m_nTextTableSize * 2 : 64;
+        const std::string** ppNew = static_cast<const std::string**>(Allocate(nNewSize * sizeof(const std::string*)));
+        std::memset(static_cast<void*>(ppNew), 0, nNewSize * sizeof(const std::string*));
+        for (size_t n = 0; n < m_nTextTableSize; ++n) {
+            const std::string* pStored = m_ppTextTable[n];
+            if (!pStored) continue;
+            size_t i = HashText(pStored->data(), pStored->size()) & (nNewSize - 1);
+            while (ppNew[i]) i = (i + 1) & (nNewSize - 1);
+            ppNew[i] = pStored;
+        }
+        m_ppTextTable = ppNew;
+        m_nTextTableSize = nNewSize;
+    }
+    // A failure to copy the text leaves its node's memory unused in the block, nothing else.
+    StoredText* pNew = new (Allocate(sizeof(StoredText))) StoredText{m_pStoredTexts, std::string(pText, nLength)};
+    m_pStoredTexts = pNew;
+    size_t i = nHash & (m_nTextTableSize - 1);
+    while (m_ppTextTable[i]) i = (i + 1) & (m_nTextTableSize - 1);
+    m_ppTextTable[i] = &pNew->str;
+    ++m_nTextCount;
+    return &pNew->str;
 }
 
 const std::string* CXmlNodeStore::InternNamespace(const char* pUri, size_t nLength) {

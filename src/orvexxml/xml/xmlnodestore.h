@@ -2,10 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 // Under AddressSanitizer, memory of the store that holds no living node is poisoned, so that
 // a use of a dead node is reported as it would be with the heap.
@@ -36,7 +34,9 @@ namespace OrvexXml {
 // instead of one per 4 KiB, which is what dominates building a big tree from fresh memory.
 //
 // Namespace URIs: each distinct URI is stored once, and elements and attributes point to it,
-// so that a document in one namespace doesn't copy the URI into every node.
+// so that a document in one namespace doesn't copy the URI into every node. The stored texts
+// and the table that finds them live in the blocks too: a small document costs no allocation
+// for them beyond the buffers of texts too long for a short string.
 //
 // One document, one thread at a time. Release() may only be called when no node lives.
 class CXmlNodeStore {
@@ -104,8 +104,17 @@ private:
     size_t m_nNextBlockSize;
     FreeNode* m_apFree[kFreeLists];
 
-    std::deque<std::string> m_deqNamespaces;
-    std::unordered_map<std::string_view, const std::string*> m_mapNamespaces;
+    // A stored text, carved from the blocks; the list lets Release destroy them.
+    struct StoredText {
+        StoredText* pNext;
+        std::string str;
+    };
+    StoredText* m_pStoredTexts;
+    // Open addressing over the stored texts, in the blocks; a power of two in size, at most
+    // half full. Outgrown tables are left where they are until Release.
+    const std::string** m_ppTextTable;
+    size_t m_nTextTableSize;
+    size_t m_nTextCount;
     const std::string* m_apRecent[2];
     unsigned m_nNextRecent;
     static const unsigned kRecentNames = 8;
