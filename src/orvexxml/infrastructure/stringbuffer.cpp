@@ -49,9 +49,14 @@ void CStringBuffer::AppendSlow(const char* pData, size_t nLen) {
 }
 
 void CStringBuffer::AddBlock() {
-    // Reserve the vector slots first, so that a failing push_back cannot leak the block.
-    m_vecBlocks.reserve(m_vecBlocks.size() + 1);
-    m_vecBlockSizes.reserve(m_vecBlockSizes.size() + 1);
+    // Reserve the vector slots first, so that a failing push_back cannot leak the block. The
+    // room doubles: growing it by one slot at a time would copy the whole list at every block,
+    // which for a document of gigabytes (a million blocks) is quadratic.
+    if (m_vecBlocks.size() == m_vecBlocks.capacity()) {
+        const size_t nSlots = m_vecBlocks.empty() ? 4 : 2 * m_vecBlocks.size();
+        m_vecBlocks.reserve(nSlots);
+    }
+    m_vecBlockSizes.reserve(m_vecBlocks.capacity());
     char* pBlock = AllocateZeroed(static_cast<size_t>(m_dwBlockSize) + 1);
     m_vecBlocks.push_back(pBlock);
     m_vecBlockSizes.push_back(m_dwBlockSize);
