@@ -3,7 +3,10 @@
 
 #include <cstdint>
 
-#if defined(_WIN32)
+#if defined(ORVEXXML_STATIC)
+// A static library has nothing to export or import.
+#define ORVEXXML_API
+#elif defined(_WIN32)
 #if defined(ORVEXXML_BUILDING)
 #define ORVEXXML_API __declspec(dllexport)
 #else

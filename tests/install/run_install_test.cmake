@@ -22,6 +22,31 @@ foreach(f include/orvexxml/orvexxml.h include/orvexxml/binding/xmlgeneratedclass
   endif()
 endforeach()
 
+# The headers that the umbrella header doesn't reach belong to the implementation.
+foreach(f include/orvexxml/xml/xmlnodestore.h include/orvexxml/xml/expatreader.h
+          include/orvexxml/infrastructure/codepage.h include/orvexxml/infrastructure/utf8.h)
+  if(EXISTS ${prefix}/${f})
+    message(FATAL_ERROR "internal header installed: ${f}")
+  endif()
+endforeach()
+
+# A shared library is named by major and minor version, which generated code must match.
+if(EXISTS ${prefix}/lib/liborvexxml.so)
+  if(NOT EXISTS ${prefix}/lib/liborvexxml.so.16.1)
+    message(FATAL_ERROR "liborvexxml.so.16.1 missing after install")
+  endif()
+  find_program(READELF readelf)
+  if(READELF)
+    run(${READELF} -d ${prefix}/lib/liborvexxml.so)
+    if(NOT last_output MATCHES "Library soname: \\[liborvexxml\\.so\\.16\\.1\\]")
+      message(FATAL_ERROR "unexpected soname:\n${last_output}")
+    endif()
+  endif()
+endif()
+
+run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/install/version -B ${WORK_DIR}/version -G ${CMAKE_GENERATOR}
+    -DCMAKE_PREFIX_PATH=${prefix})
+
 run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/install/consumer -B ${WORK_DIR}/consumer -G ${CMAKE_GENERATOR}
     -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_BUILD_TYPE=Release)
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/consumer)

@@ -90,12 +90,13 @@ inline std::string Utf16Le(const std::u16string& strUnits) {
 
 // fn must throw a plain COxException with exactly this message.
 template <class TFunc>
-void ExpectOxException(TFunc fn, const std::string& strMessage) {
+void ExpectOxException(TFunc fn, const std::string& strMessage,
+                       const std::type_info& expectedType = typeid(OrvexXml::COxException)) {
     try {
         fn();
         ADD_FAILURE() << "no exception; expected: " << strMessage;
     } catch (const OrvexXml::COxException& e) {
-        EXPECT_EQ(typeid(OrvexXml::COxException), typeid(e));
+        EXPECT_EQ(expectedType, typeid(e));
         EXPECT_EQ(strMessage, e.GetMessage());
     }
 }

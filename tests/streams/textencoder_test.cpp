@@ -1,6 +1,7 @@
 #include "orvexxml/infrastructure/textencoder.h"
 
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 
 #include <string>
 #include <vector>
@@ -125,6 +126,28 @@ TEST_F(TextEncoder, LocalToUtf16DecodesUtf8AsTheCodePageConverterDoes) {
             << CBinaryData::GetAsHexString(reinterpret_cast<const unsigned char*>(strText.data()),
                                            static_cast<OxULong>(strText.size()));
     }
+}
+
+// Text of 4 GiB and more without the memory: address space that may not be touched beyond its
+// first page, so the conversions must refuse a result that a CBinaryData can't hold from its
+// measured length, before they read, copy or allocate anything for it.
+TEST_F(TextEncoder, ResultsPastFourGiBOverflowBeforeTheTextIsRead) {
+    const size_t kPage = 4096;
+    const size_t kSize = (size_t(1) << 32) + kPage;
+    void* pMap = ::mmap(nullptr, kSize, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    ASSERT_NE(MAP_FAILED, pMap);
+    ASSERT_EQ(0, ::mprotect(pMap, kPage, PROT_READ | PROT_WRITE));
+    char* pText = static_cast<char*>(pMap);
+    pText[0] = '\x80';  // not 7-bit: the code page route gives up its search for an ASCII run here
+
+    const std::string strFourGiB =
+        "Data of 4294967296 bytes are too long for a binary buffer, which holds at most 4294967295 bytes";
+    // Local UTF-8 goes out as it is: 2^32 bytes.
+    ExpectOxException([&]() { LocalToUtf8(pText, size_t(1) << 32); }, strFourGiB, typeid(COxOverFlowException));
+    // A single-byte code page gives two bytes per character: 2^31 characters are 2^32 bytes.
+    SetLocalCharEncoding(1252);
+    ExpectOxException([&]() { LocalToUtf16(pText, size_t(1) << 31); }, strFourGiB, typeid(COxOverFlowException));
+    EXPECT_EQ(0, ::munmap(pMap, kSize));
 }
 
 TEST_F(TextEncoder, NonAsciiByteIsFoundAtEveryPositionOfALongRun) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <random>
@@ -256,6 +257,34 @@ TEST(BinaryDataAppend, ByteByByteFarPastEveryCapacityStep) {
 }
 
 // --- hex and base64 text -----------------------------------------------------------------------
+
+// Every length that crosses into a CBinaryData passes this check, so the boundary is tested here
+// rather than with gigabytes of data.
+TEST(BinaryDataLimit, LengthsPastFourGiBMinusOneOverflowWithTheirSize) {
+    const struct {
+        uint64_t nLength;
+        const char* pszMessage;  // null: accepted
+    } rows[] = {
+        {0, nullptr},
+        {1, nullptr},
+        {0xFFFFFFFFull, nullptr},
+        {0x100000000ull,
+         "Data of 4294967296 bytes are too long for a binary buffer, which holds at most 4294967295 bytes"},
+        {0x100000001ull,
+         "Data of 4294967297 bytes are too long for a binary buffer, which holds at most 4294967295 bytes"},
+        {UINT64_MAX,
+         "Data of 18446744073709551615 bytes are too long for a binary buffer, which holds at most "
+         "4294967295 bytes"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.nLength);
+        if (row.pszMessage == nullptr) {
+            EXPECT_EQ(row.nLength, CBinaryData::CheckLength(row.nLength));
+        } else {
+            EXPECT_OX_THROW(CBinaryData::CheckLength(row.nLength), OrvexXml::COxOverFlowException, row.pszMessage);
+        }
+    }
+}
 
 TEST(BinaryDataText, HexIsUpperCaseHighNibbleFirstAndEveryByteRoundTrips) {
     std::vector<unsigned char> bytes(256);

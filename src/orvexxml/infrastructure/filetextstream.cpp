@@ -27,7 +27,7 @@ const unsigned char s_byteOrderMark[2] = {0xFF, 0xFE};
 // as formatting a few kilobytes; a text writer flushes every 4096 characters, and writes of that
 // size would add half again to the time of the walk. Larger writes make that cost vanish, and
 // the buffer, reused after each write, still keeps memory flat.
-const uint32_t kMinimumWrite = 65536;
+const size_t kMinimumWrite = 65536;
 
 bool IsUtf16(XmlEncoding eEncoding) {
     return eEncoding == XmlEncoding_UTF16 || eEncoding == XmlEncoding_UTF16NoDeclaration;
@@ -167,7 +167,7 @@ void CFileTextStream::WriteBuffered(bool bFinal) {
         char tail[4];
         std::memcpy(tail, pszText + nTake, nKeep);
         m_buffer.Clear();
-        m_buffer.Append(tail, static_cast<uint32_t>(nKeep));
+        m_buffer.Append(tail, nKeep);
     }
 }
 

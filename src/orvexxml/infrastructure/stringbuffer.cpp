@@ -32,14 +32,14 @@ CStringBuffer::CStringBuffer(uint32_t nBlockSize)
 
 CStringBuffer::~CStringBuffer() { ReleaseAll(); }
 
-void CStringBuffer::AppendSlow(const char* pData, uint32_t nLen) {
+void CStringBuffer::AppendSlow(const char* pData, size_t nLen) {
     while (nLen > 0) {
         if (m_LastBlock_SizeOf == m_LastBlock_DataIn) {
             AddBlock();
             continue;
         }
-        uint32_t nFree = m_LastBlock_SizeOf - m_LastBlock_DataIn;
-        uint32_t nCopy = nLen < nFree ? nLen : nFree;
+        size_t nFree = m_LastBlock_SizeOf - m_LastBlock_DataIn;
+        size_t nCopy = nLen < nFree ? nLen : nFree;
         std::memcpy(m_pLastBlock + m_LastBlock_DataIn, pData, nCopy);
         m_LastBlock_DataIn += nCopy;
         m_dwTotalBufferLen += nCopy;
@@ -49,9 +49,14 @@ void CStringBuffer::AppendSlow(const char* pData, uint32_t nLen) {
 }
 
 void CStringBuffer::AddBlock() {
-    // Reserve the vector slots first, so that a failing push_back cannot leak the block.
-    m_vecBlocks.reserve(m_vecBlocks.size() + 1);
-    m_vecBlockSizes.reserve(m_vecBlockSizes.size() + 1);
+    // Reserve the vector slots first, so that a failing push_back cannot leak the block. The
+    // room doubles: growing it by one slot at a time would copy the whole list at every block,
+    // which for a document of gigabytes (a million blocks) is quadratic.
+    if (m_vecBlocks.size() == m_vecBlocks.capacity()) {
+        const size_t nSlots = m_vecBlocks.empty() ? 4 : 2 * m_vecBlocks.size();
+        m_vecBlocks.reserve(nSlots);
+    }
+    m_vecBlockSizes.reserve(m_vecBlocks.capacity());
     char* pBlock = AllocateZeroed(static_cast<size_t>(m_dwBlockSize) + 1);
     m_vecBlocks.push_back(pBlock);
     m_vecBlockSizes.push_back(m_dwBlockSize);
@@ -67,7 +72,7 @@ void CStringBuffer::Assign(const char* psz) {
 
 void CStringBuffer::Clear() {
     if (m_vecBlocks.size() == 1) {
-        std::memset(m_pLastBlock, 0, static_cast<size_t>(m_LastBlock_SizeOf) + 1);
+        std::memset(m_pLastBlock, 0, m_LastBlock_SizeOf + 1);
         m_LastBlock_DataIn = 0;
         m_dwTotalBufferLen = 0;
     } else {
@@ -79,7 +84,7 @@ const char* CStringBuffer::GetBuffer() {
     if (m_vecBlocks.empty()) return g_szEmpty;
     if (m_vecBlocks.size() == 1) return m_pLastBlock;
 
-    char* pJoined = static_cast<char*>(std::malloc(static_cast<size_t>(m_dwTotalBufferLen) + 1));
+    char* pJoined = static_cast<char*>(std::malloc(m_dwTotalBufferLen + 1));
     if (!pJoined) throw std::bad_alloc();
     char* pOut = pJoined;
     size_t nLast = m_vecBlocks.size() - 1;
@@ -90,7 +95,7 @@ const char* CStringBuffer::GetBuffer() {
     std::memcpy(pOut, m_pLastBlock, m_LastBlock_DataIn);
     pOut[m_LastBlock_DataIn] = '\0';
 
-    uint32_t nTotal = m_dwTotalBufferLen;
+    const size_t nTotal = m_dwTotalBufferLen;
     ReleaseAll();
     // Both vectors had capacity for several entries, so these pushes do not allocate.
     m_vecBlocks.push_back(pJoined);

@@ -16,6 +16,9 @@ namespace OrvexXml {
 // Every block is allocated with one byte more than its capacity and zero-filled, so the last
 // block is always null-terminated. The appends that fit into the last block are inline; only
 // the crossing into a new block goes out of line.
+//
+// Lengths are kept in size_t, so a text may grow past 4 GiB; only the size of new blocks is
+// a 32-bit quantity.
 class ORVEXXML_API CStringBuffer : public CInstanceMonitor {
 public:
     // Blocks of 4096 bytes: 4095 bytes of text and the terminator.
@@ -29,7 +32,7 @@ public:
     CStringBuffer& operator=(const CStringBuffer&) = delete;
 
     // Adds the bytes up to the terminator.
-    void Append(const char* psz) { Append(psz, static_cast<uint32_t>(std::strlen(psz))); }
+    void Append(const char* psz) { Append(psz, std::strlen(psz)); }
     // Adds the bytes up to the first null byte, like the const char* form.
     void Append(const std::string& str) { Append(str.c_str()); }
     // Adds one byte; a null byte is counted like any other.
@@ -42,7 +45,7 @@ public:
         }
     }
     // Adds exactly nLen bytes, null bytes included.
-    void Append(const char* pData, uint32_t nLen) {
+    void Append(const char* pData, size_t nLen) {
         if (nLen != 0 && nLen <= m_LastBlock_SizeOf - m_LastBlock_DataIn) {
             std::memcpy(m_pLastBlock + m_LastBlock_DataIn, pData, nLen);
             m_LastBlock_DataIn += nLen;
@@ -57,7 +60,7 @@ public:
     // Empties the buffer. With exactly one block, that block is kept for further text.
     void Clear();
 
-    uint32_t GetLength() const { return m_dwTotalBufferLen; }
+    size_t GetLength() const { return m_dwTotalBufferLen; }
     // The whole text as one null-terminated string. Joins the blocks if there are several;
     // the pointer stays valid until the next change of the buffer.
     const char* GetBuffer();
@@ -65,17 +68,17 @@ public:
     void CopyTo(char* pDest) const;
 
 private:
-    void AppendSlow(const char* pData, uint32_t nLen);
+    void AppendSlow(const char* pData, size_t nLen);
     void AddBlock();
     void ReleaseAll();
 
-    std::vector<char*> m_vecBlocks;         // oldest first; owned
-    std::vector<uint32_t> m_vecBlockSizes;  // capacity of each block, in step with m_vecBlocks
-    uint32_t m_dwBlockSize;                 // capacity of new blocks
-    uint32_t m_LastBlock_DataIn;            // bytes used in the last block
-    uint32_t m_LastBlock_SizeOf;            // capacity of the last block; 0 with no blocks
-    char* m_pLastBlock;                     // null with no blocks
-    uint32_t m_dwTotalBufferLen;            // all bytes held
+    std::vector<char*> m_vecBlocks;       // oldest first; owned
+    std::vector<size_t> m_vecBlockSizes;  // capacity of each block, in step with m_vecBlocks
+    uint32_t m_dwBlockSize;               // capacity of new blocks
+    size_t m_LastBlock_DataIn;            // bytes used in the last block
+    size_t m_LastBlock_SizeOf;            // capacity of the last block (a joined one may pass 4 GiB)
+    char* m_pLastBlock;                   // null with no blocks
+    size_t m_dwTotalBufferLen;            // all bytes held
 };
 
 }  // namespace OrvexXml

@@ -18,12 +18,6 @@ namespace {
 
 bool IsLowSurrogate(uint32_t u) { return u >= 0xDC00 && u <= 0xDFFF; }
 
-// CBinaryData counts its bytes in 32 bits.
-OxULong CheckedLength(size_t nLength) {
-    if (nLength > UINT32_MAX) throw COxException("The encoded text is too long for a binary buffer");
-    return static_cast<OxULong>(nLength);
-}
-
 }  // namespace
 
 void AdviseHugePages(void* pData, size_t nLength) {
@@ -36,6 +30,9 @@ void AdviseHugePages(void* pData, size_t nLength) {
 }
 
 std::unique_ptr<unsigned char[]> AllocateResult(size_t nLength) {
+    // Every result is measured before it is allocated, so a text that a CBinaryData can't
+    // hold is refused here, before gigabytes are spent on it.
+    CBinaryData::CheckLength(nLength);
     std::unique_ptr<unsigned char[]> spData(new unsigned char[nLength]);
     AdviseHugePages(spData.get(), nLength);
     return spData;
@@ -43,7 +40,7 @@ std::unique_ptr<unsigned char[]> AllocateResult(size_t nLength) {
 
 CBinaryData TakeOver(std::unique_ptr<unsigned char[]>& spData, size_t nLength) {
     if (nLength == 0) return CBinaryData();
-    CBinaryData result(spData.get(), CheckedLength(nLength), true);
+    CBinaryData result(spData.get(), CBinaryData::CheckLength(nLength), true);
     spData.release();
     return result;
 }

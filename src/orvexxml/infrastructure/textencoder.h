@@ -10,7 +10,8 @@ namespace OrvexXml {
 
 // Conversions of text into the bytes that leave the library: UTF-8, or UTF-16 in little-endian
 // code units. The results hold no byte order mark and no terminator, and are allocated to their
-// exact length. Empty input gives the empty CBinaryData.
+// exact length. Empty input gives the empty CBinaryData. A result longer than
+// CBinaryData::MAX_LENGTH throws COxOverFlowException before it is allocated.
 
 // UTF-16 code units to UTF-8. A surrogate pair gives four bytes, every other unit one to three
 // bytes by its value. At an unpaired surrogate the conversion stops: the text ends there.

@@ -38,10 +38,10 @@ public:
     // Appends the bytes up to the first null byte, like the const char* form.
     void WriteString(const std::string& str) { m_buffer.Append(str); }
     // Appends exactly nLen bytes.
-    void WriteString(const char* pData, size_t nLen) { m_buffer.Append(pData, static_cast<uint32_t>(nLen)); }
+    void WriteString(const char* pData, size_t nLen) { m_buffer.Append(pData, nLen); }
 
     // Characters now buffered.
-    uint32_t GetLength() const { return m_buffer.GetLength(); }
+    size_t GetLength() const { return m_buffer.GetLength(); }
     XmlEncoding GetEncoding() const { return m_eEncoding; }
     // The buffered text as one null-terminated string, valid until the next write.
     const char* GetText() { return m_buffer.GetBuffer(); }
@@ -49,7 +49,9 @@ public:
     std::string GetTextAsString() const;
     // The buffered text as bytes of the stream's encoding: UTF-8, or UTF-16 little-endian
     // without a byte order mark. The text ends at its first null byte, as GetText reads.
-    // XmlEncoding_None has no byte form: throws COxException.
+    // XmlEncoding_None has no byte form: throws COxException. Bytes beyond what a CBinaryData
+    // holds (CBinaryData::MAX_LENGTH) throw COxOverFlowException; a text longer than that
+    // is refused even if a null byte would end it earlier.
     CBinaryData GetEncodedData();
 
 protected:

@@ -233,9 +233,18 @@ void CBinaryData::Append(unsigned char byte) {
 
 void CBinaryData::Append(char byte) { Append(static_cast<unsigned char>(byte)); }
 
+OxULong CBinaryData::CheckLength(uint64_t nLength) {
+    if (nLength > MAX_LENGTH) {
+        throw COxOverFlowException(
+            FormatString("Data of %llu bytes are too long for a binary buffer, which holds at most %u bytes",
+                         static_cast<unsigned long long>(nLength), static_cast<unsigned int>(MAX_LENGTH)));
+    }
+    return static_cast<OxULong>(nLength);
+}
+
 void CBinaryData::Append(const char* text) {
     if (text == nullptr) return;
-    Append(reinterpret_cast<const unsigned char*>(text), static_cast<OxULong>(std::strlen(text)));
+    Append(reinterpret_cast<const unsigned char*>(text), CheckLength(std::strlen(text)));
 }
 
 void CBinaryData::Append(const std::string& text) { Append(text.c_str()); }
@@ -262,7 +271,7 @@ void CBinaryData::Append(const unsigned char* data, OxULong length) {
 
     CBinaryDataBuffer& buffer = *m_pBuffer;
     const uint64_t nNewLength = static_cast<uint64_t>(buffer.m_dwLen) + length;
-    if (nNewLength > UINT32_MAX) throw std::bad_alloc();
+    CheckLength(nNewLength);
     if (nNewLength > buffer.m_dwCapacity) {
         // The new array takes the old bytes and the appended ones before the old array is
         // freed, which keeps bytes taken from the old array valid while they are copied.
@@ -292,7 +301,7 @@ void CBinaryData::SetBuffer(const char* text) {
         Clear();
         return;
     }
-    SetBuffer(reinterpret_cast<const unsigned char*>(text), static_cast<OxULong>(std::strlen(text)));
+    SetBuffer(reinterpret_cast<const unsigned char*>(text), CheckLength(std::strlen(text)));
 }
 
 // --- hex ---------------------------------------------------------------------------------
@@ -320,9 +329,7 @@ OxULong CBinaryData::ConvertToHexData(const char* text, unsigned char** out) {
     const size_t nLength = std::strlen(text);
     if (nLength % 2 != 0) throw COxException("Invalid length in hex string");
     if (nLength == 0) return 0;
-    if (nLength / 2 > UINT32_MAX) throw std::bad_alloc();
-
-    const OxULong nCount = static_cast<OxULong>(nLength / 2);
+    const OxULong nCount = CheckLength(nLength / 2);
     // Freed by the unique_ptr if a character is refused.
     std::unique_ptr<unsigned char[]> spData(new unsigned char[nCount]);
     const unsigned char* p = reinterpret_cast<const unsigned char*>(text);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "orvexxml/export.h"
@@ -24,6 +25,13 @@ class CBinaryDataBuffer;
 // of the block is kept exact. A single handle must not be used from two threads at once.
 class ORVEXXML_API CBinaryData {
 public:
+    // The most bytes a value can hold: its lengths are 32-bit.
+    static constexpr OxULong MAX_LENGTH = UINT32_MAX;
+
+    // nLength as a length of this class. Longer data throw COxOverFlowException, so that a
+    // caller checks before it allocates or cuts anything.
+    static OxULong CheckLength(uint64_t nLength);
+
     // The empty value.
     CBinaryData();
     // length bytes at data. With takeOwnership the handle takes data itself (allocated with
@@ -55,7 +63,8 @@ public:
     void Append(unsigned char byte);
     void Append(char byte);
     // Append length bytes; a length of 0 (or a null pointer) does nothing. The bytes may lie
-    // inside this value's own data.
+    // inside this value's own data. Growing past MAX_LENGTH throws COxOverFlowException and
+    // leaves the value as it was.
     void Append(const unsigned char* data, OxULong length);
     // Append the text up to its first NUL.
     void Append(const char* text);
