@@ -301,20 +301,11 @@ public:
 // nesting, in both walks.
 class CTestNest;
 
-class CTestNestElementInfo : public CElementInfo {
+class CTestNestElementInfo : public CTestClassElementInfo {
 public:
-    CTestNestElementInfo() : CElementInfo("Nest", "", 0) {}
+    CTestNestElementInfo() : CTestClassElementInfo("Nest", "", 0) {}
 
 protected:
-    bool ElementToXml(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
-                      CXmlWriter* pWriter) const override {
-        OxVariant value;
-        ReadProperty(pClass, value);
-        if (!value.IsValid()) return false;
-        CSmartPtr<CXmlObjectBase> child = value.GetXmlObject();
-        ToXml_Int(child, pWriter, false, "", ctx, false);
-        return true;
-    }
     bool ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement*,
                         CXmlElement** ppCurrent, const char*, XmlElementType) override;
 };
