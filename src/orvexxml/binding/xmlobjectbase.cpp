@@ -1,5 +1,6 @@
 #include "orvexxml/binding/xmlobjectbase.h"
 
+#include <atomic>
 #include <cstdio>
 #include <cstring>
 
@@ -83,12 +84,21 @@ void CXmlObjectBase::WriteDocument(CXmlTextWriter& writer, bool bHeader, bool bF
     writer.EndDocument();
 }
 
+// The length of the last text ToXml returned, the guess for the room of the next one: a
+// program tends to write documents of one kind. A wrong guess costs a growth step, or, when
+// far too large, one copy of the text into a string of its size.
+static std::atomic<size_t> g_nLastToXmlLength(0);
+
 std::string CXmlObjectBase::ToXml(bool bHeader, bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const {
     CheckVersion();
     CTextStream stream(XmlEncoding_None);
+    // The text is built in the string that is returned, so it is never copied as a whole.
+    stream.KeepContiguous(g_nLastToXmlLength.load(std::memory_order_relaxed));
     CXmlTextWriter writer(&stream);
     WriteDocument(writer, bHeader, bFormatted, eEOL, ctx);
-    return stream.GetTextAsString();
+    std::string strText = stream.TakeText();
+    g_nLastToXmlLength.store(strText.size(), std::memory_order_relaxed);
+    return strText;
 }
 
 // Compression of stream output joins here with the deflate support; until then a request
