@@ -89,11 +89,19 @@ void CXmlObjectBase::WriteDocument(CXmlTextWriter& writer, bool bHeader, bool bF
 // far too large, one copy of the text into a string of its size.
 static std::atomic<size_t> g_nLastToXmlLength(0);
 
+// The room reserved for the next text: the last length and an eighth more, so that a
+// document that grows a little from call to call doesn't pay a growth step (a copy of all
+// its text) every time. Room that is never written costs address space, not memory.
+static size_t GuessToXmlRoom() {
+    const size_t nLast = g_nLastToXmlLength.load(std::memory_order_relaxed);
+    return nLast + nLast / 8;
+}
+
 std::string CXmlObjectBase::ToXml(bool bHeader, bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const {
     CheckVersion();
     CTextStream stream(XmlEncoding_None);
     // The text is built in the string that is returned, so it is never copied as a whole.
-    stream.KeepContiguous(g_nLastToXmlLength.load(std::memory_order_relaxed));
+    stream.KeepContiguous(GuessToXmlRoom());
     CXmlTextWriter writer(&stream);
     WriteDocument(writer, bHeader, bFormatted, eEOL, ctx);
     std::string strText = stream.TakeText();
