@@ -104,24 +104,45 @@ TEST(StringBuffer, NullBytesAreCountedWhenAppendedAloneAndEndStringAppends) {
 }
 
 TEST(StringBuffer, MixedOperationsMatchAPlainString) {
+    // Blocks of several sizes, and the contiguous form with no guess, a small and a large one.
+    struct Case {
+        uint32_t nBlockSize;
+        bool bContiguous;
+        size_t nExpected;
+    };
+    const Case aCases[] = {{2, false, 0},   {7, false, 0},     {64, false, 0},       {4096, false, 0},
+                           {4096, true, 0}, {4096, true, 100}, {4096, true, 1 << 20}};
     std::mt19937 rng(12345);
-    for (uint32_t nBlockSize : {2u, 7u, 64u, 4096u}) {
-        SCOPED_TRACE(nBlockSize);
-        CStringBuffer buffer(nBlockSize);
+    for (const Case& c : aCases) {
+        SCOPED_TRACE(testing::Message() << c.nBlockSize << (c.bContiguous ? " contiguous " : " blocks ")
+                                        << c.nExpected);
+        CStringBuffer buffer(c.nBlockSize);
+        if (c.bContiguous) buffer.KeepContiguous(c.nExpected);
         std::string expected;
         for (int step = 0; step < 3000; ++step) {
             const int op = static_cast<int>(rng() % 100);
-            if (op < 50) {
-                std::string piece(rng() % 200, 'a');
-                for (char& c : piece) c = static_cast<char>('a' + rng() % 26);
+            if (op < 40) {
+                // Now and then a piece larger than the steps in which contiguous room grows.
+                std::string piece(rng() % 50 == 0 ? 70000 + rng() % 1000 : rng() % 200, 'a');
+                for (char& ch : piece) ch = static_cast<char>('a' + rng() % 26);
                 buffer.Append(piece.data(), static_cast<uint32_t>(piece.size()));
                 expected += piece;
+            } else if (op < 50) {
+                // A string ends at its first null byte, short or long.
+                std::string piece(rng() % 80, 'q');
+                if (!piece.empty() && rng() % 2 == 0) piece[rng() % piece.size()] = '\0';
+                buffer.Append(piece);
+                expected += piece.c_str();
             } else if (op < 85) {
-                const char c = static_cast<char>('A' + rng() % 26);
-                buffer.Append(c);
-                expected += c;
-            } else if (op < 98) {
+                const char ch = static_cast<char>('A' + rng() % 26);
+                buffer.Append(ch);
+                expected += ch;
+            } else if (op < 97) {
                 ASSERT_EQ(expected, buffer.GetBuffer());
+            } else if (op < 98) {
+                std::string copy(buffer.GetLength(), '\0');
+                buffer.CopyTo(&copy[0]);
+                ASSERT_EQ(expected, copy);
             } else {
                 buffer.Clear();
                 expected.clear();
@@ -129,6 +150,13 @@ TEST(StringBuffer, MixedOperationsMatchAPlainString) {
             ASSERT_EQ(expected.size(), buffer.GetLength());
         }
         EXPECT_EQ(expected, buffer.GetBuffer());
+        EXPECT_EQ(c.bContiguous, buffer.IsContiguous());
+        EXPECT_EQ(expected, buffer.TakeString());
+        EXPECT_EQ(0u, buffer.GetLength());
+        EXPECT_STREQ("", buffer.GetBuffer());
+        buffer.Assign("again");
+        EXPECT_STREQ("again", buffer.GetBuffer());
+        EXPECT_EQ("again", buffer.TakeString());
     }
 }
 

@@ -1,5 +1,6 @@
 #include "orvexxml/binding/xmlobjectbase.h"
 
+#include <atomic>
 #include <cstdio>
 #include <cstring>
 
@@ -83,12 +84,29 @@ void CXmlObjectBase::WriteDocument(CXmlTextWriter& writer, bool bHeader, bool bF
     writer.EndDocument();
 }
 
+// The length of the last text ToXml returned, the guess for the room of the next one: a
+// program tends to write documents of one kind. A wrong guess costs a growth step, or, when
+// far too large, one copy of the text into a string of its size.
+static std::atomic<size_t> g_nLastToXmlLength(0);
+
+// The room reserved for the next text: the last length and an eighth more, so that a
+// document that grows a little from call to call doesn't pay a growth step (a copy of all
+// its text) every time. Room that is never written costs address space, not memory.
+static size_t GuessToXmlRoom() {
+    const size_t nLast = g_nLastToXmlLength.load(std::memory_order_relaxed);
+    return nLast + nLast / 8;
+}
+
 std::string CXmlObjectBase::ToXml(bool bHeader, bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const {
     CheckVersion();
     CTextStream stream(XmlEncoding_None);
+    // The text is built in the string that is returned, so it is never copied as a whole.
+    stream.KeepContiguous(GuessToXmlRoom());
     CXmlTextWriter writer(&stream);
     WriteDocument(writer, bHeader, bFormatted, eEOL, ctx);
-    return stream.GetTextAsString();
+    std::string strText = stream.TakeText();
+    g_nLastToXmlLength.store(strText.size(), std::memory_order_relaxed);
+    return strText;
 }
 
 // Compression of stream output joins here with the deflate support; until then a request

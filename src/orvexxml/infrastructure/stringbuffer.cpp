@@ -3,11 +3,17 @@
 #include <cstdlib>
 #include <new>
 
+#include "orvexxml/infrastructure/textencoder.h"
+
 namespace OrvexXml {
 
 namespace {
 
 const uint32_t kDefaultBlockSize = 4096;
+
+// The contiguous text's zero-filled room grows by this much at a time, so that filling it
+// touches hardly more memory than the text itself.
+const size_t kContiguousStep = 64 * 1024;
 
 // What GetBuffer returns while there is no block at all.
 const char g_szEmpty[1] = {'\0'};
@@ -28,11 +34,20 @@ CStringBuffer::CStringBuffer(uint32_t nBlockSize)
       m_LastBlock_DataIn(0),
       m_LastBlock_SizeOf(0),
       m_pLastBlock(nullptr),
-      m_dwTotalBufferLen(0) {}
+      m_dwTotalBufferLen(0),
+      m_bContiguous(false) {}
 
 CStringBuffer::~CStringBuffer() { ReleaseAll(); }
 
 void CStringBuffer::AppendSlow(const char* pData, size_t nLen) {
+    if (m_bContiguous) {
+        if (nLen == 0) return;
+        GrowContiguous(nLen);
+        std::memcpy(m_pLastBlock + m_LastBlock_DataIn, pData, nLen);
+        m_LastBlock_DataIn += nLen;
+        m_dwTotalBufferLen += nLen;
+        return;
+    }
     while (nLen > 0) {
         if (m_LastBlock_SizeOf == m_LastBlock_DataIn) {
             AddBlock();
@@ -65,12 +80,65 @@ void CStringBuffer::AddBlock() {
     m_LastBlock_DataIn = 0;
 }
 
+void CStringBuffer::GrowContiguous(size_t nLen) {
+    const size_t nNeeded = m_LastBlock_DataIn + nLen;
+    if (nNeeded > m_strContiguous.capacity()) {
+        size_t nCapacity = 2 * m_strContiguous.capacity();
+        if (nCapacity < m_dwBlockSize) nCapacity = m_dwBlockSize;
+        if (nCapacity < nNeeded) nCapacity = nNeeded;
+        // Only the bytes in use move to the new area, not the zeros of the room behind them.
+        m_strContiguous.resize(m_LastBlock_DataIn);
+        m_strContiguous.reserve(nCapacity);
+        AdviseHugePages(&m_strContiguous[0], m_strContiguous.capacity());
+    }
+    size_t nRoom = m_strContiguous.size() + kContiguousStep;
+    if (nRoom < nNeeded) nRoom = nNeeded;
+    if (nRoom > m_strContiguous.capacity()) nRoom = m_strContiguous.capacity();
+    m_strContiguous.resize(nRoom);
+    m_pLastBlock = &m_strContiguous[0];
+    m_LastBlock_SizeOf = nRoom;
+}
+
+void CStringBuffer::KeepContiguous(size_t nExpected) {
+    ReleaseAll();
+    m_bContiguous = true;
+    if (nExpected != 0) {
+        m_strContiguous.reserve(nExpected);
+        AdviseHugePages(&m_strContiguous[0], m_strContiguous.capacity());
+    }
+}
+
+std::string CStringBuffer::TakeString() {
+    std::string strText;
+    if (m_bContiguous) {
+        m_strContiguous.resize(m_LastBlock_DataIn);
+        strText.swap(m_strContiguous);
+        // A guess far above the text would otherwise stay with the caller's string.
+        if (strText.capacity() / 2 > strText.size()) strText.shrink_to_fit();
+    } else if (m_dwTotalBufferLen != 0) {
+        // Reserve, advise, then fill: the one pass over fresh memory is the copy itself.
+        strText.reserve(m_dwTotalBufferLen);
+        AdviseHugePages(&strText[0], m_dwTotalBufferLen);
+        strText.resize(m_dwTotalBufferLen);
+        CopyTo(&strText[0]);
+    }
+    ReleaseAll();
+    return strText;
+}
+
 void CStringBuffer::Assign(const char* psz) {
     ReleaseAll();
     Append(psz);
 }
 
 void CStringBuffer::Clear() {
+    if (m_bContiguous) {
+        // The room is kept; only the bytes in use need zeroing again.
+        if (m_LastBlock_DataIn != 0) std::memset(m_pLastBlock, 0, m_LastBlock_DataIn);
+        m_LastBlock_DataIn = 0;
+        m_dwTotalBufferLen = 0;
+        return;
+    }
     if (m_vecBlocks.size() == 1) {
         std::memset(m_pLastBlock, 0, m_LastBlock_SizeOf + 1);
         m_LastBlock_DataIn = 0;
@@ -81,6 +149,8 @@ void CStringBuffer::Clear() {
 }
 
 const char* CStringBuffer::GetBuffer() {
+    // The contiguous room is zero-filled behind the text, or ends at the string's terminator.
+    if (m_bContiguous) return m_pLastBlock ? m_pLastBlock : g_szEmpty;
     if (m_vecBlocks.empty()) return g_szEmpty;
     if (m_vecBlocks.size() == 1) return m_pLastBlock;
 
@@ -111,6 +181,7 @@ void CStringBuffer::ReleaseAll() {
     for (char* pBlock : m_vecBlocks) std::free(pBlock);
     m_vecBlocks.clear();
     m_vecBlockSizes.clear();
+    std::string().swap(m_strContiguous);
     m_LastBlock_DataIn = 0;
     m_LastBlock_SizeOf = 0;
     m_pLastBlock = nullptr;
@@ -118,6 +189,10 @@ void CStringBuffer::ReleaseAll() {
 }
 
 void CStringBuffer::CopyTo(char* pDest) const {
+    if (m_bContiguous) {
+        if (m_LastBlock_DataIn != 0) std::memcpy(pDest, m_pLastBlock, m_LastBlock_DataIn);
+        return;
+    }
     // Every block but the last is full; the last holds m_LastBlock_DataIn bytes.
     const size_t nBlocks = m_vecBlocks.size();
     for (size_t i = 0; i + 1 < nBlocks; ++i) {

@@ -33,8 +33,20 @@ public:
 
     // Adds the bytes up to the terminator.
     void Append(const char* psz) { Append(psz, std::strlen(psz)); }
-    // Adds the bytes up to the first null byte, like the const char* form.
-    void Append(const std::string& str) { Append(str.c_str()); }
+    // Adds the bytes up to the first null byte, like the const char* form. Short strings
+    // (names, prefixes, numbers) are scanned here, which is cheaper than a call to strlen.
+    void Append(const std::string& str) {
+        const char* pData = str.data();
+        const size_t nSize = str.size();
+        if (nSize > kInlineScan) {
+            const void* pNull = std::memchr(pData, 0, nSize);
+            Append(pData, pNull ? static_cast<size_t>(static_cast<const char*>(pNull) - pData) : nSize);
+            return;
+        }
+        size_t nLen = 0;
+        while (nLen < nSize && pData[nLen] != '\0') ++nLen;
+        Append(pData, nLen);
+    }
     // Adds one byte; a null byte is counted like any other.
     void Append(char c) {
         if (m_LastBlock_DataIn < m_LastBlock_SizeOf) {
@@ -55,6 +67,15 @@ public:
         }
     }
 
+    // From now on keeps the text in one contiguous string instead of blocks, grown
+    // geometrically, so that TakeString can hand it out without a copy. nExpected bytes are
+    // reserved at once (0 for no guess). Empties the buffer first.
+    void KeepContiguous(size_t nExpected);
+    bool IsContiguous() const { return m_bContiguous; }
+    // The whole text as a string; the buffer is empty afterwards. A contiguous text is moved
+    // out, blocks are copied.
+    std::string TakeString();
+
     // Releases everything, then appends.
     void Assign(const char* psz);
     // Empties the buffer. With exactly one block, that block is kept for further text.
@@ -68,8 +89,12 @@ public:
     void CopyTo(char* pDest) const;
 
 private:
+    static const size_t kInlineScan = 32;
+
     void AppendSlow(const char* pData, size_t nLen);
     void AddBlock();
+    // Makes room for nLen more bytes in the contiguous text.
+    void GrowContiguous(size_t nLen);
     void ReleaseAll();
 
     std::vector<char*> m_vecBlocks;       // oldest first; owned
@@ -79,6 +104,10 @@ private:
     size_t m_LastBlock_SizeOf;            // capacity of the last block (a joined one may pass 4 GiB)
     char* m_pLastBlock;                   // null with no blocks
     size_t m_dwTotalBufferLen;            // all bytes held
+    // In contiguous mode the only storage: its size is the zero-filled room (the capacity of
+    // the "last block"), m_LastBlock_DataIn the bytes used. No entries in m_vecBlocks then.
+    std::string m_strContiguous;
+    bool m_bContiguous;
 };
 
 }  // namespace OrvexXml

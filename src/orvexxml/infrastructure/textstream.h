@@ -45,6 +45,11 @@ public:
     XmlEncoding GetEncoding() const { return m_eEncoding; }
     // The buffered text as one null-terminated string, valid until the next write.
     const char* GetText() { return m_buffer.GetBuffer(); }
+    // Builds the text in one contiguous string from now on, with room for nExpected bytes
+    // reserved, so that TakeText hands it out without a copy. Empties the stream.
+    void KeepContiguous(size_t nExpected) { m_buffer.KeepContiguous(nExpected); }
+    // The whole text as a string, GetLength() bytes; the stream is empty afterwards.
+    std::string TakeText() { return m_buffer.TakeString(); }
     // The whole text as a string, GetLength() bytes, copied from the buffer without joining it.
     std::string GetTextAsString() const;
     // The buffered text as bytes of the stream's encoding: UTF-8, or UTF-16 little-endian
