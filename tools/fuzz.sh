@@ -19,10 +19,15 @@ if [ ! -d "fuzz/corpus/$target" ]; then
   exit 2
 fi
 
-tools/deps.sh
-CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-  -DORVEXXML_BUILD_FUZZERS=ON -DORVEXXML_BUILD_TESTS=OFF -DORVEXXML_BUILD_DEMO=OFF >/dev/null
-cmake --build build-fuzz --target "${target}_fuzzer"
+# Campaigns of several targets may start side by side: they build one after the other.
+mkdir -p build-fuzz
+(
+  flock 9
+  tools/deps.sh
+  CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+    -DORVEXXML_BUILD_FUZZERS=ON -DORVEXXML_BUILD_TESTS=OFF -DORVEXXML_BUILD_DEMO=OFF >/dev/null
+  cmake --build build-fuzz --target read_xml_fuzzer read_values_fuzzer
+) 9>build-fuzz/.build.lock
 
 work="build-fuzz/long/$target"
 mkdir -p "$work/corpus"
