@@ -53,20 +53,16 @@ void BuildOneEntry(CMetaDataBuilder& builder) {
     builder.AddElement(new CCountedElement);
 }
 
-// True if the holder publishes a parent and exactly nEntries elements and no attribute.
+// True if the holder publishes exactly nEntries elements, or nothing at all for -1.
 bool Holds(const CMetaDataHolder& holder, int nEntries) {
     CElementInfo** ppElements = holder.GetClassElementInfo();
     CAttributeInfo** ppAttributes = holder.GetClassAttributeInfo();
+    if (nEntries < 0) return !holder.IsBuilt() && !holder.GetParentElementInfo() && !ppElements && !ppAttributes;
     if (!holder.IsBuilt() || !holder.GetParentElementInfo() || !ppElements || !ppAttributes || ppAttributes[0])
         return false;
     for (int i = 0; i < nEntries; ++i)
         if (!dynamic_cast<CCountedElement*>(ppElements[i])) return false;
     return ppElements[nEntries] == nullptr;
-}
-
-bool Empty(const CMetaDataHolder& holder) {
-    return !holder.IsBuilt() && !holder.GetParentElementInfo() && !holder.GetClassElementInfo() &&
-           !holder.GetClassAttributeInfo();
 }
 
 // Inside a child process, where a failed expectation can only end the process.
@@ -105,7 +101,7 @@ void FailedBuildWithWaitingThread() {
     }
     other.join();
     Require(bThrown, "the builder's exception reaches the caller");
-    Require(Empty(s_first), "a failed build publishes nothing");
+    Require(Holds(s_first, -1), "a failed build publishes nothing");
     Require(Holds(s_second, 1), "the waiting thread builds its class");
     Require(CCountedElement::s_nLiving == 1, "the failed build frees its entries");
 
@@ -123,7 +119,7 @@ void FailedBuildWithWaitingThread() {
     Require(CCountedElement::s_nLiving == 3, "no entry is built twice");
     s_first.Clean();
     s_second.Clean();
-    Require(Empty(s_first) && Empty(s_second) && CCountedElement::s_nLiving == 0, "Clean frees all tables");
+    Require(Holds(s_first, -1) && Holds(s_second, -1) && CCountedElement::s_nLiving == 0, "Clean frees all tables");
 }
 
 TEST(MetaDataHolder, FailedBuildFreesTheLockAndPublishesNothing) {
@@ -135,8 +131,8 @@ TEST(MetaDataHolder, FailedBuildFreesTheLockAndPublishesNothing) {
         ::testing::ExitedWithCode(0), "");
 }
 
-// Builds that can't give complete tables: one that forgets the class record, one that asks
-// for its own tables. Each is refused, frees its entries and leaves the holder empty.
+// A build without the class record, and one that asks for its own tables: each is refused,
+// frees its entries and leaves the holder empty and usable.
 CMetaDataHolder g_refused;
 
 void BuildWithoutParent(CMetaDataBuilder& builder) { builder.AddElement(new CCountedElement); }
@@ -162,17 +158,15 @@ TEST(MetaDataHolder, IncompleteBuildsAreRefused) {
         } catch (const COxInvalidStateException& e) {
             EXPECT_EQ(e.GetFullMessage(), c.pszMessage);
         }
-        EXPECT_TRUE(Empty(g_refused));
+        EXPECT_TRUE(Holds(g_refused, -1));
         EXPECT_EQ(CCountedElement::s_nLiving, 0);
     }
-    // The lock is free and the holder still usable.
     g_refused.Init(&BuildOneEntry);
     EXPECT_TRUE(Holds(g_refused, 1));
     g_refused.Clean();
 }
 
-// Kept by a static of the application and written by its destructor, when the exit
-// handlers of everything built after it, the samples' included, have run.
+// Written by the destructor of an application's static, after the samples' exit handlers ran.
 struct CWriterAtExit {
     CSmartPtr<Samples::CPerson> m_pPerson;
     std::string m_strBefore;
@@ -188,11 +182,10 @@ struct CWriterAtExit {
 };
 
 TEST(MetaDataHolder, StaticObjectWritesAfterTheExitHandlers) {
-    // A fresh process, in which no sample has built its tables yet.
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(
         {
-            static CWriterAtExit s_writer;  // before the first sample: destroyed after the samples' handlers
+            static CWriterAtExit s_writer;  // made before any sample's tables, so destroyed after them
             s_writer.m_pPerson = Samples::CPerson::CreateInstance();
             s_writer.m_pPerson->SetName("x");
             s_writer.m_strBefore = Flat(s_writer.m_pPerson);

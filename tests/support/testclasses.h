@@ -6,6 +6,7 @@
 
 #include <map>
 #include <string>
+#include <utility>
 
 namespace OrvexTest {
 
@@ -329,30 +330,24 @@ public:
     // The object the reading walk makes for a child element.
     virtual CTestNest* CreateChild() const { return new CTestNest(); }
 
-    // A chain of nLevels objects, built and taken down without recursion.
+    CTestNest* Child() const { return static_cast<CTestNest*>(static_cast<CXmlObjectBase*>(m_child)); }
+
+    // A chain of nLevels objects, built, counted and taken down without recursion.
     static CSmartPtr<CTestNest> Chain(int32_t nLevels) {
         CSmartPtr<CTestNest> root = new CTestNest();
-        CTestNest* p = root;
-        for (int32_t i = 1; i < nLevels; ++i) {
-            p->m_child = new CTestNest();
-            p = static_cast<CTestNest*>(static_cast<CXmlObjectBase*>(p->m_child));
-        }
+        for (CTestNest* p = root; --nLevels > 0; p = p->Child()) p->m_child = new CTestNest();
         return root;
     }
-    static int32_t Levels(CTestNest* p) {
+    static int32_t Levels(const CTestNest* p) {
         int32_t n = 0;
-        for (; p; p = static_cast<CTestNest*>(static_cast<CXmlObjectBase*>(p->m_child))) ++n;
+        for (; p; p = p->Child()) ++n;
         return n;
     }
-    // Unlinks the chain level by level, so that no release recurses through it.
     static void TakeDown(CSmartPtr<CTestNest>& root) {
         CSmartPtr<CXmlObjectBase> next = root ? root->m_child : nullptr;
         root = nullptr;
-        while (next) {
-            CSmartPtr<CXmlObjectBase> after = static_cast<CTestNest*>(static_cast<CXmlObjectBase*>(next))->m_child;
-            static_cast<CTestNest*>(static_cast<CXmlObjectBase*>(next))->m_child = nullptr;
-            next = after;
-        }
+        while (next)
+            next = std::exchange(static_cast<CTestNest*>(static_cast<CXmlObjectBase*>(next))->m_child, nullptr);
     }
 
     CSmartPtr<CXmlObjectBase> m_child;

@@ -177,8 +177,7 @@ TEST_F(XmlTextWriterTest, TextAndAttributeEscaping) {
 }
 
 // With checking on, a value XML can't carry is refused before any of it is written, in an
-// attribute (of a nested element in a namespace, or the root) as in text; unchecked, the
-// same values go out byte for byte, and what passes the check is written the same either way.
+// attribute (with or without a namespace) as in text; what passes is written unchanged.
 TEST_F(XmlTextWriterTest, CheckedCharactersRefuseTheValueWithItsPathAndWriteNothingOfIt) {
     const std::string kBad =
         "a\x1F"
@@ -210,16 +209,11 @@ TEST_F(XmlTextWriterTest, CheckedCharactersRefuseTheValueWithItsPathAndWriteNoth
     m_writer.SetCheckCharacters(false);
     Attr("v", kBad);  // the start tag of r is still open: nothing was written into it
     m_writer.SetCheckCharacters(true);
-    Open("s");
     m_writer.WriteElementText(kFine, ItemType_string, false);
-    Close();
-    m_writer.SetCheckCharacters(false);
-    m_writer.WriteElementText(kBad, ItemType_string, false);
     Close();
     EXPECT_EQ(
         "<r ok=\"t\tn&#xA;e\xC3\xA9\x7F\" v=\"a\x1F"
-        "b\">\n\t<s>t\tn\ne\xC3\xA9\x7F</s>\na\x1F"
-        "b</r>\n",
+        "b\">t\tn\ne\xC3\xA9\x7F</r>\n",
         Text());
 }
 // A value that begins with a CDATA section keeps its complete sections; the text around them

@@ -13,13 +13,15 @@
 
 namespace OrvexXmlTest {
 
-// Expects exactly a COxException (not a subclass) with exactly this message.
-inline void ExpectOxError(const std::function<void()>& func, const std::string& strExpected) {
+// Expects exactly an exception of this class (by default COxException, not a subclass) with
+// exactly this message.
+inline void ExpectOxError(const std::function<void()>& func, const std::string& strExpected,
+                          const std::type_info& expectedType = typeid(OrvexXml::COxException)) {
     try {
         func();
         ADD_FAILURE() << "nothing was thrown; expected: " << strExpected;
     } catch (const OrvexXml::COxException& e) {
-        EXPECT_EQ(typeid(OrvexXml::COxException), typeid(e)) << "message: " << e.GetMessage();
+        EXPECT_EQ(expectedType, typeid(e)) << "message: " << e.GetMessage();
         EXPECT_EQ(strExpected, e.GetMessage());
     }
 }
