@@ -94,10 +94,9 @@ public:
     static inline CElementInfo* ms_elements[2] = {&ms_value, nullptr};
 };
 
-// Holds one child object under the element "Child".
-class CTestHolder : public CXmlGeneratedClass {
+// A class with one child object as its only member; the subclass names its tables.
+class CTestOneChild : public CXmlGeneratedClass {
 public:
-    CTestHolder() { SetElementName("Holder"); }
     CXmlObjectBase* GetBase() override { return this; }
     std::string GetNamespace() const override { return ""; }
     std::string GetTargetNamespace() const override { return ""; }
@@ -107,12 +106,18 @@ public:
         else if (m_child)
             value.SetXmlObject(m_child);
     }
-    CParentElementInfo* GetParentElementInfo() const override { return &ms_parent; }
-    CElementInfo** GetClassElementInfo() const override { return ms_elements; }
     CAttributeInfo** GetClassAttributeInfo() const override { return NoAttributes(); }
     void ResetToDefaults() override { m_child = nullptr; }
 
     CSmartPtr<CXmlObjectBase> m_child;
+};
+
+// Holds one child object under the element "Child".
+class CTestHolder : public CTestOneChild {
+public:
+    CTestHolder() { SetElementName("Holder"); }
+    CParentElementInfo* GetParentElementInfo() const override { return &ms_parent; }
+    CElementInfo** GetClassElementInfo() const override { return ms_elements; }
 
     static inline CParentElementInfo ms_parent =
         CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "Holder", "", true, false, -1,
@@ -311,22 +316,11 @@ protected:
                         CXmlElement** ppCurrent, const char*, XmlElementType) override;
 };
 
-class CTestNest : public CXmlGeneratedClass {
+class CTestNest : public CTestOneChild {
 public:
     CTestNest() { SetElementName("Nest"); }
-    CXmlObjectBase* GetBase() override { return this; }
-    std::string GetNamespace() const override { return ""; }
-    std::string GetTargetNamespace() const override { return ""; }
-    void ExchangeProperty(int, bool bRead, OxVariant& value) override {
-        if (!bRead)
-            m_child = value.GetXmlObject();
-        else if (m_child)
-            value.SetXmlObject(m_child);
-    }
     CParentElementInfo* GetParentElementInfo() const override { return &ms_parent; }
     CElementInfo** GetClassElementInfo() const override { return ms_elements; }
-    CAttributeInfo** GetClassAttributeInfo() const override { return NoAttributes(); }
-    void ResetToDefaults() override { m_child = nullptr; }
     // The object the reading walk makes for a child element.
     virtual CTestNest* CreateChild() const { return new CTestNest(); }
 
@@ -349,8 +343,6 @@ public:
         while (next)
             next = std::exchange(static_cast<CTestNest*>(static_cast<CXmlObjectBase*>(next))->m_child, nullptr);
     }
-
-    CSmartPtr<CXmlObjectBase> m_child;
 
     static inline CParentElementInfo ms_parent =
         CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "Nest", "", true, false, -1,
