@@ -1,6 +1,7 @@
 #include "orvexxml/binding/serializationcontext.h"
 
 #include "orvexxml/infrastructure/exceptions.h"
+#include "orvexxml/infrastructure/formatstring.h"
 
 namespace OrvexXml {
 
@@ -57,6 +58,13 @@ void CSerializationContext::SetIndentChars(const char* pszIndent) {
         }
     }
     m_strIndentChars = strIndent;
+}
+
+void CSerializationContext::ThrowTooDeep(int32_t nMaxDepth, const std::string& strPath) {
+    throw COxValidationException(FormatString("The element is nested deeper than the limit of %d levels; raise "
+                                              "MaxDepth of the context if such a document is intended.",
+                                              nMaxDepth),
+                                 strPath);
 }
 
 void CSerializationContext::SetMaxDepth(int32_t nDepth) {

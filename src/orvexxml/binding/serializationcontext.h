@@ -89,6 +89,9 @@ public:
     int32_t GetMaxDepth() const { return m_nMaxDepth; }
     void SetMaxDepth(int32_t nDepth);
     static constexpr int32_t DefaultMaxDepth = 256;
+    // Refuses an element one level past nMaxDepth, at strPath: the one refusal that the
+    // document, the writer and the object walks share.
+    [[noreturn]] static void ThrowTooDeep(int32_t nMaxDepth, const std::string& strPath);
 
     // The additional root attributes and the JSON and Fast Infoset sub-contexts join this
     // class with the subsystems that define them.

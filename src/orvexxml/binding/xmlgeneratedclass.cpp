@@ -36,13 +36,6 @@ public:
     bool IsTooDeep(const CSerializationContext& ctx) const { return t_nWalkDepth > ctx.GetMaxDepth(); }
 };
 
-std::string TooDeepMessage(const CSerializationContext& ctx) {
-    return FormatString(
-        "The element is nested deeper than the limit of %d levels; raise MaxDepth of the context if such a document "
-        "is intended.",
-        ctx.GetMaxDepth());
-}
-
 }  // namespace
 
 void CXmlGeneratedClass::ToXml_Int(CXmlWriter* pWriter, bool bRoot, const char* pszNamespace,
@@ -50,7 +43,7 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* pWriter, bool bRoot, const char* 
     try {
         CWalkLevel level;
         if (level.IsTooDeep(ctx))
-            throw COxValidationException(TooDeepMessage(ctx), pWriter->GetElementPath() + "/" + GetElementName());
+            CSerializationContext::ThrowTooDeep(ctx.GetMaxDepth(), pWriter->GetElementPath() + "/" + GetElementName());
         CParentElementInfo* pInfo = GetParentElementInfo();
         const bool bElement = pInfo->GetElementType() == XmlElementType_Element;
         if (bElement) {
@@ -234,7 +227,7 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* pElement, CXmlElement*
                                              const CSerializationContext& ctx, bool bOptionalChoice) {
     try {
         CWalkLevel level;
-        if (level.IsTooDeep(ctx)) throw COxValidationException(TooDeepMessage(ctx), pElement->GetXPath());
+        if (level.IsTooDeep(ctx)) CSerializationContext::ThrowTooDeep(ctx.GetMaxDepth(), pElement->GetXPath());
         ResetToDefaults();
         CParentElementInfo* pInfo = GetParentElementInfo();
         if (pInfo->GetElementType() == XmlElementType_Element) SetElementName(pElement->GetLocalName().c_str());

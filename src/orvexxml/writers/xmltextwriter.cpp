@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 
@@ -170,13 +171,8 @@ void CXmlTextWriter::WriteRaw(const std::string& strText) {
 
 void CXmlTextWriter::WriteStartElement(const std::string& strName, const std::string& strNamespace) {
     // m_nDepth counts from 0 at the root; the limit counts levels from 1.
-    if (m_pContext && m_pContext->m_nDepth + 2 > static_cast<uint32_t>(m_nMaxDepth)) {
-        throw COxValidationException(
-            FormatString("The element is nested deeper than the limit of %d levels; raise MaxDepth of the "
-                         "context if such a document is intended.",
-                         m_nMaxDepth),
-            GetElementPath() + "/" + strName);
-    }
+    if (m_pContext && m_pContext->m_nDepth + 2 > static_cast<uint32_t>(m_nMaxDepth))
+        CSerializationContext::ThrowTooDeep(m_nMaxDepth, GetElementPath() + "/" + strName);
     CloseStartTag();
     CXmlWriterContext* pNew = CreateContext(strName, strNamespace);
     try {

@@ -429,13 +429,8 @@ CXmlElement* CXmlDocument::AddChildElement(const char* pNamespace, size_t nNames
     // level: a document deeper than the context allows is refused here, at its first element
     // too deep, so that no walk ever sees it.
     const int32_t nMaxDepth = m_pContext->GetMaxDepth();
-    if (m_pElementStack.size() >= static_cast<size_t>(nMaxDepth)) {
-        throw COxValidationException(
-            FormatString("The element is nested deeper than the limit of %d levels; raise MaxDepth of the context "
-                         "if such a document is intended.",
-                         nMaxDepth),
-            pElement->GetXPath());
-    }
+    if (m_pElementStack.size() >= static_cast<size_t>(nMaxDepth))
+        CSerializationContext::ThrowTooDeep(nMaxDepth, pElement->GetXPath());
     m_pElementStack.push_back(pElement);
     return pElement;
 }
