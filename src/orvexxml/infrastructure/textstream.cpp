@@ -24,18 +24,6 @@ void CTextStream::End() {}
 
 void CTextStream::Flush() {}
 
-std::string CTextStream::GetTextAsString() const {
-    std::string strText;
-    const size_t nTotal = GetLength();
-    if (nTotal == 0) return strText;
-    // Reserve, advise, then fill: the one pass over fresh memory is the copy itself.
-    strText.reserve(nTotal);
-    AdviseHugePages(&strText[0], nTotal);
-    strText.resize(nTotal);
-    m_buffer.CopyTo(&strText[0]);
-    return strText;
-}
-
 CBinaryData CTextStream::GetEncodedData() {
     if (m_eEncoding != XmlEncoding_UTF8 && m_eEncoding != XmlEncoding_UTF16 &&
         m_eEncoding != XmlEncoding_UTF16NoDeclaration) {

@@ -50,8 +50,6 @@ public:
     void KeepContiguous(size_t nExpected) { m_buffer.KeepContiguous(nExpected); }
     // The whole text as a string, GetLength() bytes; the stream is empty afterwards.
     std::string TakeText() { return m_buffer.TakeString(); }
-    // The whole text as a string, GetLength() bytes, copied from the buffer without joining it.
-    std::string GetTextAsString() const;
     // The buffered text as bytes of the stream's encoding: UTF-8, or UTF-16 little-endian
     // without a byte order mark. The text ends at its first null byte, as GetText reads.
     // XmlEncoding_None has no byte form: throws COxException. Bytes beyond what a CBinaryData

@@ -92,12 +92,9 @@ constexpr CItemTypeInfo::PfnFromText FromTextHook() {
 // A kind with a value type: everything comes from its CItemTypeTraits.
 template <ItemType eType>
 constexpr CItemTypeInfo Row(const char* pszName, bool bJsonBare) {
-    typedef CItemTypeTraits<eType> Traits;
-    constexpr bool bOwned = Traits::Storage == CItemTypeInfo::Storage_owned;
     return CItemTypeInfo{eType,
                          pszName,
-                         Traits::Storage,
-                         static_cast<uint8_t>(bOwned ? 0 : sizeof(typename Traits::ValueType)),
+                         CItemTypeTraits<eType>::Storage,
                          bJsonBare,
                          &ValueToText<eType>,
                          FromTextHook<eType>(),
@@ -109,7 +106,7 @@ constexpr CItemTypeInfo Row(const char* pszName, bool bJsonBare) {
 // A kind whose value class is not part of the library yet: named and placed, but no setter
 // gives a variant this type, and it neither converts nor copies.
 constexpr CItemTypeInfo Pending(ItemType eType, const char* pszName, bool bJsonBare) {
-    return CItemTypeInfo{eType,   pszName, CItemTypeInfo::Storage_owned, 0, bJsonBare, nullptr, nullptr, nullptr,
+    return CItemTypeInfo{eType,   pszName, CItemTypeInfo::Storage_owned, bJsonBare, nullptr, nullptr, nullptr,
                          nullptr, nullptr};
 }
 
@@ -117,7 +114,7 @@ constexpr CItemTypeInfo Pending(ItemType eType, const char* pszName, bool bJsonB
 
 // Indexed by the enum's numbers; the consistency of index and m_eType is tested.
 const CItemTypeInfo CItemTypeInfo::s_rows[CItemTypeInfo::Count] = {
-    {ItemType_invalid, nullptr, Storage_none, 0, false, nullptr, nullptr, nullptr, nullptr, nullptr},
+    {ItemType_invalid, nullptr, Storage_none, false, nullptr, nullptr, nullptr, nullptr, nullptr},
     Row<ItemType_hexBinary>("hexBinary", false),
     Row<ItemType_base64Binary>("base64Binary", false),
     Row<ItemType_i1>("i1", true),
@@ -144,12 +141,12 @@ const CItemTypeInfo CItemTypeInfo::s_rows[CItemTypeInfo::Count] = {
     Row<ItemType_boolean>("boolean", true),
     Pending(ItemType_decimal, "decimal", true),
     Pending(ItemType_integer, "integer", true),
-    {ItemType_XmlObjectBase, nullptr, Storage_reference, 0, false, nullptr, nullptr, &CopyObject, &DropObject, nullptr},
-    {ItemType_XmlCollection, nullptr, Storage_reference, 0, false, nullptr, nullptr, &CopyCollection, &DropCollection,
+    {ItemType_XmlObjectBase, nullptr, Storage_reference, false, nullptr, nullptr, &CopyObject, &DropObject, nullptr},
+    {ItemType_XmlCollection, nullptr, Storage_reference, false, nullptr, nullptr, &CopyCollection, &DropCollection,
      nullptr},
 };
 
-const CItemTypeInfo CItemTypeInfo::s_unknown = {ItemType_invalid, nullptr, Storage_none, 0,       false,
-                                                nullptr,          nullptr, nullptr,      nullptr, nullptr};
+const CItemTypeInfo CItemTypeInfo::s_unknown = {ItemType_invalid, nullptr, Storage_none, false,  nullptr,
+                                                nullptr,          nullptr, nullptr,      nullptr};
 
 }  // namespace OrvexXml

@@ -23,7 +23,7 @@ class CPrimitiveRestrictions;
 struct ORVEXXML_API CItemTypeInfo {
     enum Storage : uint8_t {
         Storage_none,      // type 0 and numbers outside the enum: no value
-        Storage_inline,    // a scalar in the union, m_nInlineWidth bytes wide
+        Storage_inline,    // a scalar in the union
         Storage_owned,     // a heap copy owned by the variant, deleted by Clear
         Storage_reference  // a counted reference (AddRef/Release); null is a legal value
     };
@@ -45,7 +45,6 @@ struct ORVEXXML_API CItemTypeInfo {
     // The name GetType gives; null where GetType refuses (0, 27, 28).
     const char* m_pszName;
     Storage m_eStorage;
-    uint8_t m_nInlineWidth;  // bytes of an inline value, 0 for the other kinds
     // JSON writes the text unquoted (numbers, boolean, decimal, integer).
     bool m_bJsonBare;
     PfnToText m_pfnToText;
