@@ -226,12 +226,7 @@ void CXmlCollection::Clear() {
         while (m_pHead) {
             FireOnCollectionRemove(-1);
             pLastRemoved = m_pHead;
-            m_pHead = pLastRemoved->m_pNext;
-            if (m_pHead)
-                m_pHead->m_pPrev = nullptr;
-            else
-                m_pTail = nullptr;
-            --m_nCount;
+            Unlink(pLastRemoved);  // its own link forward still names the next item
             ++nRemoved;
             FireOnCollectionRemoveComplete(-1);
             FireOnCollectionChange();
