@@ -13,6 +13,7 @@
 #include "amount.h"
 #include "bindinghelpers.h"
 #include "person.h"
+#include "support/testclasses.h"
 
 namespace {
 
@@ -21,25 +22,11 @@ using namespace OrvexXmlData;
 using OrvexBindTest::Flat;
 
 // An element entry that counts the living entries, to see what a failed build leaves behind.
-class CCountedElement : public CElementInfo {
+class CCountedElement : public OrvexTest::CTestChoiceMember {
 public:
-    CCountedElement()
-        : CElementInfo("E", "", 0, false, ItemType_i4, nullptr, CWhitespaceUtils::WhitespaceRule_collapse,
-                       CPrimitiveRestrictions(), nullptr) {
-        ++s_nLiving;
-    }
+    CCountedElement() : CTestChoiceMember("E", 0) { ++s_nLiving; }
     ~CCountedElement() override { --s_nLiving; }
     static std::atomic<int> s_nLiving;
-
-protected:
-    bool ElementToXml(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
-                      CXmlWriter* pWriter) const override {
-        return ElementToXmlPrim(ctx, pClass, pWriter);
-    }
-    bool ElementFromXml(const CSerializationContext& ctx, CXmlGeneratedClass* pClass, CXmlElement*,
-                        CXmlElement** ppCurrent, const char*, XmlElementType) override {
-        return ElementFromXmlOptional(ctx, pClass, ppCurrent);
-    }
 };
 std::atomic<int> CCountedElement::s_nLiving{0};
 
