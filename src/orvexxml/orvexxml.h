@@ -1,7 +1,12 @@
 // The Orvex XML runtime. Generated code and applications include this header only.
 #pragma once
 
+#include "orvexxml/binding/attribute.h"
+#include "orvexxml/binding/attributecol.h"
 #include "orvexxml/binding/attributeinfo.h"
+#include "orvexxml/binding/attributeinfoany.h"
+#include "orvexxml/binding/element.h"
+#include "orvexxml/binding/elementcol.h"
 #include "orvexxml/binding/elementinfo.h"
 #include "orvexxml/binding/elementinfoallcol.h"
 #include "orvexxml/binding/elementinfoallenumcol.h"

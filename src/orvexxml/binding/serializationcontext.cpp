@@ -67,6 +67,21 @@ void CSerializationContext::ThrowTooDeep(int32_t nMaxDepth, const std::string& s
                                  strPath);
 }
 
+CSerializationContext::CRootAttributes::CRootAttributes(const CRootAttributes& other)
+    : m_pAttributes(other.m_pAttributes ? other.m_pAttributes->Clone() : CSmartPtr<CAttributeCol>()) {}
+
+CSerializationContext::CRootAttributes& CSerializationContext::CRootAttributes::operator=(
+    const CRootAttributes& other) {
+    // The clone is made before the old list goes, so that a failure leaves the target as it was.
+    if (this != &other) m_pAttributes = other.m_pAttributes ? other.m_pAttributes->Clone() : CSmartPtr<CAttributeCol>();
+    return *this;
+}
+
+CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() const {
+    if (!m_rootAttributes.m_pAttributes) m_rootAttributes.m_pAttributes = new CAttributeCol("", "##any", "");
+    return m_rootAttributes.m_pAttributes;
+}
+
 void CSerializationContext::SetMaxDepth(int32_t nDepth) {
     if (nDepth < 1) throw COxInvalidParamException("MaxDepth must be at least 1, the level of the root element");
     m_nMaxDepth = nDepth;

@@ -4,10 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "orvexxml/binding/attributecol.h"
 #include "orvexxml/export.h"
+#include "orvexxml/infrastructure/smartptr.h"
 #include "orvexxml/xml/namespacealiasmap.h"
 
 namespace OrvexXml {
+
+class CXmlGeneratedClass;
 
 // The schema language the generated code came from. Only SchemaType_DTD changes behaviour:
 // a DTD has no namespaces, so namespace URIs are not compared while reading.
@@ -16,6 +20,9 @@ enum SchemaType : int32_t { SchemaType_XSD = 0, SchemaType_XDR = 1, SchemaType_D
 // The settings of a write or read call. One object may serve many calls; operations take
 // it by const reference. Copyable.
 class ORVEXXML_API CSerializationContext {
+    // The root element reads the additional root attributes without creating them.
+    friend class CXmlGeneratedClass;
+
 public:
     CSerializationContext();
     CSerializationContext(const CSerializationContext& other) = default;
@@ -93,10 +100,26 @@ public:
     // document, the writer and the object walks share.
     [[noreturn]] static void ThrowTooDeep(int32_t nMaxDepth, const std::string& strPath);
 
-    // The additional root attributes and the JSON and Fast Infoset sub-contexts join this
-    // class with the subsystems that define them.
+    // Attributes written on the root element before the object's own, each in its namespace:
+    // the way to add a schema location. The first call creates the collection (no namespace of
+    // its own, any namespace allowed), also through a const context. A copy of the context
+    // gets a copy of the collection, so two contexts never share one list.
+    CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
+
+    // The JSON and Fast Infoset sub-contexts join this class with the subsystems that define
+    // them.
 
 private:
+    // Holds the additional root attributes: null until asked for, cloned when copied.
+    class ORVEXXML_API CRootAttributes {
+    public:
+        CRootAttributes() {}
+        CRootAttributes(const CRootAttributes& other);
+        CRootAttributes& operator=(const CRootAttributes& other);
+
+        CSmartPtr<CAttributeCol> m_pAttributes;
+    };
+
     std::string m_strDefaultNamespaceURI;
     bool m_bWriteTypeAttribute;
     CNamespaceAliasMap m_namespaceAliases;
@@ -115,6 +138,8 @@ private:
     std::string m_strIndentChars;
     bool m_bCheckCharacters;
     int32_t m_nMaxDepth;
+    // Created on first use, through a const reference too.
+    mutable CRootAttributes m_rootAttributes;
 };
 
 }  // namespace OrvexXml

@@ -64,7 +64,10 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* pWriter, bool bRoot, const char* 
             thread_local std::string s_strNamespace;
             s_strNamespace.assign(pszNamespace ? pszNamespace : "");
             pWriter->WriteStartElement(GetElementName(), s_strNamespace);
-            // Additional root attributes are written here once open content is available.
+            if (bRoot && ctx.m_rootAttributes.m_pAttributes) {
+                CXmlObjectBase::ToXml_Int(ctx.m_rootAttributes.m_pAttributes, pWriter, false, pszNamespace, ctx,
+                                          bOptionalChoice);
+            }
             AttributesToXml_Int(pWriter, ctx);
             if (bRoot && !ctx.GetInLineSchema().empty()) pWriter->WriteInLineSchema(ctx.GetInLineSchema());
         }

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "orvexxml/binding/element.h"
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/collections/xmlcollectionbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
@@ -183,6 +184,13 @@ void CXmlObjectBase::FromXmlStream(unsigned char* const pData, OxULong nLength, 
     CXmlDocument doc(ctx);
     doc.LoadXmlStream(pData, nLength);
     ReadDocument(doc, ctx);
+}
+
+void CXmlObjectBase::FromXmlElement(const CElement* pElement, const CSerializationContext& ctx) {
+    CheckVersion();
+    if (!pElement) throw COxInvalidParamException("The element to read from must not be null");
+    std::string strXml = pElement->ToXml(false, false, EOLType_LF, CSerializationContext::GetDefaultContext());
+    FromXml(strXml.c_str(), ctx);
 }
 
 void CXmlObjectBase::FromXmlElement(const CXmlElement* pElement, const CSerializationContext& ctx) {

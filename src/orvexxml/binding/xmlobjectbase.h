@@ -21,6 +21,7 @@ class CXmlTextWriter;
 class CSerializationContext;
 class CXmlObjectBase;
 class CXmlCollectionBase;
+class CElement;
 
 // Receives notifications (collection changes) from the objects it listens to.
 class ORVEXXML_API IEventSink {
@@ -59,8 +60,8 @@ ORVEXXML_API void TestNamespace(const std::string& strNamespace, const std::stri
 // an object starts with a count of 0 and deletes itself when the count falls back to 0.
 //
 // The order of the virtual operations is part of the interface with generated code.
-// Entry points of subsystems that are not present yet (streams, files, JSON, Fast
-// Infoset, open content) take their slots in this order when they arrive.
+// Entry points of subsystems that are not present yet (JSON, Fast Infoset) take their slots in this order when they
+// arrive.
 class ORVEXXML_API CXmlObjectBase : public IEventSink {
     // The metadata classes drive the protected walks of the objects they describe.
     friend class OrvexXmlData::CElementInfo;
@@ -95,6 +96,9 @@ public:
     // Reads the object from bytes: XML in any encoding the parser recognises.
     virtual void FromXmlStream(const CBinaryData& data, const CSerializationContext& ctx);
     virtual void FromXmlStream(unsigned char* const pData, OxULong nLength, const CSerializationContext& ctx);
+    // Reads the object from open content: the element is written as XML text with the
+    // default context, and that text is read with ctx.
+    virtual void FromXmlElement(const CElement* pElement, const CSerializationContext& ctx);
     // Reads the object from an element of a document the caller holds.
     virtual void FromXmlElement(const CXmlElement* pElement, const CSerializationContext& ctx);
 
