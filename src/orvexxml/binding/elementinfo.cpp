@@ -1,5 +1,7 @@
 #include "orvexxml/binding/elementinfo.h"
 
+#include "orvexxml/binding/element.h"
+#include "orvexxml/binding/elementcol.h"
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/binding/xmlgeneratedclass.h"
 #include "orvexxml/collections/xmlcollectionbase.h"
@@ -279,7 +281,13 @@ bool CElementInfo::ElementFromXmlSeqCol(const CSerializationContext& ctx, CXmlGe
     OxVariant holder;
     InvokePropertyGet(pClass, holder);
     CXmlCollectionBase* pCollection = holder.GetXmlCollection().Get();
-    *ppCurrent = FromXml_Int(pCollection->GetBase(), pParent, *ppCurrent, ctx, false);
+    return EndSeqCol(ctx, pCollection, ppCurrent, FromXml_Int(pCollection->GetBase(), pParent, *ppCurrent, ctx, false),
+                     eParentType);
+}
+
+bool CElementInfo::EndSeqCol(const CSerializationContext& ctx, CXmlCollectionBase* pCollection, CXmlElement** ppCurrent,
+                             CXmlElement* pNext, XmlElementType eParentType) const {
+    *ppCurrent = pNext;
     // Inside a model group a wrong count means the group doesn't start here.
     if (eParentType != XmlElementType_Element) return pCollection->IsValidCount(ctx);
     pCollection->ValidateCount(ctx);
@@ -300,7 +308,12 @@ bool CElementInfo::ElementFromXmlChoiceCol(const CSerializationContext& ctx, CXm
     OxVariant holder;
     InvokePropertyGet(pClass, holder);
     CXmlCollectionBase* pCollection = holder.GetXmlCollection().Get();
-    CXmlElement* pNext = FromXml_Int(pCollection->GetBase(), pParent, *ppCurrent, ctx, false);
+    return EndChoiceCol(ctx, pCollection, ppCurrent,
+                        FromXml_Int(pCollection->GetBase(), pParent, *ppCurrent, ctx, false), eParentType);
+}
+
+bool CElementInfo::EndChoiceCol(const CSerializationContext& ctx, CXmlCollectionBase* pCollection,
+                                CXmlElement** ppCurrent, CXmlElement* pNext, XmlElementType eParentType) const {
     if (pNext == *ppCurrent) return false;  // nothing consumed: try the next member
     if (eParentType == XmlElementType_Element) {
         *ppCurrent = pNext;
@@ -346,10 +359,7 @@ bool CElementInfo::ElementToXmlValue(const CSerializationContext& ctx, const CXm
 
 bool CElementInfo::ElementToXmlMandatory(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
                                          CXmlWriter* pWriter) const {
-    if (!ElementToXmlValue(ctx, pClass, pWriter)) {
-        throw COxInvalidParamException(
-            FormatString("The Property [%s] is mandatory, it may not be NULL", m_strElementName.c_str()));
-    }
+    if (!ElementToXmlValue(ctx, pClass, pWriter)) ThrowMandatoryNull(m_strElementName);
     return true;
 }
 
@@ -361,6 +371,123 @@ void CElementInfo::AttributesToXml_Int(const CXmlObjectBase* pObject, CXmlWriter
 CXmlElement* CElementInfo::FromXml_Int(CXmlObjectBase* pObject, CXmlElement* pElement, CXmlElement* pFirstChild,
                                        const CSerializationContext& ctx, bool bOptionalChoice) {
     return pObject->FromXml_Int(pElement, pFirstChild, ctx, bOptionalChoice);
+}
+
+bool CElementInfo::ElementToXmlCls(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
+                                   CXmlWriter* pWriter, bool bOptionalChoice) const {
+    OxVariant value;
+    ReadProperty(pClass, value);
+    CSmartPtr<CXmlObjectBase> pObject = value.GetXmlObject();
+    if (!pObject) return false;
+    ToXml_Int(pObject.Get(), pWriter, false, m_strElementNamespace.c_str(), ctx, bOptionalChoice);
+    return true;
+}
+
+bool CElementInfo::ElementToXmlMandatoryCls(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
+                                            CXmlWriter* pWriter) const {
+    if (!ElementToXmlCls(ctx, pClass, pWriter, false)) ThrowMandatoryNull(m_strElementName);
+    return true;
+}
+
+std::string CElementInfo::GetAnyDefaultNamespace(const char* pszRestriction, const char* pszDefaultNamespace,
+                                                 const char* pszTargetNamespace) {
+    const std::string strRestriction = NotNull(pszRestriction);
+    const char* pszDefault = NotNull(pszDefaultNamespace);
+    if (strRestriction == "##any") return pszDefault;
+    // Any namespace but the target's: the empty one unless that is where the class stands.
+    if (strRestriction == "##other") return *pszDefault ? "" : "DefaultNamespace";
+    if (strRestriction == "##local") return std::string();
+    if (strRestriction == "##targetNamespace") return NotNull(pszTargetNamespace);
+    const size_t nBlank = strRestriction.find(' ');
+    if (strRestriction.size() >= 3 && strRestriction.compare(0, 2, "##") == 0 && nBlank != std::string::npos) {
+        return GetAnyDefaultNamespace(strRestriction.substr(0, nBlank).c_str(), pszDefaultNamespace,
+                                      pszTargetNamespace);
+    }
+    // A literal URI or a list of them: the empty namespace, which the element's own test then
+    // accepts or refuses.
+    return std::string();
+}
+
+bool CElementInfo::IsThisUntypedElement(const CXmlElement* pElement) const {
+    return m_strElementName == "AnyElement" || pElement->GetLocalName() == m_strElementName;
+}
+
+bool CElementInfo::ElementFromXmlUntypedNew(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                            CXmlElement* pParent, CXmlElement** ppCurrent, const char* pszNamespace,
+                                            XmlElementGroupType eGroup, const std::string& strRestriction,
+                                            const std::string& strTargetNamespace) {
+    if (!*ppCurrent) return eGroup == XmlElementGroupType_Sequence;
+    // The constructor tests the derived namespace against the restriction and refuses it there.
+    CSmartPtr<CElement> pObject =
+        new CElement(m_strElementName.c_str(),
+                     GetAnyDefaultNamespace(strRestriction.c_str(), pszNamespace, strTargetNamespace.c_str()).c_str(),
+                     strRestriction.c_str(), strTargetNamespace.c_str());
+    CXmlElement* pNext = *ppCurrent;
+    if (IsThisUntypedElement(*ppCurrent)) pNext = FromXml_Int(pObject.Get(), pParent, *ppCurrent, ctx, false);
+    OxVariant value;
+    if (pNext != *ppCurrent) {
+        value.SetXmlObject(pObject.Get());
+        InvokePropertySet(pClass, value, *pParent);
+        *ppCurrent = pNext;
+        return true;
+    }
+    if (eGroup == XmlElementGroupType_Choice) {
+        // Take back a selection that the choice's setter may have made.
+        value.SetXmlObject(nullptr);
+        InvokePropertySet(pClass, value, *pParent);
+        return false;
+    }
+    return eGroup == XmlElementGroupType_Sequence;
+}
+
+bool CElementInfo::ElementFromXmlUntypedHeld(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                             CXmlElement* pParent, CXmlElement** ppCurrent, XmlElementType eParentType,
+                                             bool bAllGroup) {
+    if (!*ppCurrent) {
+        if (bAllGroup) return false;
+        throw COxValidationException(
+            FormatString("Failed to find the required child element [%s].", m_strElementName.c_str()),
+            pParent->GetXPath());
+    }
+    OxVariant holder;
+    InvokePropertyGet(pClass, holder);
+    CSmartPtr<CXmlObjectBase> pObject = holder.GetXmlObject();
+    // The generated object keeps its element in the property; a class that let it go can't be read into.
+    if (!pObject) ThrowMandatoryNull(m_strElementName);
+    CXmlElement* pNext = *ppCurrent;
+    if (IsThisUntypedElement(*ppCurrent)) pNext = FromXml_Int(pObject.Get(), pParent, *ppCurrent, ctx, false);
+    if (pNext == *ppCurrent) {
+        if (bAllGroup || eParentType != XmlElementType_Element) return false;
+        throw COxValidationException(
+            FormatString("Failed to find the required element from namespace [%s].", m_strElementNamespace.c_str()),
+            pParent->GetXPath());
+    }
+    *ppCurrent = pNext;
+    return true;
+}
+
+bool CElementInfo::ElementFromXmlUntypedCol(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                            CXmlElement* pParent, CXmlElement** ppCurrent, XmlElementType eParentType,
+                                            bool bChoice) {
+    OxVariant holder;
+    InvokePropertyGet(pClass, holder);
+    CXmlCollectionBase* pCollection = holder.GetXmlCollection().Get();
+    CXmlElement* pNext;
+    if (m_strElementName == "AnyElement") {
+        pNext = FromXml_Int(pCollection->GetBase(), pParent, *ppCurrent, ctx, false);
+    } else {
+        CElementCol* pElements = dynamic_cast<CElementCol*>(pCollection);
+        if (!pElements)
+            throw COxException("Serialization Data Error : The collection should be a CElementCol, it was not!");
+        pNext = pElements->FromXmlLockElementName_Int(
+            m_strElementName, *ppCurrent ? (*ppCurrent)->GetNamespaceURI() : std::string(), pParent, *ppCurrent, ctx);
+    }
+    return bChoice ? EndChoiceCol(ctx, pCollection, ppCurrent, pNext, eParentType)
+                   : EndSeqCol(ctx, pCollection, ppCurrent, pNext, eParentType);
+}
+
+void CElementInfo::ThrowMandatoryNull(const std::string& strName) {
+    throw COxInvalidParamException(FormatString("The Property [%s] is mandatory, it may not be NULL", strName.c_str()));
 }
 
 }  // namespace OrvexXmlData

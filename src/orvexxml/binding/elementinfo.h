@@ -115,6 +115,49 @@ protected:
     bool ElementFromXmlChoiceCol(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
                                  OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
                                  XmlElementType eParentType);
+    // The endings of the sequence and choice collection members once the collection has read
+    // up to pNext: the cursor moves and the count is judged as the group requires.
+    bool EndSeqCol(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlCollectionBase* pCollection,
+                   OrvexXml::CXmlElement** ppCurrent, OrvexXml::CXmlElement* pNext, XmlElementType eParentType) const;
+    bool EndChoiceCol(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlCollectionBase* pCollection,
+                      OrvexXml::CXmlElement** ppCurrent, OrvexXml::CXmlElement* pNext,
+                      XmlElementType eParentType) const;
+
+    // Writes the object held in the property under its own element name and the description's
+    // namespace; false if the property is null.
+    bool ElementToXmlCls(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
+                         OrvexXml::CXmlWriter* pWriter, bool bOptionalChoice) const;
+    // The same for a mandatory member: a null property throws.
+    bool ElementToXmlMandatoryCls(const OrvexXml::CSerializationContext& ctx,
+                                  const OrvexXml::CXmlGeneratedClass* pClass, OrvexXml::CXmlWriter* pWriter) const;
+
+    // The namespace to give a new untyped element so that it passes the restriction, given the
+    // namespace of the class being read and the target namespace.
+    static std::string GetAnyDefaultNamespace(const char* pszRestriction, const char* pszDefaultNamespace,
+                                              const char* pszTargetNamespace);
+    // Whether an untyped member takes the element at the cursor: any element when the schema
+    // names none (the name "AnyElement"), otherwise one of its own local name, in any namespace
+    // that its restriction lets pass.
+    bool IsThisUntypedElement(const OrvexXml::CXmlElement* pElement) const;
+    // The optional untyped members: a new CElement, stored when it consumed the element at the
+    // cursor. eGroup decides what "nothing here" answers.
+    bool ElementFromXmlUntypedNew(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                                  OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
+                                  const char* pszNamespace, XmlElementGroupType eGroup,
+                                  const std::string& strRestriction, const std::string& strTargetNamespace);
+    // The mandatory untyped members: the CElement the object holds reads in place.
+    bool ElementFromXmlUntypedHeld(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                                   OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
+                                   XmlElementType eParentType, bool bAllGroup);
+    // The untyped collections of sequences and choices: the CElementCol reads every element
+    // its namespaces allow ("AnyElement"), or the run of elements of the member's name.
+    bool ElementFromXmlUntypedCol(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                                  OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
+                                  XmlElementType eParentType, bool bChoice);
+
+    // "The Property [...] is mandatory, it may not be NULL".
+    [[noreturn]] static void ThrowMandatoryNull(const std::string& strName);
+
     // The Validate of mandatory All members.
     bool ValidateMandatory(bool bFound, bool bCheck) const;
     // The collection held in the property of a collection member.

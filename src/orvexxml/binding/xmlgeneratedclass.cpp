@@ -4,6 +4,8 @@
 #include "orvexxml/binding/elementinfochoiceenumopt.h"
 #include "orvexxml/binding/elementinfochoiceprimcol.h"
 #include "orvexxml/binding/elementinfochoiceprimopt.h"
+#include "orvexxml/binding/elementinfochoiceuntpdcol.h"
+#include "orvexxml/binding/elementinfochoiceuntpdopt.h"
 #include "orvexxml/binding/nillable.h"
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/collections/xmlcollectionbase.h"
@@ -170,13 +172,15 @@ bool CXmlGeneratedClass::DoesElementContainOptionalElements() const {
     for (CElementInfo** pp = ppElements; *pp; ++pp) {
         const CElementInfo* pInfo = *pp;
         if (dynamic_cast<const CElementInfoChoicePrimCol*>(pInfo) ||
-            dynamic_cast<const CElementInfoChoiceEnumCol*>(pInfo)) {
+            dynamic_cast<const CElementInfoChoiceEnumCol*>(pInfo) ||
+            dynamic_cast<const CElementInfoChoiceUntpdCol*>(pInfo)) {
             OxVariant holder;
             ReadProperty(pInfo->GetPropertyIndex(), holder);
             CSmartPtr<CXmlCollectionBase> pCollection = holder.GetXmlCollection();
             if (pCollection->GetMinOccurs() == 0) return true;
         } else if (dynamic_cast<const CElementInfoChoicePrimOpt*>(pInfo) ||
-                   dynamic_cast<const CElementInfoChoiceEnumOpt*>(pInfo)) {
+                   dynamic_cast<const CElementInfoChoiceEnumOpt*>(pInfo) ||
+                   dynamic_cast<const CElementInfoChoiceUntpdOpt*>(pInfo)) {
             return true;
         }
     }
