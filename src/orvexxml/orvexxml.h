@@ -2,6 +2,8 @@
 #pragma once
 
 #include "orvexxml/binding/attributeinfo.h"
+#include "orvexxml/binding/attributeinfoenum.h"
+#include "orvexxml/binding/attributeinfoprimitive.h"
 #include "orvexxml/binding/elementinfo.h"
 #include "orvexxml/binding/elementinfoallcol.h"
 #include "orvexxml/binding/elementinfoallenumcol.h"
