@@ -5,6 +5,8 @@
 #include "orvexxml/binding/attributecol.h"
 #include "orvexxml/binding/attributeinfo.h"
 #include "orvexxml/binding/attributeinfoany.h"
+#include "orvexxml/binding/attributeinfoenum.h"
+#include "orvexxml/binding/attributeinfoprimitive.h"
 #include "orvexxml/binding/element.h"
 #include "orvexxml/binding/elementcol.h"
 #include "orvexxml/binding/elementinfo.h"

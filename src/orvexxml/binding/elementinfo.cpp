@@ -2,6 +2,7 @@
 
 #include "orvexxml/binding/element.h"
 #include "orvexxml/binding/elementcol.h"
+#include "orvexxml/binding/facetcheck.h"
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/binding/xmlgeneratedclass.h"
 #include "orvexxml/collections/xmlcollectionbase.h"
@@ -69,8 +70,7 @@ void CElementInfo::PseudoChildAttributeToXml(const CSerializationContext&, const
 
 void CElementInfo::CheckRestriction(const OxVariant& value) const {
     if (!m_bPrimitive) throw COxException("Cannot CheckRestriction for type: " + value.GetType());
-    // Facet validation of primitive values joins here once the facet checker exists;
-    // until then a primitive value is written unchecked.
+    CheckPrimitiveFacets(m_strElementName, value, m_eItemType, m_restrictions);
 }
 
 void CElementInfo::ReadProperty(const CXmlGeneratedClass* pClass, OxVariant& value) const {

@@ -222,9 +222,8 @@ void CXmlTextWriter::WriteStartElement(const std::string& strName, const std::st
                 m_pStream->WriteString(m_strDefaultNamespace);
                 m_pStream->WriteChar('"');
             }
-            const size_t nXmlNamespaceLen = std::strlen(XmlNamespaceURI);
             for (NamespaceMap::const_iterator it = m_mapNamespaces.begin(); it != m_mapNamespaces.end(); ++it) {
-                if (it->first.compare(0, nXmlNamespaceLen, XmlNamespaceURI) == 0) continue;  // "xml" is implicit
+                if (it->first == XmlNamespaceURI) continue;  // "xml" is implicit
                 m_pStream->WriteChar(' ');
                 WriteNamespaceDeclaration(it->second, it->first);
             }

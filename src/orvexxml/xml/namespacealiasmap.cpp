@@ -41,6 +41,8 @@ bool CNamespaceAliasMap::DoesAliasExist(const char* pszAlias) const {
 }
 
 std::string CNamespaceAliasMap::GetNamespaceAt(int nIndex) {
+    // Outside the entries there is no URI to give; answer empty rather than walk off the map.
+    if (nIndex < 0 || nIndex >= GetNamespaceCount()) return std::string();
     auto it = m_mapAliases.begin();
     std::advance(it, nIndex);
     return it->first;

@@ -25,7 +25,8 @@ public:
     bool DoesNamespaceExist(const char* pszNamespace) const;
     bool DoesAliasExist(const char* pszAlias) const;
     int GetNamespaceCount() const { return static_cast<int>(m_mapAliases.size()); }
-    // The URI at position nIndex in URI order; 0 <= nIndex < GetNamespaceCount().
+    // The URI at position nIndex in URI order, 0 <= nIndex < GetNamespaceCount(); empty for
+    // an index outside that range.
     std::string GetNamespaceAt(int nIndex);
 
 private:
