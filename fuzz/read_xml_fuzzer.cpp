@@ -9,9 +9,12 @@
 #include <cstdlib>
 #include <string>
 
+#include "envelope.h"
+#include "invoiceline.h"
 #include "note.h"
 #include "person.h"
 #include "primitiveset.h"
+#include "remittance.h"
 #include "selection.h"
 #include "settings.h"
 #include "shape.h"
@@ -33,8 +36,13 @@ static void ReadInto(const std::string& text, const CSerializationContext& ctx) 
     }
     // And what was written must read back into an object that writes the same text. A float
     // cut at the end of its buffer is another number, or no number, when read back; a CDATA
-    // section written from a value loses its markers when read with CDATA stripped.
-    if (OrvexTest::HasCutFloatText(strWritten) || OrvexTest::HasStrippedCDataSection(strWritten, ctx)) return;
+    // section written from a value loses its markers when read with CDATA stripped; without
+    // namespaces, a document that writes any namespace isn't read back; formatted mixed content
+    // takes the indentation into its text.
+    if (OrvexTest::HasCutFloatText(strWritten) || OrvexTest::HasStrippedCDataSection(strWritten, ctx) ||
+        OrvexTest::HasNamespacesUnreadWithoutNamespaces(strWritten, ctx) ||
+        OrvexTest::HasFormattedMixedContent(strWritten, ctx))
+        return;
     CSmartPtr<T> again = T::CreateInstance();
     try {
         again->FromXml(strWritten.c_str(), ctx);
@@ -60,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
     }
     const CSerializationContext& ctx = s_contexts[pData[0] % 4];
     std::string text(reinterpret_cast<const char*>(pData + 1), nSize - 1);
-    switch ((pData[0] >> 2) % 7) {
+    switch ((pData[0] >> 2) % 10) {
         case 0:
             ReadInto<Samples::CPerson>(text, ctx);
             break;
@@ -79,8 +87,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
         case 5:
             ReadInto<Samples::CSettings>(text, ctx);
             break;
-        default:
+        case 6:
             ReadInto<Samples::CSelection>(text, ctx);
+            break;
+        case 7:
+            ReadInto<Samples::CEnvelope>(text, ctx);
+            break;
+        case 8:
+            ReadInto<Samples::CInvoiceLine>(text, ctx);
+            break;
+        default:
+            ReadInto<Samples::CRemittance>(text, ctx);
             break;
     }
     return 0;

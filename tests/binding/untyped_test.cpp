@@ -101,6 +101,14 @@ TEST(Untyped, EnvelopeSortsOpenContentIntoItsMembersAndWritesItBackUnchanged) {
     CSmartPtr<Samples::CEnvelope> again = Samples::CEnvelope::CreateInstance();
     again->FromXml(strFirst.c_str(), DefaultCtx());
     EXPECT_EQ(Flat(again), strFirst);
+
+    // Formatted, the indentation between children is no text of the open content: element
+    // content reads back as it was, while mixed content takes the indentation in.
+    const std::string strFormatted = again->ToXml(false, true, EOLType_LF, DefaultCtx());
+    again->FromXml(strFormatted.c_str(), DefaultCtx());
+    EXPECT_EQ(again->GetSignature()->GetText(), "");
+    EXPECT_EQ(again->GetBody().Item(1)->GetChildElements()->Item(0)->GetText(), "");
+    EXPECT_NE(again->GetBody().Item(1)->GetText(), "texttail");
 }
 
 TEST(Untyped, EnvelopeRefusesAnAttributeOfItsOwnNamespace) {

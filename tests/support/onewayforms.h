@@ -7,7 +7,9 @@
 #include <orvexxml/orvexxml.h>
 
 #include <cstddef>
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace OrvexTest {
 
@@ -62,6 +64,54 @@ inline bool HasCutFloatText(const std::string& strDocument) {
 // keeps CDATA reads such a document back to the same values.
 inline bool HasStrippedCDataSection(const std::string& strDocument, const OrvexXml::CSerializationContext& ctx) {
     return ctx.GetStripCDATA() && strDocument.find("<![CDATA[") != std::string::npos;
+}
+
+// Whether any element of a written document, or one of its attributes, passes the test; the
+// document is parsed under the context's schema type.
+inline bool AnyElementOf(const std::string& strDocument, const OrvexXml::CSerializationContext& ctx,
+                         const std::function<bool(const OrvexXml::CXmlElement&)>& test) {
+    OrvexXml::CXmlDocument doc(ctx);
+    doc.LoadXml(strDocument.c_str());
+    std::vector<const OrvexXml::CXmlElement*> stack{doc.GetDocumentElement()};
+    while (!stack.empty()) {
+        const OrvexXml::CXmlElement* pElement = stack.back();
+        stack.pop_back();
+        if (test(*pElement)) return true;
+        for (const OrvexXml::CXmlElement* pChild = pElement->GetFirstElement(); pChild;
+             pChild = pChild->GetNextSiblingElement())
+            stack.push_back(pChild);
+    }
+    return false;
+}
+
+// A schema language without namespaces (SchemaType_DTD) reads names as written, prefix and
+// all, and namespace declarations as plain attributes; writing still puts an element or an
+// attribute of a namespace under a prefix, as it must. So a document that writes any namespace
+// (a class with a target namespace, an xml:lang attribute, open content from a namespace)
+// doesn't read back in that mode; only namespace-free documents round-trip there.
+inline bool HasNamespacesUnreadWithoutNamespaces(const std::string& strDocument,
+                                                 const OrvexXml::CSerializationContext& ctx) {
+    if (ctx.GetSchemaType() != OrvexXml::SchemaType_DTD) return false;
+    auto isQualified = [](const std::string& strName) {
+        return strName.find(':') != std::string::npos || strName == "xmlns";
+    };
+    return AnyElementOf(strDocument, ctx, [&](const OrvexXml::CXmlElement& element) {
+        if (isQualified(element.GetLocalName())) return true;
+        for (const OrvexXml::CXmlAttribute* pAttribute : element.GetAttributes()) {
+            if (isQualified(pAttribute->GetLocalName())) return true;
+        }
+        return false;
+    });
+}
+
+// Open content keeps an element's text apart from its children and writes it after them. In
+// a formatted document the indentation around the children joins the text of such mixed
+// content when it is read back, so its text grows with each formatted round trip. Only mixed
+// content written unformatted reads back the same.
+inline bool HasFormattedMixedContent(const std::string& strDocument, const OrvexXml::CSerializationContext& ctx) {
+    return AnyElementOf(strDocument, ctx, [](const OrvexXml::CXmlElement& element) {
+        return element.GetFirstElement() && element.GetText().find_first_not_of(" \t\r\n") != std::string::npos;
+    });
 }
 
 }  // namespace OrvexTest

@@ -100,11 +100,20 @@ CSmartPtr<CElement> CElement::Clone() const {
     return pCopy;
 }
 
+// The text an element of open content keeps. Between child elements, text of nothing but
+// whitespace is the indentation of a formatted document, not data: kept, it would grow by a
+// level of indentation with every formatted round trip.
+static std::string OwnText(const CXmlElement* pElement) {
+    const std::string& strText = pElement->GetText();
+    if (pElement->GetFirstElement() && strText.find_first_not_of(" \t\r\n") == std::string::npos) return std::string();
+    return strText;
+}
+
 void CElement::CopyXmlElement(CXmlElement* pElement) {
     if (!pElement) throw COxException("Invalid or empty XML document");
     m_strName = pElement->GetLocalName();
     m_strNamespace = pElement->GetNamespaceURI();
-    m_strText = pElement->GetText();
+    m_strText = OwnText(pElement);
     m_pAttributes->Clear();
     m_pChildren->Clear();
     for (const CXmlAttribute* pAttribute : pElement->GetAttributes()) {
@@ -274,7 +283,7 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* pElement, const CS
         throw COxValidationException(FormatString("Invalid Element [%s] found.", pElement->GetLocalName().c_str()),
                                      pElement->GetXPath());
     }
-    m_strText = pElement->GetText();
+    m_strText = OwnText(pElement);
     m_strName = pElement->GetLocalName();
     m_strNamespace = pElement->GetNamespaceURI();
     return pElement->GetNextSiblingElement();
