@@ -454,3 +454,46 @@ TEST_F(XmlTextWriterTest, OperationsOutOfOrderAreRefusedAndWriteNothing) {
     m_writer.EndDocument();
     EXPECT_EQ("<r>text\t<c/>\n</r>\n", Text());
 }
+
+// Whatever alias a caller hands in, the document stays well-formed: the writer either refuses
+// the alias or writes a document in which the parser finds the attribute in its namespace.
+TEST(XmlTextWriterAliases, AnAliasIsTakenOnlyWhereTheDocumentStaysWellFormed) {
+    const std::string kXml = CXmlWriter::XmlNamespaceURI;
+    const struct {
+        const char* pszAlias;
+        std::string strNamespace;
+        bool bTaken;
+    } rows[] = {
+        {"p", "urn:p", true},      {"p.q-1", "urn:p", true},
+        {"_x", "urn:p", true},     {"xml", kXml, true},
+        {"x", kXml, false},        {"xml", "urn:p", false},
+        {"xmlns", "urn:p", false}, {"n", "http://www.w3.org/2000/xmlns/", false},
+        {"", "urn:p", false},      {"a:b", "urn:p", false},
+        {"1a", "urn:p", false},    {"a b", "urn:p", false},
+        {"-a", "urn:p", false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.pszAlias) + " " + row.strNamespace);
+        CTextStream stream;
+        CXmlTextWriter writer(&stream);
+        writer.StartDocument();
+        try {
+            writer.AddNamespaceAlias(row.pszAlias, row.strNamespace);
+            writer.WriteStartElement("r", "");
+            writer.WriteAttribute("a", row.strNamespace, "1", ItemType_string);
+            writer.WriteEndElement();
+            writer.EndDocument();
+        } catch (const COxInvalidParamException& e) {
+            EXPECT_FALSE(row.bTaken);
+            EXPECT_EQ(e.GetMessage(), "The alias [" + std::string(row.pszAlias) + "] can't stand for the namespace [" +
+                                          row.strNamespace +
+                                          "] in XML: an alias is a name without a colon, xml is the alias of the XML "
+                                          "namespace alone, and xmlns and its namespace are never bound.");
+            continue;
+        }
+        EXPECT_TRUE(row.bTaken);
+        CXmlDocument doc;
+        doc.LoadXml(stream.GetText());
+        EXPECT_EQ(doc.GetDocumentElement()->GetAttributes().at(0)->GetNamespaceURI(), row.strNamespace);
+    }
+}

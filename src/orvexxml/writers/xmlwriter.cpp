@@ -5,6 +5,7 @@
 #include <new>
 
 #include "orvexxml/infrastructure/exceptions.h"
+#include "orvexxml/infrastructure/formatstring.h"
 
 namespace OrvexXml {
 
@@ -177,7 +178,28 @@ void CXmlWriter::SetDefaultNamespace(const std::string& strNamespace) {
         m_strDefaultNamespace = strNamespace;
 }
 
+// Whether an alias can stand for a namespace in well-formed XML: a name without a colon, and
+// none of the prefixes or namespaces that XML reserves (xml belongs to the XML namespace and
+// to nothing else; xmlns and its namespace are never bound).
+static bool IsBindableAlias(const std::string& strAlias, const std::string& strNamespace) {
+    if (strAlias.empty()) return false;
+    for (size_t i = 0; i < strAlias.size(); ++i) {
+        const unsigned char c = static_cast<unsigned char>(strAlias[i]);
+        const bool bStart = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c >= 0x80;
+        if (!bStart && (i == 0 || !((c >= '0' && c <= '9') || c == '-' || c == '.'))) return false;
+    }
+    const bool bXmlNamespace = strNamespace == CXmlWriter::XmlNamespaceURI;
+    if (bXmlNamespace != (strAlias == "xml")) return false;
+    return strAlias != "xmlns" && strNamespace != "http://www.w3.org/2000/xmlns/";
+}
+
 void CXmlWriter::AddNamespaceAlias(const std::string& strAlias, const std::string& strNamespace) {
+    if (!IsBindableAlias(strAlias, strNamespace)) {
+        throw COxInvalidParamException(FormatString(
+            "The alias [%s] can't stand for the namespace [%s] in XML: an alias is a name without a colon, "
+            "xml is the alias of the XML namespace alone, and xmlns and its namespace are never bound.",
+            strAlias.c_str(), strNamespace.c_str()));
+    }
     if (m_pContext)
         m_pContext->SetNamespaceMapValue(strNamespace, strAlias);
     else
