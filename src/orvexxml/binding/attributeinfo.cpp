@@ -52,6 +52,13 @@ void CAttributeInfo::InvokePropertySet(CXmlGeneratedClass* pClass, OxVariant& va
     }
 }
 
+void CAttributeInfo::ValidateRequired(bool bFound) const {
+    if (!m_bOptional && !bFound) {
+        throw COxValidationException(
+            FormatString("Failed to find the required Attribute [%s].", m_strAttributeName.c_str()), std::string());
+    }
+}
+
 void CAttributeInfo::TestNamespace(const std::string& strNamespace, const std::string& strRestriction,
                                    const std::string& strTargetNamespace) {
     OrvexXml::TestNamespace(strNamespace, strRestriction, strTargetNamespace);

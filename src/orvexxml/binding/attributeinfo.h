@@ -52,6 +52,9 @@ protected:
     void InvokePropertySet(OrvexXml::CXmlGeneratedClass* pClass, OrvexXml::OxVariant& value,
                            const OrvexXml::CXmlAttribute& attribute) const;
 
+    // The Validate of the named attributes: a required one must have been found.
+    void ValidateRequired(bool bFound) const;
+
     // The namespace test of the wildcards, answered or thrown.
     static void TestNamespace(const std::string& strNamespace, const std::string& strRestriction,
                               const std::string& strTargetNamespace);

@@ -2,7 +2,6 @@
 
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/infrastructure/exceptions.h"
-#include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/values/oxvariant.h"
 #include "orvexxml/writers/xmlwriter.h"
 #include "orvexxml/xml/xmlattribute.h"
@@ -42,11 +41,6 @@ bool CAttributeInfoEnum::AttributeFromXml(const CSerializationContext& ctx, CXml
     return true;
 }
 
-void CAttributeInfoEnum::Validate(const CSerializationContext&, bool bFound) const {
-    if (!m_bOptional && !bFound) {
-        throw COxValidationException(
-            FormatString("Failed to find the required Attribute [%s].", m_strAttributeName.c_str()), std::string());
-    }
-}
+void CAttributeInfoEnum::Validate(const CSerializationContext&, bool bFound) const { ValidateRequired(bFound); }
 
 }  // namespace OrvexXmlData

@@ -3,7 +3,6 @@
 #include "orvexxml/binding/facetcheck.h"
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/infrastructure/exceptions.h"
-#include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/values/oxvariant.h"
 #include "orvexxml/writers/xmlwriter.h"
 #include "orvexxml/xml/xmlattribute.h"
@@ -53,11 +52,6 @@ bool CAttributeInfoPrimitive::AttributeFromXml(const CSerializationContext&, CXm
     return true;
 }
 
-void CAttributeInfoPrimitive::Validate(const CSerializationContext&, bool bFound) const {
-    if (!m_bOptional && !bFound) {
-        throw COxValidationException(
-            FormatString("Failed to find the required Attribute [%s].", m_strAttributeName.c_str()), std::string());
-    }
-}
+void CAttributeInfoPrimitive::Validate(const CSerializationContext&, bool bFound) const { ValidateRequired(bFound); }
 
 }  // namespace OrvexXmlData
