@@ -1,14 +1,15 @@
 #include "benchdocument.h"
 
 #include <cstdint>
+#include <map>
+#include <memory>
+#include <mutex>
 #include <string>
 
 using namespace OrvexXml;
 using namespace OrvexXmlData;
 
 namespace {
-
-const char* const kPrimitivesNamespace = "urn:orvex:samples:primitives";
 
 uint64_t NextState(uint64_t& nState) {
     nState ^= nState << 13;
@@ -18,16 +19,18 @@ uint64_t NextState(uint64_t& nState) {
 }
 
 // Writes each child of the batch under its own element name, and reads every following
-// element of its name into a new child.
+// element of the item class's name into a new child.
 class CBenchChildrenInfo : public CElementInfo {
 public:
-    CBenchChildrenInfo() : CElementInfo("PrimitiveSet", kPrimitivesNamespace, 0) {}
+    CBenchChildrenInfo(const CParentElementInfo& item, CBenchBatch::ItemFactory pfnNewItem)
+        : CElementInfo(item.GetElementName().c_str(), item.GetElementNamespace().c_str(), 0),
+          m_pfnNewItem(pfnNewItem) {}
 
 protected:
     bool ElementToXml(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
                       CXmlWriter* pWriter) const override {
         const CBenchBatch* pBatch = static_cast<const CBenchBatch*>(pClass);
-        for (const CSmartPtr<Samples::CPrimitiveSet>& item : pBatch->m_vecItems)
+        for (const CSmartPtr<CXmlGeneratedClass>& item : pBatch->m_vecItems)
             ToXml_Int(item.Get(), pWriter, false, GetElementNamespace().c_str(), ctx, false);
         return !pBatch->m_vecItems.empty();
     }
@@ -35,32 +38,64 @@ protected:
                         CXmlElement** ppCurrent, const char*, XmlElementType) override {
         CBenchBatch* pBatch = static_cast<CBenchBatch*>(pClass);
         while (IsThisElement(ctx, *ppCurrent)) {
-            CSmartPtr<Samples::CPrimitiveSet> item = Samples::CPrimitiveSet::CreateInstance();
+            CSmartPtr<CXmlGeneratedClass> item = m_pfnNewItem();
             FromXml_Int(item.Get(), *ppCurrent, (*ppCurrent)->GetFirstElement(), ctx, false);
             pBatch->m_vecItems.push_back(item);
             *ppCurrent = (*ppCurrent)->GetNextSiblingElement();
         }
         return true;
     }
-};
 
-CParentElementInfo g_batchParent(XmlElementGroupType_Sequence, XmlElementType_Element, "Batch", kPrimitivesNamespace,
-                                 true, false, -1, ItemType_invalid, nullptr, false);
-CBenchChildrenInfo g_batchChildren;
-CElementInfo* g_apBatchElements[2] = {&g_batchChildren, nullptr};
-CAttributeInfo* g_apBatchAttributes[1] = {nullptr};
+private:
+    CBenchBatch::ItemFactory m_pfnNewItem;
+};
 
 }  // namespace
 
-std::string CBenchBatch::GetNamespace() const { return kPrimitivesNamespace; }
+// The batch element is in the item class's namespace.
+struct SBenchBatchMetaData {
+    SBenchBatchMetaData(const CParentElementInfo& item, CBenchBatch::ItemFactory pfnNewItem)
+        : parent(XmlElementGroupType_Sequence, XmlElementType_Element, "Batch", item.GetElementNamespace().c_str(),
+                 true, false, -1, ItemType_invalid, nullptr, false),
+          children(item, pfnNewItem) {}
+
+    CParentElementInfo parent;
+    CBenchChildrenInfo children;
+    CElementInfo* apElements[2] = {&children, nullptr};
+    CAttributeInfo* apAttributes[1] = {nullptr};
+};
+
+namespace {
+
+// One set of descriptions per item class, built by the first batch of that class; the item's
+// own metadata is complete once one item has been constructed.
+SBenchBatchMetaData* MetaDataFor(CBenchBatch::ItemFactory pfnNewItem) {
+    static std::mutex s_mutex;
+    static std::map<CBenchBatch::ItemFactory, std::unique_ptr<SBenchBatchMetaData>> s_mapMetaData;
+    std::lock_guard<std::mutex> lock(s_mutex);
+    std::unique_ptr<SBenchBatchMetaData>& pMetaData = s_mapMetaData[pfnNewItem];
+    if (!pMetaData) {
+        CSmartPtr<CXmlGeneratedClass> item = pfnNewItem();
+        pMetaData.reset(new SBenchBatchMetaData(*item->GetParentElementInfo(), pfnNewItem));
+    }
+    return pMetaData.get();
+}
+
+}  // namespace
+
+CBenchBatch::CBenchBatch(ItemFactory pfnNewItem) : m_pfnNewItem(pfnNewItem), m_pMetaData(MetaDataFor(pfnNewItem)) {
+    SetElementName("Batch");
+}
+
+std::string CBenchBatch::GetNamespace() const { return m_pMetaData->parent.GetElementNamespace(); }
 
 void CBenchBatch::ExchangeProperty(int nPropertyIndex, bool, OxVariant&) {
     throw COxInvalidParamException(FormatString("Unknown property index %d", nPropertyIndex));
 }
 
-CParentElementInfo* CBenchBatch::GetParentElementInfo() const { return &g_batchParent; }
-CElementInfo** CBenchBatch::GetClassElementInfo() const { return g_apBatchElements; }
-CAttributeInfo** CBenchBatch::GetClassAttributeInfo() const { return g_apBatchAttributes; }
+CParentElementInfo* CBenchBatch::GetParentElementInfo() const { return &m_pMetaData->parent; }
+CElementInfo** CBenchBatch::GetClassElementInfo() const { return m_pMetaData->apElements; }
+CAttributeInfo** CBenchBatch::GetClassAttributeInfo() const { return m_pMetaData->apAttributes; }
 
 CSmartPtr<Samples::CReadingLog> MakeReadingLog(size_t nMinBytes) {
     CSmartPtr<Samples::CReadingLog> log = Samples::CReadingLog::CreateInstance();
@@ -100,8 +135,23 @@ CSmartPtr<Samples::CPrimitiveSet> MakePrimitiveSet(uint64_t nSeed) {
     return set;
 }
 
-CSmartPtr<CBenchBatch> MakeBatch(size_t nItems) {
-    CSmartPtr<CBenchBatch> batch = CBenchBatch::CreateInstance();
-    for (size_t i = 0; i < nItems; ++i) batch->m_vecItems.push_back(MakePrimitiveSet(i));
-    return batch;
+CSmartPtr<Samples::CInvoiceLine> MakeInvoiceLine(uint64_t nSeed) {
+    static const char* const s_apszCurrencies[] = {"EUR", "USD", "CHF", "GBP", "JPY", "SEK"};
+    static const char* const s_apszLanguages[] = {"en", "de-CH", "fr", "ja", "pt-BR", "zh-Hant-TW", "sv"};
+    uint64_t nState = nSeed * 2654435761ULL + 88172645463325252ULL;
+    CSmartPtr<Samples::CInvoiceLine> line = Samples::CInvoiceLine::CreateInstance();
+    line->SetId(static_cast<int32_t>(NextState(nState) % 2000000000) - 1000000000);
+    // About one currency in five is a free text with quotes, ampersands, angle brackets and a
+    // line break, all of which an attribute value must escape.
+    if (NextState(nState) % 5 == 0)
+        line->SetCurrency("store credit \"R&D\" <" + std::to_string(nState % 1000) + ">\nnet");
+    else
+        line->SetCurrency(s_apszCurrencies[NextState(nState) % 6]);
+    line->SetPriority(static_cast<Samples::Priority>(NextState(nState) % 3));
+    line->SetStatus(static_cast<Samples::OrderStatus>(NextState(nState) % 4));
+    line->SetLang(s_apszLanguages[NextState(nState) % 7]);
+    line->SetDescription(NextState(nState) % 3 == 0 ? "bolts & nuts <M8> " + std::to_string(nState % 100000)
+                                                    : "item " + std::to_string(nState % 1000));
+    line->SetQuantity(static_cast<int32_t>(NextState(nState) % 10000));
+    return line;
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "invoiceline.h"
 #include "primitiveset.h"
 #include "readinglog.h"
 
@@ -15,14 +16,30 @@ OrvexXml::CSmartPtr<Samples::CReadingLog> MakeReadingLog(size_t nMinBytes);
 // is too long for a short-string buffer.
 OrvexXml::CSmartPtr<Samples::CPrimitiveSet> MakePrimitiveSet(uint64_t nSeed);
 
+// A fully set invoice line, the values drawn from nSeed: every attribute carries a value,
+// some texts need escapes, and the languages vary.
+OrvexXml::CSmartPtr<Samples::CInvoiceLine> MakeInvoiceLine(uint64_t nSeed);
+
+// The element descriptions of a batch of one item class, shared by all its batches.
+struct SBenchBatchMetaData;
+
 // Benchmark scaffolding, not library API: the library has no element description for a
 // member that holds child objects yet, so this class carries a hand-written one. A batch is
-// a sequence of PrimitiveSet children in the primitive set's namespace; each child is written
-// and read through its own walk, as a generated class member would be.
+// a sequence of children of one generated class, in that class's namespace and under its
+// element name (both taken from the class's metadata); each child is written and read
+// through its own walk, as a generated class member would be.
 class CBenchBatch : public OrvexXml::CXmlGeneratedClass {
 public:
-    CBenchBatch() { SetElementName("Batch"); }
-    static OrvexXml::CSmartPtr<CBenchBatch> CreateInstance() { return new CBenchBatch(); }
+    typedef OrvexXml::CSmartPtr<OrvexXml::CXmlGeneratedClass> (*ItemFactory)();
+
+    // An empty batch whose children are TItem objects.
+    template <class TItem>
+    static OrvexXml::CSmartPtr<CBenchBatch> CreateInstance() {
+        return new CBenchBatch(&NewItem<TItem>);
+    }
+    // An empty batch of the same item class, to read into.
+    OrvexXml::CSmartPtr<CBenchBatch> CreateEmpty() const { return new CBenchBatch(m_pfnNewItem); }
+    OrvexXml::CSmartPtr<OrvexXml::CXmlGeneratedClass> NewItem() const { return m_pfnNewItem(); }
 
     OrvexXml::CXmlObjectBase* GetBase() override { return this; }
     std::string GetNamespace() const override;
@@ -33,11 +50,27 @@ public:
     OrvexXmlData::CAttributeInfo** GetClassAttributeInfo() const override;
     void ResetToDefaults() override { m_vecItems.clear(); }
 
-    std::vector<OrvexXml::CSmartPtr<Samples::CPrimitiveSet>> m_vecItems;
+    std::vector<OrvexXml::CSmartPtr<OrvexXml::CXmlGeneratedClass>> m_vecItems;
 
 protected:
     std::string GetTargetNamespace() const override { return GetNamespace(); }
+
+private:
+    explicit CBenchBatch(ItemFactory pfnNewItem);
+
+    template <class TItem>
+    static OrvexXml::CSmartPtr<OrvexXml::CXmlGeneratedClass> NewItem() {
+        return TItem::CreateInstance();
+    }
+
+    ItemFactory m_pfnNewItem;
+    SBenchBatchMetaData* m_pMetaData;
 };
 
-// A batch of nItems children made by MakePrimitiveSet.
-OrvexXml::CSmartPtr<CBenchBatch> MakeBatch(size_t nItems);
+// A batch of nItems children made by pfnMakeItem from the seeds 0 to nItems - 1.
+template <class TItem>
+OrvexXml::CSmartPtr<CBenchBatch> MakeBatch(size_t nItems, OrvexXml::CSmartPtr<TItem> (*pfnMakeItem)(uint64_t)) {
+    OrvexXml::CSmartPtr<CBenchBatch> batch = CBenchBatch::CreateInstance<TItem>();
+    for (size_t i = 0; i < nItems; ++i) batch->m_vecItems.push_back(pfnMakeItem(i));
+    return batch;
+}
