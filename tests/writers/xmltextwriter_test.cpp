@@ -497,3 +497,28 @@ TEST(XmlTextWriterAliases, AnAliasIsTakenOnlyWhereTheDocumentStaysWellFormed) {
         EXPECT_EQ(doc.GetDocumentElement()->GetAttributes().at(0)->GetNamespaceURI(), row.strNamespace);
     }
 }
+
+// Namespace names come from documents too (open content keeps them) and may hold markup and
+// whitespace; each declaration form must read back as the same name.
+TEST(XmlTextWriterAliases, NamespaceNamesWithMarkupAndWhitespaceReadBackUnchanged) {
+    for (const std::string strNamespace : {"urn:a&b", "urn:<x>", "urn:\"q\"", "urn:a\tb c", "urn:l\nm\rn"}) {
+        SCOPED_TRACE(strNamespace);
+        CTextStream stream;
+        CXmlTextWriter writer(&stream);
+        writer.StartDocument();
+        writer.SetDefaultNamespace(strNamespace);  // declared at the root
+        writer.AddNamespaceAlias("p", strNamespace + "/p");
+        writer.WriteStartElement("r", strNamespace);
+        writer.WriteAttribute("a", strNamespace + "/p", "1", ItemType_string);
+        writer.WriteStartElement("c", strNamespace + "/c");  // declared where it is used
+        writer.WriteEndElement();
+        writer.WriteEndElement();
+        writer.EndDocument();
+        CXmlDocument doc;
+        doc.LoadXml(stream.GetText());
+        const CXmlElement* pRoot = doc.GetDocumentElement();
+        EXPECT_EQ(pRoot->GetNamespaceURI(), strNamespace);
+        EXPECT_EQ(pRoot->GetAttributes().at(0)->GetNamespaceURI(), strNamespace + "/p");
+        EXPECT_EQ(pRoot->GetFirstElement()->GetNamespaceURI(), strNamespace + "/c");
+    }
+}

@@ -106,8 +106,48 @@ void CXmlTextWriter::WriteNamespaceDeclaration(const std::string& strPrefix, con
     PutLiteral(m_pStream, "xmlns:");
     m_pStream->WriteString(strPrefix);
     PutLiteral(m_pStream, "=\"");
-    m_pStream->WriteString(strNamespace);
+    WriteNamespaceURI(strNamespace);
     m_pStream->WriteChar('"');
+}
+
+// A namespace name is compared character for character, so it is written to read back exactly:
+// markup characters as entities, and the whitespace that attribute values normalise as
+// character references. A URI of the usual kind passes unchanged. Namespaces read from a
+// document (open content keeps them) may hold any of these.
+void CXmlTextWriter::WriteNamespaceURI(const std::string& strNamespace) {
+    size_t nRun = 0;
+    for (size_t i = 0; i < strNamespace.size(); ++i) {
+        const char* pszEntity;
+        switch (strNamespace[i]) {
+            case '&':
+                pszEntity = "&amp;";
+                break;
+            case '<':
+                pszEntity = "&lt;";
+                break;
+            case '>':
+                pszEntity = "&gt;";
+                break;
+            case '"':
+                pszEntity = "&quot;";
+                break;
+            case '\t':
+                pszEntity = "&#x9;";
+                break;
+            case '\n':
+                pszEntity = "&#xA;";
+                break;
+            case '\r':
+                pszEntity = "&#xD;";
+                break;
+            default:
+                continue;
+        }
+        m_pStream->WriteString(strNamespace.data() + nRun, i - nRun);
+        m_pStream->WriteString(pszEntity);
+        nRun = i + 1;
+    }
+    m_pStream->WriteString(strNamespace.data() + nRun, strNamespace.size() - nRun);
 }
 
 void CXmlTextWriter::CheckInStartTag() const {
@@ -219,7 +259,7 @@ void CXmlTextWriter::WriteStartElement(const std::string& strName, const std::st
             // The root carries the declarations registered for the document, by ascending URI.
             if (!m_strDefaultNamespace.empty()) {
                 PutLiteral(m_pStream, " xmlns=\"");
-                m_pStream->WriteString(m_strDefaultNamespace);
+                WriteNamespaceURI(m_strDefaultNamespace);
                 m_pStream->WriteChar('"');
             }
             for (NamespaceMap::const_iterator it = m_mapNamespaces.begin(); it != m_mapNamespaces.end(); ++it) {

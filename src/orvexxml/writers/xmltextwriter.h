@@ -73,6 +73,8 @@ protected:
 
     // Writes a null-terminated text with the XML special characters replaced; in attribute
     // mode also the double quote and the line feed.
+    // Writes a namespace URI as an attribute value that reads back as the same URI.
+    void WriteNamespaceURI(const std::string& strNamespace);
     void EscapeAndWrite(const char* pszText, bool bAttribute);
     // Writes a value that begins with a CDATA section: complete sections unchanged, the text
     // around them escaped.
