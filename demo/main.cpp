@@ -2,6 +2,8 @@
 #include <cstdio>
 
 #include "amount.h"
+#include "envelope.h"
+#include "invoiceline.h"
 #include "person.h"
 #include "primitiveset.h"
 #include "shape.h"
@@ -38,6 +40,30 @@ int main() {
         CSmartPtr<Samples::CAmount> amount = Samples::CAmount::CreateInstance();
         amount->SetValue(19.5);
         std::printf("%s\n", amount->ToXml(false, false, EOLType_LF, ctx).c_str());
+
+        // Attributes: required, optional, enumerated and in the XML namespace.
+        CSmartPtr<Samples::CInvoiceLine> line = Samples::CInvoiceLine::CreateInstance();
+        line->SetId(7);
+        line->SetStatus(Samples::OrderStatus_shipped);
+        line->SetPriority(Samples::Priority_high);
+        line->SetLang("en-GB");
+        line->SetDescription("Bolts & nuts");
+        line->SetQuantity(12);
+        std::printf("%s\n", line->ToXml(false, true, EOLType_LF, ctx).c_str());
+
+        // Open content read from a document and written again, with a schema location at the root.
+        CSmartPtr<Samples::CEnvelope> envelope = Samples::CEnvelope::CreateInstance();
+        envelope->FromXml(
+            "<e:Envelope xmlns:e=\"urn:orvex:samples:envelope\" xmlns:t=\"urn:trace\" t:id=\"42\">"
+            "<e:Header>order</e:Header><o:Order xmlns:o=\"urn:orders\" o:no=\"5\">"
+            "<o:Line>Bolts</o:Line></o:Order></e:Envelope>",
+            ctx);
+        const char* pszXsi = "http://www.w3.org/2001/XMLSchema-instance";
+        CSerializationContext located;
+        located.GetNamespaceAliases().Add("e", "urn:orvex:samples:envelope");
+        located.GetNamespaceAliases().Add("xsi", pszXsi);
+        located.GetAdditionalRootAttributes()->Add("schemaLocation", "urn:orvex:samples:envelope envelope.xsd", pszXsi);
+        std::printf("%s\n", envelope->ToXml(false, true, EOLType_LF, located).c_str());
     } catch (const COxException& e) {
         std::fprintf(stderr, "error: %s\n", e.GetFullMessage().c_str());
         return 1;
