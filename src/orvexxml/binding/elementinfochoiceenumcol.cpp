@@ -1,8 +1,0 @@
-#include "orvexxml/binding/elementinfochoiceenumcol.h"
-
-namespace OrvexXmlData {
-
-CElementInfoChoiceEnumCol::CElementInfoChoiceEnumCol(const char* pszName, const char* pszNamespace, int nPropertyIndex)
-    : CElementInfoChoiceCol(pszName, pszNamespace, nPropertyIndex) {}
-
-}  // namespace OrvexXmlData

@@ -1,8 +1,0 @@
-#include "orvexxml/binding/elementinfoseqprimcol.h"
-
-namespace OrvexXmlData {
-
-CElementInfoSeqPrimCol::CElementInfoSeqPrimCol(const char* pszName, const char* pszNamespace, int nPropertyIndex)
-    : CElementInfoSeqCol(pszName, pszNamespace, nPropertyIndex) {}
-
-}  // namespace OrvexXmlData
