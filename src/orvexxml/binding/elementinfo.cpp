@@ -251,7 +251,7 @@ bool CElementInfo::ValidateMandatory(bool bFound, bool bCheck) const {
 CXmlCollectionBase* CElementInfo::ReadCollection(const CXmlGeneratedClass* pClass, OxVariant& holder) const {
     ReadProperty(pClass, holder);
     // The variant keeps the collection referenced while the caller works with it.
-    return holder.GetXmlCollection().Get();
+    return CollectionOf(holder);
 }
 
 bool CElementInfo::ElementToXmlCol(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
@@ -280,7 +280,7 @@ bool CElementInfo::ElementFromXmlSeqCol(const CSerializationContext& ctx, CXmlGe
     // A collection member is read into the collection the object already holds.
     OxVariant holder;
     InvokePropertyGet(pClass, holder);
-    CXmlCollectionBase* pCollection = holder.GetXmlCollection().Get();
+    CXmlCollectionBase* pCollection = CollectionOf(holder);
     return EndSeqCol(ctx, pCollection, ppCurrent, FromXml_Int(pCollection->GetBase(), pParent, *ppCurrent, ctx, false),
                      eParentType);
 }
@@ -298,7 +298,7 @@ bool CElementInfo::ElementFromXmlAllCol(const CSerializationContext& ctx, CXmlGe
                                         CXmlElement* pParent, CXmlElement** ppCurrent) {
     OxVariant holder;
     InvokePropertyGet(pClass, holder);
-    CXmlCollectionBase* pCollection = holder.GetXmlCollection().Get();
+    CXmlCollectionBase* pCollection = CollectionOf(holder);
     *ppCurrent = FromXml_Int(pCollection->GetBase(), pParent, *ppCurrent, ctx, false);
     return false;  // the driver offers the member again in its next pass
 }
@@ -307,7 +307,7 @@ bool CElementInfo::ElementFromXmlChoiceCol(const CSerializationContext& ctx, CXm
                                            CXmlElement* pParent, CXmlElement** ppCurrent, XmlElementType eParentType) {
     OxVariant holder;
     InvokePropertyGet(pClass, holder);
-    CXmlCollectionBase* pCollection = holder.GetXmlCollection().Get();
+    CXmlCollectionBase* pCollection = CollectionOf(holder);
     return EndChoiceCol(ctx, pCollection, ppCurrent,
                         FromXml_Int(pCollection->GetBase(), pParent, *ppCurrent, ctx, false), eParentType);
 }
@@ -377,7 +377,7 @@ bool CElementInfo::ElementToXmlCls(const CSerializationContext& ctx, const CXmlG
                                    CXmlWriter* pWriter, bool bOptionalChoice) const {
     OxVariant value;
     ReadProperty(pClass, value);
-    CSmartPtr<CXmlObjectBase> pObject = value.GetXmlObject();
+    CSmartPtr<CXmlObjectBase> pObject = ObjectOf(value);
     if (!pObject) return false;
     ToXml_Int(pObject.Get(), pWriter, false, m_strElementNamespace.c_str(), ctx, bOptionalChoice);
     return true;
@@ -451,7 +451,7 @@ bool CElementInfo::ElementFromXmlUntypedHeld(const CSerializationContext& ctx, C
     }
     OxVariant holder;
     InvokePropertyGet(pClass, holder);
-    CSmartPtr<CXmlObjectBase> pObject = holder.GetXmlObject();
+    CSmartPtr<CXmlObjectBase> pObject = ObjectOf(holder);
     // The generated object keeps its element in the property; a class that let it go can't be read into.
     if (!pObject) ThrowMandatoryNull(m_strElementName);
     CXmlElement* pNext = *ppCurrent;
@@ -471,7 +471,7 @@ bool CElementInfo::ElementFromXmlUntypedCol(const CSerializationContext& ctx, CX
                                             bool bChoice) {
     OxVariant holder;
     InvokePropertyGet(pClass, holder);
-    CXmlCollectionBase* pCollection = holder.GetXmlCollection().Get();
+    CXmlCollectionBase* pCollection = CollectionOf(holder);
     CXmlElement* pNext;
     if (m_strElementName == "AnyElement") {
         pNext = FromXml_Int(pCollection->GetBase(), pParent, *ppCurrent, ctx, false);
@@ -484,6 +484,226 @@ bool CElementInfo::ElementFromXmlUntypedCol(const CSerializationContext& ctx, CX
     }
     return bChoice ? EndChoiceCol(ctx, pCollection, ppCurrent, pNext, eParentType)
                    : EndSeqCol(ctx, pCollection, ppCurrent, pNext, eParentType);
+}
+
+CSmartPtr<CXmlObjectBase> CElementInfo::ObjectOf(const OxVariant& value) const {
+    const ItemType eType = value.GetTypeAsEnum();
+    if (eType == ItemType_invalid) return CSmartPtr<CXmlObjectBase>();
+    if (eType != ItemType_XmlObjectBase && eType != ItemType_XmlCollection) {
+        throw COxException(
+            FormatString("Serialization Data Error : The property of [%s] should hold an object, it did "
+                         "not!",
+                         m_strElementName.c_str()));
+    }
+    return value.GetXmlObject();
+}
+
+CXmlCollectionBase* CElementInfo::CollectionOf(const OxVariant& value) const {
+    // The variant keeps its kinds in one union: anything but a collection would be misread.
+    if (value.GetTypeAsEnum() != ItemType_XmlCollection || !value.GetXmlCollection()) {
+        throw COxException(
+            FormatString("Serialization Data Error : The property of [%s] should hold a collection, it did not!",
+                         m_strElementName.c_str()));
+    }
+    return value.GetXmlCollection().Get();
+}
+
+void CElementInfo::ThrowRequiredChild(const CXmlElement* pParent) const {
+    throw COxValidationException(
+        FormatString("Failed to find the required child element [%s].", m_strElementName.c_str()), pParent->GetXPath());
+}
+
+void CElementInfo::ReadInside(const CSerializationContext& ctx, CXmlObjectBase* pObject, CXmlElement** ppCurrent,
+                              bool bOptionalChoice) {
+    CXmlElement* pElement = *ppCurrent;
+    FromXml_Int(pObject, pElement, pElement->GetFirstElement(), ctx, bOptionalChoice);
+    *ppCurrent = pElement->GetNextSiblingElement();
+}
+
+bool CElementInfo::ElementFromXmlClsHeld(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                         CXmlElement* pParent, CXmlElement** ppCurrent, XmlElementType eParentType,
+                                         XmlElementType eOwnType, bool bMustConsume, XmlElementGroupType eGroup) {
+    // The generated object pre-creates the child; it stays in the property and is read in place.
+    OxVariant holder;
+    InvokePropertyGet(pClass, holder);
+    CSmartPtr<CXmlObjectBase> pObject = ObjectOf(holder);
+    if (!pObject) ThrowMandatoryNull(m_strElementName);
+
+    if (eOwnType == XmlElementType_Element) {
+        if (eGroup == XmlElementGroupType_All || eParentType != XmlElementType_Element) {
+            if (!IsThisElement(ctx, *ppCurrent)) return false;
+            ReadInside(ctx, pObject.Get(), ppCurrent, false);
+            return true;
+        }
+        for (;;) {
+            if (IsThisElement(ctx, *ppCurrent)) {
+                ReadInside(ctx, pObject.Get(), ppCurrent, false);
+                return true;
+            }
+            if (ctx.GetIgnoreMissingMandatoryElements()) return true;
+            if (!ctx.GetIgnoreUnknownElements() || !*ppCurrent) ThrowRequiredChild(pParent);
+            *ppCurrent = (*ppCurrent)->GetNextSiblingElement();  // skipped elements are lost
+        }
+    }
+
+    if (eGroup == XmlElementGroupType_All) {
+        CXmlElement* pNext = FromXml_Int(pObject.Get(), pParent, *ppCurrent, ctx, false);
+        const bool bProgress = pNext != *ppCurrent;
+        *ppCurrent = pNext;
+        return bProgress;
+    }
+    if (!bMustConsume) {
+        // A group that may be empty: reading it with nothing of its own still gives it the
+        // parent's attributes, and it counts as present.
+        CXmlElement* pNext = FromXml_Int(pObject.Get(), pParent, *ppCurrent, ctx, false);
+        if (!*ppCurrent || pNext != *ppCurrent || !ctx.GetIgnoreUnknownElements() ||
+            eParentType != XmlElementType_Element) {
+            *ppCurrent = pNext;
+            return true;
+        }
+        return false;  // the driver skips the unknown element at the cursor and offers it again
+    }
+    if (!*ppCurrent) {
+        if (eParentType != XmlElementType_Element) return false;
+        ThrowRequiredChild(pParent);
+    }
+    CXmlElement* pNext = FromXml_Int(pObject.Get(), pParent, *ppCurrent, ctx, false);
+    if (pNext != *ppCurrent) {
+        *ppCurrent = pNext;
+        return true;
+    }
+    if (eParentType != XmlElementType_Element) return false;
+    ThrowRequiredChild(pParent);
+}
+
+bool CElementInfo::ElementFromXmlClsNew(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                        CXmlElement* pParent, CXmlElement** ppCurrent, XmlElementType eOwnType,
+                                        ClsFactoryFn pfnFactory, int nClassId, XmlElementGroupType eGroup) {
+    // What an absent element answers: a sequence goes on, All and choice members are not found.
+    const bool bAbsent = eGroup == XmlElementGroupType_Sequence;
+    const bool bChoice = eGroup == XmlElementGroupType_Choice;
+    OxVariant value;
+    if (eOwnType == XmlElementType_Element) {
+        if (!IsThisElement(ctx, *ppCurrent)) return bAbsent;
+        CSmartPtr<CXmlObjectBase> pObject = pfnFactory(nClassId, m_strElementName.c_str());
+        if (!pObject) return bAbsent;  // a factory without the class: the element stays unread
+        value.SetXmlObject(pObject.Get());
+        if (bChoice) {
+            // The selection is made before the content is read, and an empty choice inside
+            // the child is acceptable since the child itself was chosen.
+            InvokePropertySet(pClass, value, *pParent);
+            ReadInside(ctx, pObject.Get(), ppCurrent, true);
+        } else {
+            ReadInside(ctx, pObject.Get(), ppCurrent, false);
+            InvokePropertySet(pClass, value, *pParent);
+        }
+        return true;
+    }
+
+    if (!*ppCurrent) return bAbsent;
+    CSmartPtr<CXmlObjectBase> pObject = pfnFactory(nClassId, m_strElementName.c_str());
+    if (!pObject) return bAbsent;
+    value.SetXmlObject(pObject.Get());
+    if (bChoice) InvokePropertySet(pClass, value, *pParent);
+    CXmlElement* pNext = FromXml_Int(pObject.Get(), pParent, *ppCurrent, ctx, false);
+    const bool bProgress = pNext != *ppCurrent;
+    if (bChoice) {
+        if (!bProgress) {
+            // Take the selection back; the object goes with the last reference to it.
+            value.SetXmlObject(nullptr);
+            InvokePropertySet(pClass, value, *pParent);
+            return false;
+        }
+    } else if (bProgress) {
+        InvokePropertySet(pClass, value, *pParent);
+    }
+    // A group that consumed nothing is dropped and its property stays null.
+    *ppCurrent = pNext;
+    return bAbsent || bProgress;
+}
+
+bool CElementInfo::ElementFromXmlAbsClsSeq(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                           CXmlElement* pParent, CXmlElement** ppCurrent, XmlElementType eParentType,
+                                           AbsClsFactoryFn pfnFactory, bool bMandatory) {
+    // The name of the description decides; the factory resolves the class from the element.
+    CSmartPtr<CXmlObjectBase> pObject;
+    if (IsThisElement(ctx, *ppCurrent)) pObject = pfnFactory(*ppCurrent);
+    if (!pObject) {
+        if (!bMandatory) return true;
+        if (eParentType != XmlElementType_Element) return false;
+        throw COxValidationException(
+            FormatString("Failed to find a suitable substitution element for [%s].", m_strElementName.c_str()),
+            pParent->GetXPath());
+    }
+    OxVariant value;
+    value.SetXmlObject(pObject.Get());
+    ReadInside(ctx, pObject.Get(), ppCurrent, false);
+    InvokePropertySet(pClass, value, *pParent);
+    return true;
+}
+
+bool CElementInfo::ElementFromXmlAbsClsAll(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                           CXmlElement* pParent, CXmlElement** ppCurrent, XmlElementType eOwnType,
+                                           AbsClsFactoryFn pfnFactory) {
+    OxVariant value;
+    if (eOwnType == XmlElementType_Element) {
+        if (!IsThisElement(ctx, *ppCurrent)) return false;
+        CSmartPtr<CXmlObjectBase> pObject = pfnFactory(*ppCurrent);
+        if (!pObject) return false;  // no class for the element's type: not found
+        ReadInside(ctx, pObject.Get(), ppCurrent, false);
+        value.SetXmlObject(pObject.Get());
+        InvokePropertySet(pClass, value, *pParent);
+        return true;
+    }
+    if (!*ppCurrent) return false;
+    CSmartPtr<CXmlObjectBase> pObject = pfnFactory(*ppCurrent);
+    if (!pObject) return false;
+    CXmlElement* pNext = FromXml_Int(pObject.Get(), pParent, *ppCurrent, ctx, false);
+    const bool bProgress = pNext != *ppCurrent;
+    if (bProgress) {
+        value.SetXmlObject(pObject.Get());
+        InvokePropertySet(pClass, value, *pParent);
+    }
+    *ppCurrent = pNext;
+    return bProgress;
+}
+
+bool CElementInfo::ElementFromXmlAbsClsChoice(const CSerializationContext& ctx, CXmlGeneratedClass* pClass,
+                                              CXmlElement* pParent, CXmlElement** ppCurrent,
+                                              AbsClsFactoryFn pfnFactory) {
+    if (!IsThisElement(ctx, *ppCurrent)) return false;
+    CSmartPtr<CXmlObjectBase> pObject = pfnFactory(*ppCurrent);
+    // Stored even when null, so that a selection made by the setter follows the document.
+    OxVariant value;
+    value.SetXmlObject(pObject.Get());
+    InvokePropertySet(pClass, value, *pParent);
+    if (!pObject) return false;
+    ReadInside(ctx, pObject.Get(), ppCurrent, false);
+    return true;
+}
+
+bool CElementInfo::ValidateClsHeld(bool bFound, bool bCheck, XmlElementType eOwnType, bool bMustConsume) const {
+    if (!bFound && bCheck) {
+        // Only a model group that must consume something is missed; anything else may be absent.
+        if (eOwnType != XmlElementType_PseudoElement && !bMustConsume) return true;
+        throw COxValidationException(
+            FormatString("Failed to find the mandatory element [%s].", m_strElementName.c_str()), std::string());
+    }
+    return bFound;
+}
+
+void CElementInfo::PseudoChildAttributeToXmlCls(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
+                                                CXmlWriter* pWriter, XmlElementType eOwnType, bool bCollection) const {
+    if (eOwnType != XmlElementType_PseudoElement) return;
+    OxVariant value;
+    ReadProperty(pClass, value);
+    if (bCollection) {
+        // The collection hands the call on to each of its items.
+        AttributesToXml_Int(CollectionOf(value)->GetBase(), pWriter, ctx);
+        return;
+    }
+    CSmartPtr<CXmlObjectBase> pObject = ObjectOf(value);
+    if (pObject) AttributesToXml_Int(pObject.Get(), pWriter, ctx);
 }
 
 void CElementInfo::ThrowMandatoryNull(const std::string& strName) {

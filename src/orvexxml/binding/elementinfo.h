@@ -4,6 +4,7 @@
 
 #include "orvexxml/binding/parentelementinfo.h"
 #include "orvexxml/export.h"
+#include "orvexxml/infrastructure/smartptr.h"
 #include "orvexxml/values/itemtype.h"
 #include "orvexxml/values/primitiverestrictions.h"
 #include "orvexxml/values/whitespaceutils.h"
@@ -30,6 +31,11 @@ public:
     virtual ~CElementInfo();
 
     int GetPropertyIndex() const { return m_nPropertyIndex; }
+
+    // The factories of generated code: a new object of a known class (class id, element name),
+    // and a new object of the class that an element's xsi:type names, or null.
+    typedef OrvexXml::CSmartPtr<OrvexXml::CXmlObjectBase> (*ClsFactoryFn)(int, const char*);
+    typedef OrvexXml::CSmartPtr<OrvexXml::CXmlObjectBase> (*AbsClsFactoryFn)(OrvexXml::CXmlElement*);
 
     // Checks a value against the element's facets before it is written.
     void CheckRestriction(const OrvexXml::OxVariant& value) const;
@@ -154,6 +160,47 @@ protected:
     bool ElementFromXmlUntypedCol(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
                                   OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
                                   XmlElementType eParentType, bool bChoice);
+
+    // The class members. eOwnType is the XmlElementType of the child: a real element is read
+    // inside its own tags, a model group reads on with the parent's cursor.
+    // The held object of a mandatory member, read in place (sequence or All group).
+    bool ElementFromXmlClsHeld(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                               OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
+                               XmlElementType eParentType, XmlElementType eOwnType, bool bMustConsume,
+                               XmlElementGroupType eGroup);
+    // A new object from the factory, stored when it read something; eGroup decides what "nothing
+    // here" answers, and a choice stores its selection before the content is read.
+    bool ElementFromXmlClsNew(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                              OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
+                              XmlElementType eOwnType, ClsFactoryFn pfnFactory, int nClassId,
+                              XmlElementGroupType eGroup);
+    // An object whose class the element's xsi:type decides. bMandatory (sequences only) turns
+    // "not here" into an error outside a model group.
+    bool ElementFromXmlAbsClsSeq(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                                 OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
+                                 XmlElementType eParentType, AbsClsFactoryFn pfnFactory, bool bMandatory);
+    bool ElementFromXmlAbsClsAll(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                                 OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
+                                 XmlElementType eOwnType, AbsClsFactoryFn pfnFactory);
+    bool ElementFromXmlAbsClsChoice(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                                    OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent,
+                                    AbsClsFactoryFn pfnFactory);
+    // The Validate of a mandatory class member of an All group.
+    bool ValidateClsHeld(bool bFound, bool bCheck, XmlElementType eOwnType, bool bMustConsume) const;
+    // Writes the attributes of a model-group child (an object, or each item of a collection)
+    // on the parent's start tag; a real element writes its own.
+    void PseudoChildAttributeToXmlCls(const OrvexXml::CSerializationContext& ctx,
+                                      const OrvexXml::CXmlGeneratedClass* pClass, OrvexXml::CXmlWriter* pWriter,
+                                      XmlElementType eOwnType, bool bCollection) const;
+    // Reads the element at the cursor into pObject and moves the cursor to its next sibling.
+    static void ReadInside(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlObjectBase* pObject,
+                           OrvexXml::CXmlElement** ppCurrent, bool bOptionalChoice);
+    // The object a property holds (null if none); a value of another kind throws.
+    OrvexXml::CSmartPtr<OrvexXml::CXmlObjectBase> ObjectOf(const OrvexXml::OxVariant& value) const;
+    // The collection a property holds; anything else throws.
+    OrvexXml::CXmlCollectionBase* CollectionOf(const OrvexXml::OxVariant& value) const;
+    // "Failed to find the required child element [...]." with the parent's path.
+    [[noreturn]] void ThrowRequiredChild(const OrvexXml::CXmlElement* pParent) const;
 
     // "The Property [...] is mandatory, it may not be NULL".
     [[noreturn]] static void ThrowMandatoryNull(const std::string& strName);

@@ -1,5 +1,9 @@
 #include "orvexxml/binding/xmlgeneratedclass.h"
 
+#include "orvexxml/binding/members/elementinfochoiceabsclscol.h"
+#include "orvexxml/binding/members/elementinfochoiceabsclsopt.h"
+#include "orvexxml/binding/members/elementinfochoiceclscol.h"
+#include "orvexxml/binding/members/elementinfochoiceclsopt.h"
 #include "orvexxml/binding/members/elementinfochoiceenumcol.h"
 #include "orvexxml/binding/members/elementinfochoiceenumopt.h"
 #include "orvexxml/binding/members/elementinfochoiceprimcol.h"
@@ -166,19 +170,23 @@ void CXmlGeneratedClass::ProcessElementChoiceToXml(const CSerializationContext& 
 
 bool CXmlGeneratedClass::DoesElementContainOptionalElements() const {
     // Optional members of a choice make an empty choice legal, and so do collection
-    // members that may be empty. Class-valued members join this test with their kind.
+    // members that may be empty.
     CElementInfo** ppElements = GetClassElementInfo();
     if (!ppElements) return false;
     for (CElementInfo** pp = ppElements; *pp; ++pp) {
         const CElementInfo* pInfo = *pp;
         if (dynamic_cast<const CElementInfoChoicePrimCol*>(pInfo) ||
+            dynamic_cast<const CElementInfoChoiceClsCol*>(pInfo) ||
+            dynamic_cast<const CElementInfoChoiceAbsClsCol*>(pInfo) ||
             dynamic_cast<const CElementInfoChoiceEnumCol*>(pInfo) ||
             dynamic_cast<const CElementInfoChoiceUntpdCol*>(pInfo)) {
             OxVariant holder;
             ReadProperty(pInfo->GetPropertyIndex(), holder);
-            CSmartPtr<CXmlCollectionBase> pCollection = holder.GetXmlCollection();
-            if (pCollection->GetMinOccurs() == 0) return true;
+            // A property that holds no collection is refused rather than misread.
+            if (pInfo->CollectionOf(holder)->GetMinOccurs() == 0) return true;
         } else if (dynamic_cast<const CElementInfoChoicePrimOpt*>(pInfo) ||
+                   dynamic_cast<const CElementInfoChoiceClsOpt*>(pInfo) ||
+                   dynamic_cast<const CElementInfoChoiceAbsClsOpt*>(pInfo) ||
                    dynamic_cast<const CElementInfoChoiceEnumOpt*>(pInfo) ||
                    dynamic_cast<const CElementInfoChoiceUntpdOpt*>(pInfo)) {
             return true;

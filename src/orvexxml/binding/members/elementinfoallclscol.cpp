@@ -1,0 +1,16 @@
+#include "orvexxml/binding/members/elementinfoallclscol.h"
+
+using namespace OrvexXml;
+
+namespace OrvexXmlData {
+
+CElementInfoAllClsCol::CElementInfoAllClsCol(const char* pszName, const char* pszNamespace, int nPropertyIndex,
+                                             XmlElementType eOwnType)
+    : CElementInfoAllCol(pszName, pszNamespace, nPropertyIndex), m_eOwnType(eOwnType) {}
+
+void CElementInfoAllClsCol::PseudoChildAttributeToXml(const CSerializationContext& ctx,
+                                                      const CXmlGeneratedClass* pClass, CXmlWriter* pWriter) const {
+    PseudoChildAttributeToXmlCls(ctx, pClass, pWriter, m_eOwnType, true);
+}
+
+}  // namespace OrvexXmlData

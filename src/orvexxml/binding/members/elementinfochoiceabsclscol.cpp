@@ -1,0 +1,17 @@
+#include "orvexxml/binding/members/elementinfochoiceabsclscol.h"
+
+using namespace OrvexXml;
+
+namespace OrvexXmlData {
+
+CElementInfoChoiceAbsClsCol::CElementInfoChoiceAbsClsCol(const char* pszName, const char* pszNamespace,
+                                                         int nPropertyIndex, XmlElementType eOwnType)
+    : CElementInfoChoiceCol(pszName, pszNamespace, nPropertyIndex), m_eOwnType(eOwnType) {}
+
+void CElementInfoChoiceAbsClsCol::PseudoChildAttributeToXml(const CSerializationContext& ctx,
+                                                            const CXmlGeneratedClass* pClass,
+                                                            CXmlWriter* pWriter) const {
+    PseudoChildAttributeToXmlCls(ctx, pClass, pWriter, m_eOwnType, true);
+}
+
+}  // namespace OrvexXmlData

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "orvexxml/binding/elementinfo.h"
+
+namespace OrvexXmlData {
+
+// A mandatory child object of a sequence: generated code pre-creates it and it is read in place.
+class ORVEXXML_API CElementInfoSeqClsMnd : public CElementInfo {
+public:
+    CElementInfoSeqClsMnd(const char* pszName, const char* pszNamespace, int nPropertyIndex, XmlElementType eOwnType,
+                          ClsFactoryFn pfnFactory, int nClassId, bool bMustConsume);
+
+protected:
+    bool ElementToXml(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlGeneratedClass* pClass,
+                      OrvexXml::CXmlWriter* pWriter) const override;
+    bool ElementFromXml(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
+                        OrvexXml::CXmlElement* pParent, OrvexXml::CXmlElement** ppCurrent, const char* pszNamespace,
+                        XmlElementType eParentType) override;
+    void PseudoChildAttributeToXml(const OrvexXml::CSerializationContext& ctx,
+                                   const OrvexXml::CXmlGeneratedClass* pClass,
+                                   OrvexXml::CXmlWriter* pWriter) const override;
+
+private:
+    XmlElementType m_eOwnType;
+    bool m_bMustConsume;
+    ClsFactoryFn m_pfnFactory;
+    int m_nClassId;
+};
+
+}  // namespace OrvexXmlData
