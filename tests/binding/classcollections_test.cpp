@@ -2,11 +2,13 @@
 // the class factory base that resolves xsi:type, and chains of objects far deeper than a stack
 // could free by recursion.
 #include <gtest/gtest.h>
-#include <pthread.h>
 
+#include <atomic>
 #include <functional>
 #include <string>
+#include <thread>
 #include <typeinfo>
+#include <vector>
 
 #include "binding/bindinghelpers.h"
 #include "support/testclasses.h"
@@ -14,6 +16,8 @@
 using namespace OrvexXml;
 using namespace OrvexXmlData;
 using OrvexBindTest::Flat;
+using OrvexBindTest::Innermost;
+using OrvexBindTest::OnSmallStacks;
 using OrvexBindTest::Raised;
 using OrvexBindTest::RaisedBy;
 using OrvexTest::NoAttributes;
@@ -23,6 +27,8 @@ namespace {
 
 const char kNs[] = "urn:t";
 class CTree;
+// Trees destroyed on this thread.
+thread_local int t_nTreesFreed = 0;
 
 // The factory of the Tree family: a fixed class, and the class an element's xsi:type names.
 class CTreeFactory : public CClassfactoryBase {
@@ -75,6 +81,8 @@ public:
     }
     explicit CTree(const char* pszName) : CTree() { m_name.SetString(pszName); }
 
+    ~CTree() override { ++t_nTreesFreed; }
+
     CXmlObjectBase* GetBase() override { return this; }
     std::string GetNamespace() const override { return kNs; }
     std::string GetTargetNamespace() const override { return kNs; }
@@ -126,25 +134,6 @@ public:
 CSmartPtr<CXmlObjectBase> CTreeFactory::CreateTree(CXmlElement*) { return new CTree(); }
 void CTreeCol::Add(CTree* pItem) { AppendItem(pItem); }
 CSmartPtr<CTree> CTreeCol::Item(int nIndex) const { return static_cast<CTree*>(GetNodeAtIndex(nIndex)->m_pItem.Get()); }
-
-const COxException& Innermost(const COxException& e) {
-    return e.GetInnerException() ? Innermost(*e.GetInnerException()) : e;
-}
-
-// Runs fn on a thread with a stack of 1 MiB, as a worker thread of an application may have.
-void OnSmallStack(const std::function<void()>& fn) {
-    pthread_attr_t attr;
-    ASSERT_EQ(0, pthread_attr_init(&attr));
-    ASSERT_EQ(0, pthread_attr_setstacksize(&attr, 1024 * 1024));
-    pthread_t thread;
-    auto run = [](void* p) -> void* {
-        (*static_cast<const std::function<void()>*>(p))();
-        return nullptr;
-    };
-    ASSERT_EQ(0, pthread_create(&thread, &attr, run, const_cast<std::function<void()>*>(&fn)));
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attr);
-}
 
 TEST(ClassFactory, ElementTypeAndItsNamespaceComeFromXsiTypeAndTheDocumentsPrefixes) {
     CXmlDocument doc;
@@ -293,7 +282,7 @@ TEST(ClassCollection, ADeepChainIsRefusedAtTheLimitAndFreedOnASmallStack) {
     for (int i = 0; i < nLevels; ++i) strXml += "</Tree>";
     CSerializationContext roomy;
     roomy.SetMaxDepth(nLevels);
-    OnSmallStack([&] {
+    OnSmallStacks(1, [&] {
         CSmartPtr<CTree> chain = CTree::Chain(nLevels);
         try {
             Flat(chain);
@@ -314,6 +303,23 @@ TEST(ClassCollection, ADeepChainIsRefusedAtTheLimitAndFreedOnASmallStack) {
             EXPECT_EQ(DepthRefusal(257), Innermost(e).GetMessage());
         }
         read = nullptr;
+    });
+}
+
+// Two threads free deep chains at the same time: each frees all of its own chain, on its own
+// thread, before the release returns.
+TEST(ClassCollection, DeepChainsAreFreedOnTwoThreadsAtOnce) {
+    const int nLevels = 10000;
+    std::atomic<int> nReady{0};
+    OnSmallStacks(2, [&] {
+        for (int nRound = 1; nRound <= 8; ++nRound) {
+            CSmartPtr<CTree> chain = CTree::Chain(nLevels);
+            ++nReady;
+            while (nReady < 2 * nRound) std::this_thread::yield();
+            const int nBefore = t_nTreesFreed;
+            chain = nullptr;
+            EXPECT_EQ(nLevels, t_nTreesFreed - nBefore);
+        }
     });
 }
 
