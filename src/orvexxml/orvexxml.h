@@ -4,6 +4,7 @@
 #include "orvexxml/binding/attribute.h"
 #include "orvexxml/binding/attributecol.h"
 #include "orvexxml/binding/attributeinfo.h"
+#include "orvexxml/binding/classfactorybase.h"
 #include "orvexxml/binding/element.h"
 #include "orvexxml/binding/elementcol.h"
 #include "orvexxml/binding/elementinfo.h"

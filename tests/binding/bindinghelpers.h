@@ -4,10 +4,12 @@
 
 #include <gtest/gtest.h>
 #include <orvexxml/orvexxml.h>
+#include <pthread.h>
 
 #include <functional>
 #include <string>
 #include <typeinfo>
+#include <vector>
 
 namespace OrvexBindTest {
 
@@ -68,6 +70,28 @@ std::string Thrown(const std::function<void()>& fn) {
 inline std::string Unexpected(const std::string& strParent, const std::string& strChild, const std::string& strPath) {
     return "Failed read all the elements held within the element [" + strParent + "]. The unexpected element [" +
            strChild + "] remains un processed\nPath: " + strPath;
+}
+
+// The innermost exception of a chain.
+inline const COxException& Innermost(const COxException& e) {
+    return e.GetInnerException() ? Innermost(*e.GetInnerException()) : e;
+}
+
+// Runs fn on nThreads threads at once, each with a stack of 1 MiB, as worker threads of an
+// application may have.
+inline void OnSmallStacks(int nThreads, const std::function<void()>& fn) {
+    pthread_attr_t attr;
+    ASSERT_EQ(0, pthread_attr_init(&attr));
+    ASSERT_EQ(0, pthread_attr_setstacksize(&attr, 1024 * 1024));
+    auto run = [](void* p) -> void* {
+        (*static_cast<const std::function<void()>*>(p))();
+        return nullptr;
+    };
+    std::vector<pthread_t> threads(nThreads);
+    for (pthread_t& thread : threads)
+        ASSERT_EQ(0, pthread_create(&thread, &attr, run, const_cast<std::function<void()>*>(&fn)));
+    for (pthread_t& thread : threads) pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attr);
 }
 
 }  // namespace OrvexBindTest

@@ -2,7 +2,6 @@
 // can't carry, checked against what our own reader makes of them, and the nesting limit of
 // the write and read walks, on a thread stack of 1 MiB.
 #include <gtest/gtest.h>
-#include <pthread.h>
 
 #include <cstdint>
 #include <functional>
@@ -16,15 +15,10 @@ using namespace OrvexXml;
 using namespace OrvexXmlData;
 using namespace OrvexTest;
 using OrvexBindTest::Flat;
+using OrvexBindTest::Innermost;
+using OrvexBindTest::OnSmallStacks;
 
 namespace {
-
-// The innermost exception of a chain.
-const COxException& Innermost(const COxException& e) {
-    const COxException* p = &e;
-    while (p->GetInnerException()) p = p->GetInnerException();
-    return *p;
-}
 
 // What our reader gets back from a record's document: the value through the record, the simple
 // content through the tree (the record keeps none); "(refused)" when the reader refuses it.
@@ -110,21 +104,6 @@ std::string DepthMessage(int32_t nLimit) {
            " levels; raise MaxDepth of the context if such a document is intended.";
 }
 
-// Runs fn on a thread with a stack of 1 MiB, as a worker thread of an application may have.
-void OnSmallStack(const std::function<void()>& fn) {
-    pthread_attr_t attr;
-    ASSERT_EQ(0, pthread_attr_init(&attr));
-    ASSERT_EQ(0, pthread_attr_setstacksize(&attr, 1024 * 1024));
-    pthread_t thread;
-    auto run = [](void* p) -> void* {
-        (*static_cast<const std::function<void()>*>(p))();
-        return nullptr;
-    };
-    ASSERT_EQ(0, pthread_create(&thread, &attr, run, const_cast<std::function<void()>*>(&fn)));
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attr);
-}
-
 // A tree exactly at the limit is written and read back; one level more is refused by the
 // writer with the path of the first element too deep, and its document by the reader. At the
 // default limit all of it runs on a stack of 1 MiB.
@@ -135,7 +114,7 @@ TEST(NestingDepth, TheLevelPastTheLimitIsRefusedInBothWalksOnASmallStack) {
         ctx.SetMaxDepth(nLimit);
         CSerializationContext roomy;
         roomy.SetMaxDepth(nLimit + 1);
-        OnSmallStack([&] {
+        OnSmallStacks(1, [&] {
             CSmartPtr<CTestNest> atLimit = CTestNest::Chain(nLimit);
             const std::string strAtLimit = Flat(atLimit, ctx);
             CSmartPtr<CTestNest> read = new CTestNest();

@@ -3,8 +3,18 @@
 #include <cassert>
 
 #include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/xml/xmlelement.h"
 
 namespace OrvexXml {
+
+namespace {
+
+// Nodes whose deletion waits for the one running on this thread (see DeleteNode),
+// chained through their m_pNext; and whether such a deletion runs.
+thread_local CXmlCollection::CNode* t_pPendingNodes = nullptr;
+thread_local bool t_bReleasing = false;
+
+}  // namespace
 
 CXmlCollection::CXmlCollection() : m_pHead(nullptr), m_pTail(nullptr), m_nCount(0) {}
 
@@ -64,9 +74,26 @@ void CXmlCollection::AppendNodesOf(const CXmlCollection& other) {
 void CXmlCollection::DeleteChain(CNode* pNode) {
     while (pNode) {
         CNode* pNext = pNode->m_pNext;
-        delete pNode;
+        DeleteNode(pNode);
         pNode = pNext;
     }
+}
+
+void CXmlCollection::DeleteNode(CNode* pNode) {
+    if (t_bReleasing) {
+        // An item being freed further out holds this collection: the node waits, chained
+        // through its own link, so that queueing needs no allocation.
+        pNode->m_pNext = t_pPendingNodes;
+        t_pPendingNodes = pNode;
+        return;
+    }
+    t_bReleasing = true;
+    delete pNode;
+    while (CNode* pPending = t_pPendingNodes) {
+        t_pPendingNodes = pPending->m_pNext;
+        delete pPending;  // may queue more
+    }
+    t_bReleasing = false;
 }
 
 void CXmlCollection::AttributesToXml_Int(CXmlWriter* pWriter, const CSerializationContext& ctx) const {
@@ -210,7 +237,7 @@ void CXmlCollection::RemoveNode(CNode* pNode) {
         throw;
     }
     // The item may die with its node, once the change stands.
-    delete pNode;
+    DeleteNode(pNode);
 }
 
 void CXmlCollection::Clear() {
@@ -247,6 +274,27 @@ void CXmlCollection::Clear() {
         throw;
     }
     DeleteChain(pRemoved);
+}
+
+void CXmlCollection::ItemsToXml_Int(CXmlWriter* pWriter, const char* pszNamespace,
+                                    const CSerializationContext& ctx) const {
+    ValidateCount(ctx);
+    for (CNode* pNode = m_pHead; pNode; pNode = pNode->m_pNext)
+        CXmlObjectBase::ToXml_Int(pNode->m_pItem, pWriter, false, pszNamespace, ctx, false);
+}
+
+CXmlElement* CXmlCollection::ItemsFromXml_Int(CXmlElement*, CXmlElement* pFirst, const CSerializationContext& ctx,
+                                              ItemCreator pfnCreate) {
+    CXmlElement* pCurrent = pFirst;
+    const char* pszName = GetElementName().c_str();
+    for (; pCurrent && DoesElementNameMatch(ctx, pCurrent, pszName, m_strNamespace.c_str());
+         pCurrent = pCurrent->GetNextSiblingElement()) {
+        CSmartPtr<CXmlObjectBase> pItem = pfnCreate(pCurrent);
+        if (!pItem) break;
+        CXmlObjectBase::FromXml_Int(pItem, pCurrent, pCurrent->GetFirstElement(), ctx);
+        AppendItem(pItem);
+    }
+    return pCurrent;
 }
 
 }  // namespace OrvexXml

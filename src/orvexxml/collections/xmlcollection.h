@@ -10,12 +10,28 @@
 
 namespace OrvexXml {
 
+class CXmlElement;
+
 template <class T>
 class COxIterator;
 
 // A collection of bindable objects in a doubly linked list. Generated collections of
 // classes derive from it, wrap the protected insertion and lookup services in typed Add,
 // Item and the like, and implement ToXml_Int and FromXml_Int.
+//
+// Both walks of a collection of classes are the same for every item class, so they are
+// services here, and a generated collection's walks are one line each:
+//
+//     void ToXml_Int(CXmlWriter* w, bool, const char* ns, const CSerializationContext& ctx, bool) const override
+//         { ItemsToXml_Int(w, ns, ctx); }
+//     CXmlElement* FromXml_Int(CXmlElement* e, CXmlElement* first, const CSerializationContext& ctx, bool) override
+//         { return ItemsFromXml_Int(e, first, ctx, &CLineFactory::CreateLine); }
+//
+// They are plain protected functions and not a template base over the item class: the item
+// class only matters to the typed Add, Item and begin/end that the generated class declares
+// anyway, the walks compile once into the library instead of into every generated
+// collection, and a collection of substitutable classes differs from one of a fixed class
+// only by the creator it passes (the factory of its AbsCls member, as it is).
 //
 // Each node holds a reference to its item, so an item lives as long as a node or anybody
 // else holds it. Appending is constant-time; access by index walks from the head.
@@ -33,6 +49,11 @@ public:
         CNode* m_pNext;
         CNode* m_pPrev;
     };
+
+    // The creator of the items that ItemsFromXml_Int reads: a new object of the class the
+    // element stands for, held by nobody yet. Null means the element is not for this
+    // collection, and the run ends in front of it.
+    typedef CSmartPtr<CXmlObjectBase> (*ItemCreator)(CXmlElement* pElement);
 
     CXmlCollection();
     CXmlCollection(const char* pszElementName, const char* pszNamespace, int nMinOccurs, int nMaxOccurs);
@@ -60,6 +81,18 @@ protected:
 
     // The attributes of each item, in order.
     void AttributesToXml_Int(CXmlWriter* pWriter, const CSerializationContext& ctx) const override;
+
+    // The writing walk of a collection of classes: ValidateCount, then each item in list
+    // order through its own walk, under its own element name and in pszNamespace.
+    void ItemsToXml_Int(CXmlWriter* pWriter, const char* pszNamespace, const CSerializationContext& ctx) const;
+    // The reading walk of a collection of classes: from pFirst on, each sibling with the
+    // collection's element name and namespace (DoesElementNameMatch) becomes an item made by
+    // pfnCreate, read from the element's content and appended, with the add events. Returns
+    // the first element not taken, or null. Counts are not tested; the member that drives the
+    // collection does that. If an item fails to read or an add is refused, the exception goes
+    // on and the items taken before stay in the collection, as in the other collections.
+    CXmlElement* ItemsFromXml_Int(CXmlElement* pElement, CXmlElement* pFirst, const CSerializationContext& ctx,
+                                  ItemCreator pfnCreate);
 
     // Insertion. Every successful insertion fires add, add complete and change, with the
     // item as data. pItem must not be null. The collection takes a reference to pItem at
@@ -99,6 +132,12 @@ private:
     void InsertAndTell(CXmlObjectBase* pItem, CNode* pBefore);
     // Deletes the chain starting at pNode, without events.
     static void DeleteChain(CNode* pNode);
+    // Deletes a node, releasing its item. An item may hold a collection that holds an item,
+    // and so on, as deep as a document nests; freed by recursion, each level would take
+    // stack. So a node deleted while another deletion runs on this thread is queued, and the
+    // outermost deletion frees the queue in a loop: the stack stays flat at any depth, and
+    // every item is freed before the outermost deletion returns.
+    static void DeleteNode(CNode* pNode);
     // Links copies of the nodes of other (sharing their items) behind the tail.
     void AppendNodesOf(const CXmlCollection& other);
 };
