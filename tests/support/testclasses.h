@@ -326,7 +326,7 @@ public:
 
     CTestNest* Child() const { return static_cast<CTestNest*>(static_cast<CXmlObjectBase*>(m_child)); }
 
-    // A chain of nLevels objects, built, counted and taken down without recursion.
+    // A chain of nLevels objects, built and counted without recursion.
     static CSmartPtr<CTestNest> Chain(int32_t nLevels) {
         CSmartPtr<CTestNest> root = new CTestNest();
         for (CTestNest* p = root; --nLevels > 0; p = p->Child()) p->m_child = new CTestNest();
@@ -336,12 +336,6 @@ public:
         int32_t n = 0;
         for (; p; p = p->Child()) ++n;
         return n;
-    }
-    static void TakeDown(CSmartPtr<CTestNest>& root) {
-        CSmartPtr<CXmlObjectBase> next = root ? root->m_child : nullptr;
-        root = nullptr;
-        while (next)
-            next = std::exchange(static_cast<CTestNest*>(static_cast<CXmlObjectBase*>(next))->m_child, nullptr);
     }
 
     static inline CParentElementInfo ms_parent =

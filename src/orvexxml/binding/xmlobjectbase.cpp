@@ -51,7 +51,32 @@ void CXmlObjectBase::CheckVersion() {
                                     ORVEXXML_VERSION_MINOR, g_nGeneratorMajor, g_nGeneratorMinor));
 }
 
-CXmlObjectBase::CXmlObjectBase() : m_lRefCount(0) {
+namespace {
+
+// Objects whose deletion waits for the one running on this thread (see Free), chained through
+// their m_pNextToFree; and whether such a deletion runs. Both are trivially destructible, so
+// objects freed while the thread or the process ends still find them.
+thread_local CXmlObjectBase* t_pToFree = nullptr;
+thread_local bool t_bFreeing = false;
+
+}  // namespace
+
+void CXmlObjectBase::Free(CXmlObjectBase* pObject) {
+    if (t_bFreeing) {
+        pObject->m_pNextToFree = t_pToFree;
+        t_pToFree = pObject;
+        return;
+    }
+    t_bFreeing = true;
+    delete pObject;
+    while (CXmlObjectBase* pNext = t_pToFree) {
+        t_pToFree = pNext->m_pNextToFree;
+        delete pNext;  // may queue more
+    }
+    t_bFreeing = false;
+}
+
+CXmlObjectBase::CXmlObjectBase() : m_lRefCount(0), m_pNextToFree(nullptr) {
     if (!g_bFirstObjectChecked) {
         g_bFirstObjectChecked = true;
         if (!VersionMatches()) ShowVersionMismatch();
@@ -59,7 +84,7 @@ CXmlObjectBase::CXmlObjectBase() : m_lRefCount(0) {
 }
 
 CXmlObjectBase::CXmlObjectBase(const CXmlObjectBase& other)
-    : IEventSink(other), m_strElementName(other.m_strElementName), m_lRefCount(0) {}
+    : IEventSink(other), m_strElementName(other.m_strElementName), m_lRefCount(0), m_pNextToFree(nullptr) {}
 
 CXmlObjectBase& CXmlObjectBase::operator=(const CXmlObjectBase& other) {
     m_strElementName = other.m_strElementName;

@@ -123,10 +123,10 @@ public:
     const CXmlObjectBase* GetBase() const { return const_cast<CXmlObjectBase*>(this)->GetBase(); }
 
     OxLong AddRef() { return m_lRefCount.fetch_add(1, std::memory_order_relaxed) + 1; }
-    // Drops one reference; the call that brings the count to 0 deletes the object.
+    // Drops one reference; the call that brings the count to 0 frees the object (see Free).
     OxLong Release() {
         OxLong lCount = m_lRefCount.fetch_sub(1, std::memory_order_acq_rel) - 1;
-        if (lCount == 0) delete this;
+        if (lCount == 0) Free(this);
         return lCount;
     }
 
@@ -189,8 +189,17 @@ protected:
     bool IsNamespaceValid(const char* pszNamespace, const char* pszRestriction, const char* pszTargetNamespace) const;
 
 private:
+    // Deletes pObject. An object holds children that hold children, as deep as a document
+    // nests, and freeing them by recursion would take stack at each level. So an object whose
+    // count falls to 0 while another object is being deleted on this thread waits in a queue,
+    // chained through its own link, and the outermost deletion frees the queue in a loop: the
+    // stack stays flat at any depth, and everything is freed before the outermost Release
+    // returns.
+    static void Free(CXmlObjectBase* pObject);
+
     std::string m_strElementName;
     std::atomic<OxLong> m_lRefCount;
+    CXmlObjectBase* m_pNextToFree;  // the link of the queue of Free
 };
 
 }  // namespace OrvexXml

@@ -7,15 +7,6 @@
 
 namespace OrvexXml {
 
-namespace {
-
-// Nodes whose deletion waits for the one running on this thread (see DeleteNode),
-// chained through their m_pNext; and whether such a deletion runs.
-thread_local CXmlCollection::CNode* t_pPendingNodes = nullptr;
-thread_local bool t_bReleasing = false;
-
-}  // namespace
-
 CXmlCollection::CXmlCollection() : m_pHead(nullptr), m_pTail(nullptr), m_nCount(0) {}
 
 CXmlCollection::CXmlCollection(const char* pszElementName, const char* pszNamespace, int nMinOccurs, int nMaxOccurs)
@@ -80,20 +71,8 @@ void CXmlCollection::DeleteChain(CNode* pNode) {
 }
 
 void CXmlCollection::DeleteNode(CNode* pNode) {
-    if (t_bReleasing) {
-        // An item being freed further out holds this collection: the node waits, chained
-        // through its own link, so that queueing needs no allocation.
-        pNode->m_pNext = t_pPendingNodes;
-        t_pPendingNodes = pNode;
-        return;
-    }
-    t_bReleasing = true;
+    // Releasing the item may free a tree below it; CXmlObjectBase keeps that off the stack.
     delete pNode;
-    while (CNode* pPending = t_pPendingNodes) {
-        t_pPendingNodes = pPending->m_pNext;
-        delete pPending;  // may queue more
-    }
-    t_bReleasing = false;
 }
 
 void CXmlCollection::AttributesToXml_Int(CXmlWriter* pWriter, const CSerializationContext& ctx) const {

@@ -132,11 +132,7 @@ private:
     void InsertAndTell(CXmlObjectBase* pItem, CNode* pBefore);
     // Deletes the chain starting at pNode, without events.
     static void DeleteChain(CNode* pNode);
-    // Deletes a node, releasing its item. An item may hold a collection that holds an item,
-    // and so on, as deep as a document nests; freed by recursion, each level would take
-    // stack. So a node deleted while another deletion runs on this thread is queued, and the
-    // outermost deletion frees the queue in a loop: the stack stays flat at any depth, and
-    // every item is freed before the outermost deletion returns.
+    // Deletes a node, releasing its item.
     static void DeleteNode(CNode* pNode);
     // Links copies of the nodes of other (sharing their items) behind the tail.
     void AppendNodesOf(const CXmlCollection& other);
