@@ -212,6 +212,50 @@ TEST(ClassCollection, TheRunEndsAtTheFirstElementNotTaken) {
     }
 }
 
+// A collection of model groups: each item reads on from the cursor among the parent's children
+// (A then B), and the run ends where an item would consume nothing; the texts come back in
+// order on writing.
+class CGroupCol : public CXmlCollection {
+public:
+    CGroupCol() : CXmlCollection("Group", "", 0, -1) {}
+    static CSmartPtr<CXmlObjectBase> Create(CXmlElement*) { return new OrvexTest::CTestGroup(); }
+    CXmlElement* ReadRun(CXmlElement* pParent, const CSerializationContext& ctx) {
+        return FromXml_Int(pParent, pParent->GetFirstElement(), ctx, false);
+    }
+
+protected:
+    void ToXml_Int(CXmlWriter* pWriter, bool, const char* pszNamespace, const CSerializationContext& ctx,
+                   bool) const override {
+        ItemsToXml_Int(pWriter, pszNamespace, ctx);
+    }
+    CXmlElement* FromXml_Int(CXmlElement* pParent, CXmlElement* pFirst, const CSerializationContext& ctx,
+                             bool) override {
+        return GroupItemsFromXml_Int(pParent, pFirst, ctx, &Create);
+    }
+};
+
+TEST(ClassCollection, ModelGroupItemsReadOnFromTheCursor) {
+    const struct {
+        const char* pszChildren;
+        int nItems;
+        const char* pszStop;
+    } rows[] = {
+        {"<A>1</A><B>2</B><A>3</A><B>4</B>", 2, "(end)"},
+        {"<A>1</A><B>2</B><C/><A>3</A><B>4</B>", 1, "C"},
+        {"<C/>", 0, "C"},
+        {"", 0, "(end)"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.pszChildren);
+        CXmlDocument doc;
+        doc.LoadXml((std::string("<r>") + row.pszChildren + "</r>").c_str());
+        CSmartPtr<CGroupCol> groups = new CGroupCol();
+        CXmlElement* pStop = groups->ReadRun(doc.GetDocumentElement(), OrvexBindTest::DefaultCtx());
+        EXPECT_EQ(row.nItems, groups->GetCount());
+        EXPECT_EQ(row.pszStop, pStop ? pStop->GetLocalName() : std::string("(end)"));
+    }
+}
+
 // The limits of a collection of classes are those of any collection, tested by the member on
 // both walks, and waived by the context.
 TEST(ClassCollection, CountLimitsHoldOnBothWalks) {

@@ -276,4 +276,18 @@ CXmlElement* CXmlCollection::ItemsFromXml_Int(CXmlElement*, CXmlElement* pFirst,
     return pCurrent;
 }
 
+CXmlElement* CXmlCollection::GroupItemsFromXml_Int(CXmlElement* pParent, CXmlElement* pFirst,
+                                                   const CSerializationContext& ctx, ItemCreator pfnCreate) {
+    CXmlElement* pCurrent = pFirst;
+    while (pCurrent) {
+        CSmartPtr<CXmlObjectBase> pItem = pfnCreate(pCurrent);
+        if (!pItem) break;
+        CXmlElement* pNext = CXmlObjectBase::FromXml_Int(pItem, pParent, pCurrent, ctx);
+        if (pNext == pCurrent) break;
+        AppendItem(pItem);
+        pCurrent = pNext;
+    }
+    return pCurrent;
+}
+
 }  // namespace OrvexXml

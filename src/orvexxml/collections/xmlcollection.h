@@ -93,6 +93,12 @@ protected:
     // on and the items taken before stay in the collection, as in the other collections.
     CXmlElement* ItemsFromXml_Int(CXmlElement* pElement, CXmlElement* pFirst, const CSerializationContext& ctx,
                                   ItemCreator pfnCreate);
+    // The same for a collection of model groups, whose items have no tags of their own: each
+    // item made by pfnCreate (given the element at the cursor) reads on from the cursor among
+    // the children of pParent, and the run ends at the first item that consumes nothing
+    // (dropped) or at the end of the children.
+    CXmlElement* GroupItemsFromXml_Int(CXmlElement* pParent, CXmlElement* pFirst, const CSerializationContext& ctx,
+                                       ItemCreator pfnCreate);
 
     // Insertion. Every successful insertion fires add, add complete and change, with the
     // item as data. pItem must not be null. The collection takes a reference to pItem at
