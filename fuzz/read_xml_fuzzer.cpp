@@ -12,12 +12,14 @@
 #include "envelope.h"
 #include "invoiceline.h"
 #include "note.h"
+#include "order.h"
 #include "person.h"
 #include "primitiveset.h"
 #include "remittance.h"
 #include "selection.h"
 #include "settings.h"
 #include "shape.h"
+#include "shop.h"
 #include "support/onewayforms.h"
 #include "tally.h"
 
@@ -68,7 +70,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
     }
     const CSerializationContext& ctx = s_contexts[pData[0] % 4];
     std::string text(reinterpret_cast<const char*>(pData + 1), nSize - 1);
-    switch ((pData[0] >> 2) % 10) {
+    switch ((pData[0] >> 2) % 12) {
         case 0:
             ReadInto<Samples::CPerson>(text, ctx);
             break;
@@ -96,8 +98,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
         case 8:
             ReadInto<Samples::CInvoiceLine>(text, ctx);
             break;
-        default:
+        case 9:
             ReadInto<Samples::CRemittance>(text, ctx);
+            break;
+        case 10:
+            ReadInto<Samples::COrder>(text, ctx);
+            break;
+        default:
+            ReadInto<Samples::CShop>(text, ctx);
             break;
     }
     return 0;
