@@ -6,6 +6,9 @@
 #include <mutex>
 #include <string>
 
+#include "book.h"
+#include "gadget.h"
+
 using namespace OrvexXml;
 using namespace OrvexXmlData;
 
@@ -154,4 +157,89 @@ CSmartPtr<Samples::CInvoiceLine> MakeInvoiceLine(uint64_t nSeed) {
                                                     : "item " + std::to_string(nState % 1000));
     line->SetQuantity(static_cast<int32_t>(NextState(nState) % 10000));
     return line;
+}
+
+namespace {
+
+CSmartPtr<Samples::COrder> MakeOrder(uint64_t nSeed) {
+    static const char* const s_apszCities[] = {"Basel", "Lyon", "Turku", "Porto", "Graz"};
+    uint64_t nState = nSeed * 2654435761ULL + 88172645463325252ULL;
+    CSmartPtr<Samples::COrder> order = Samples::COrder::CreateInstance();
+    order->SetId("O-" + std::to_string(nSeed));
+    order->GetCustomer()->SetName(NextState(nState) % 4 == 0 ? "Smith & Sons <wholesale>"
+                                                             : "customer " + std::to_string(nState % 100000));
+    if (NextState(nState) % 2) order->GetCustomer()->SetVip((nState & 4) != 0);
+    if (NextState(nState) % 3 == 0) {
+        CSmartPtr<Samples::CAddress> address = Samples::CAddress::CreateInstance();
+        address->SetStreet(std::to_string(nState % 300) + " Long Street");
+        address->SetCity(s_apszCities[NextState(nState) % 5]);
+        order->GetCustomer()->SetAddress(address);
+    }
+    if (NextState(nState) % 2) {
+        CSmartPtr<Samples::CAddress> shipTo = Samples::CAddress::CreateInstance();
+        shipTo->SetStreet("Dock " + std::to_string(nState % 40));
+        shipTo->SetCity(s_apszCities[NextState(nState) % 5]);
+        shipTo->SetCountry("CH");
+        order->SetShipTo(shipTo);
+    }
+    order->GetAudit()->SetAuditor("auditor-" + std::to_string(NextState(nState) % 50));
+    if (nState % 3) order->GetAudit()->SetAuditedBy("desk " + std::to_string(nState % 7));
+    order->GetAudit()->SetRevision(static_cast<int>(NextState(nState) % 20));
+    const int nLines = 2 + static_cast<int>(NextState(nState) % 5);
+    for (int i = 0; i < nLines; ++i) {
+        CSmartPtr<Samples::CLine> line = Samples::CLine::CreateInstance();
+        line->SetNumber(i + 1);
+        if (NextState(nState) % 2) {
+            CSmartPtr<Samples::CBook> book = Samples::CBook::CreateInstance();
+            book->SetTitle("Collected notes, volume " + std::to_string(nState % 90));
+            book->SetPrice(static_cast<double>(nState % 10000) / 100.0);
+            book->SetIsbn("978-3-" + std::to_string(100000 + nState % 900000));
+            line->SetProduct(book);
+        } else {
+            CSmartPtr<Samples::CGadget> gadget = Samples::CGadget::CreateInstance();
+            gadget->SetTitle("gadget " + std::to_string(nState % 1000));
+            gadget->SetPrice(static_cast<double>(nState % 100000) / 100.0);
+            if (nState & 8) gadget->SetVoltage(nState & 16 ? 230 : 12);
+            gadget->SetBrand(nState % 5 == 0 ? "R&D \"labs\"" : "Orvex");
+            line->SetProduct(gadget);
+        }
+        line->SetQuantity(1 + static_cast<int>(NextState(nState) % 40));
+        order->GetLine().Add(line);
+    }
+    if (NextState(nState) % 4) {
+        CSmartPtr<Samples::CPayment> payment = Samples::CPayment::CreateInstance();
+        if (nState % 2) {
+            CSmartPtr<Samples::CCard> card = Samples::CCard::CreateInstance();
+            card->SetHolder("holder " + std::to_string(nState % 1000));
+            card->SetNumber("4000-" + std::to_string(1000 + nState % 9000));
+            payment->SetCard(card);
+        } else {
+            CSmartPtr<Samples::CTransfer> transfer = Samples::CTransfer::CreateInstance();
+            transfer->SetIban("CH93 0076 2011 6238 " + std::to_string(1000 + nState % 9000));
+            if (nState & 2) transfer->SetReference("ref " + std::to_string(nSeed));
+            payment->SetTransfer(transfer);
+        }
+        order->SetPayment(payment);
+    }
+    order->GetSignoff()->SetSignedBy("clerk " + std::to_string(NextState(nState) % 12));
+    if (nState % 2) order->GetSignoff()->SetSignedOn("2026-11-" + std::to_string(10 + nState % 18));
+    if (NextState(nState) % 8 == 0) {
+        order->GetExtension().Add("note", "urn:orvex:samples:notes")->SetText("handle with care");
+    }
+    return order;
+}
+
+}  // namespace
+
+CSmartPtr<Samples::CShop> MakeShop(size_t nMinBytes) {
+    CSmartPtr<Samples::CShop> shop = Samples::CShop::CreateInstance();
+    shop->SetName("Orvex & Co. <main store>");
+    // An order is about 1.5 KB of indented text; add rounds until the text is long enough.
+    uint64_t nSeed = 0;
+    for (size_t nBytes = 0; nBytes < nMinBytes;) {
+        const size_t nMore = (nMinBytes - nBytes) / 1500 + 1;
+        for (size_t i = 0; i < nMore; ++i) shop->GetOrder().Add(MakeOrder(nSeed++));
+        nBytes = shop->ToXml(true, true, EOLType_LF, CSerializationContext::GetDefaultContext()).size();
+    }
+    return shop;
 }

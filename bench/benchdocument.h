@@ -8,6 +8,7 @@
 #include "invoiceline.h"
 #include "primitiveset.h"
 #include "readinglog.h"
+#include "shop.h"
 
 // A reading log whose XML text (indented, LF) is at least nMinBytes long.
 OrvexXml::CSmartPtr<Samples::CReadingLog> MakeReadingLog(size_t nMinBytes);
@@ -19,6 +20,11 @@ OrvexXml::CSmartPtr<Samples::CPrimitiveSet> MakePrimitiveSet(uint64_t nSeed);
 // A fully set invoice line, the values drawn from nSeed: every attribute carries a value,
 // some texts need escapes, and the languages vary.
 OrvexXml::CSmartPtr<Samples::CInvoiceLine> MakeInvoiceLine(uint64_t nSeed);
+
+// A shop whose XML text (indented, LF) is at least nMinBytes long: orders of two to six lines,
+// books and gadgets, card and transfer payments, audits and sign-offs, some shipping addresses
+// and foreign extension elements; every object level of the order shape occurs.
+OrvexXml::CSmartPtr<Samples::CShop> MakeShop(size_t nMinBytes);
 
 // The element descriptions of a batch of one item class, shared by all its batches.
 struct SBenchBatchMetaData;

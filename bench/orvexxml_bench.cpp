@@ -3,7 +3,8 @@
 // plain write of the bytes to a file (the ceiling of writing). Four documents: a large
 // reading log (collections of primitives), many small primitive sets (the object path, one
 // document per call), one batch of many primitive-set children and one batch of many
-// invoice-line children, whose content is mostly attributes. Each library benchmark
+// invoice-line children, whose content is mostly attributes, and a shop of nested orders (five
+// levels of generated objects, a derived class chosen by xsi:type, model groups). Each library benchmark
 // also reports the allocations it makes per XML element, counted by the replaced global
 // operator new below. The ratios are printed at the end, so that they mean something on a
 // noisy machine.
@@ -136,6 +137,23 @@ BatchFixture& Batch() {
 
 BatchFixture& Invoices() {
     static BatchFixture s_fixture(MakeBatch(kInvoiceItems, &MakeInvoiceLine));
+    return s_fixture;
+}
+
+// One document of nested objects: a shop of orders.
+struct NestedFixture {
+    CSmartPtr<Samples::CShop> shop;
+    std::string strXml;
+    size_t nElements;
+    NestedFixture() {
+        shop = MakeShop(kDocumentBytes);
+        strXml = shop->ToXml(true, true, EOLType_LF, CSerializationContext::GetDefaultContext());
+        nElements = CountElements(strXml);
+    }
+};
+
+NestedFixture& Nested() {
+    static NestedFixture s_fixture;
     return s_fixture;
 }
 
@@ -334,6 +352,32 @@ void Batch_Read_FromXml(benchmark::State& state, BatchFixture& fixture) {
     if (target->ToXml(true, true, EOLType_LF, Ctx()) != fixture.strXml) state.SkipWithError("round trip");
 }
 
+// --- one document of nested objects ------------------------------------------------------
+
+void Nested_Baseline_Expat(benchmark::State& state) {
+    for (auto _ : state) {
+        if (!ExpatParse(Nested().strXml)) state.SkipWithError("parse");
+    }
+    SetBytes(state, Nested().strXml.size());
+}
+
+void Nested_Write_ToXml(benchmark::State& state) {
+    CAllocationCount allocations;
+    for (auto _ : state) benchmark::DoNotOptimize(Nested().shop->ToXml(true, true, EOLType_LF, Ctx()));
+    allocations.Report(state, Nested().nElements);
+    SetBytes(state, Nested().strXml.size());
+}
+
+void Nested_Read_FromXml(benchmark::State& state) {
+    CSmartPtr<Samples::CShop> target = Samples::CShop::CreateInstance();
+    CAllocationCount allocations;
+    for (auto _ : state) target->FromXml(Nested().strXml.c_str(), Ctx());
+    allocations.Report(state, Nested().nElements);
+    SetBytes(state, Nested().strXml.size());
+    // What was read must write the same bytes again, or the figures measure a lossy read.
+    if (target->ToXml(true, true, EOLType_LF, Ctx()) != Nested().strXml) state.SkipWithError("round trip");
+}
+
 // The three benchmarks of a batch document, named after its group: "Children_" for the
 // primitive sets, "Attributes_" for the invoice lines.
 void RegisterBatch(const std::string& strGroup, BatchFixture& fixture) {
@@ -353,7 +397,7 @@ void RegisterBatch(const std::string& strGroup, BatchFixture& fixture) {
 // table at the end. With repetitions, the median of each benchmark is the figure that counts
 // (it comes after the single runs, so it replaces them); the other aggregates are left out.
 // Each benchmark is compared with the expat baseline of its own document: "Small_...",
-// "Children_..." and "Attributes_..." with theirs, the rest with expat on the reading log.
+// "Children_...", "Attributes_..." and "Nested_..." with theirs, the rest with expat on the reading log.
 class CRatioReporter : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
@@ -373,7 +417,7 @@ public:
             return it == m_mapRates.end() ? 0.0 : it->second;
         };
         auto expatFor = [&rate](const std::string& name) {
-            for (const char* pszGroup : {"Small_", "Children_", "Attributes_"}) {
+            for (const char* pszGroup : {"Small_", "Children_", "Attributes_", "Nested_"}) {
                 if (name.compare(0, std::string(pszGroup).size(), pszGroup) == 0)
                     return rate(std::string(pszGroup) + "Baseline_Expat");
             }
@@ -382,9 +426,11 @@ public:
         double dWrite = rate("Baseline_WriteFile");
         std::printf(
             "\nReading log: %zu bytes, %zu elements. Small documents: %zu, %zu bytes, %zu elements. "
-            "Batch: %zu bytes, %zu elements. Attribute batch: %zu bytes, %zu elements.\n",
+            "Batch: %zu bytes, %zu elements. Attribute batch: %zu bytes, %zu elements. Nested: %zu bytes, %zu "
+            "elements.\n",
             Doc().strXml.size(), Doc().nElements, Small().vecXml.size(), Small().nBytes, Small().nElements,
-            Batch().strXml.size(), Batch().nElements, Invoices().strXml.size(), Invoices().nElements);
+            Batch().strXml.size(), Batch().nElements, Invoices().strXml.size(), Invoices().nElements,
+            Nested().strXml.size(), Nested().nElements);
         std::printf("%-28s %10s %14s %14s %12s\n", "benchmark", "MB/s", "/ expat alone", "/ plain write",
                     "allocs/elem");
         for (const auto& entry : m_mapRates) {
@@ -412,6 +458,7 @@ int main(int argc, char** argv) {
     Small();
     Batch();
     Invoices();
+    Nested();
     benchmark::RegisterBenchmark("Baseline_ExpatOneCall", Baseline_ExpatOneCall)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Baseline_Expat64KiB", Baseline_Expat64KiB)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Baseline_WriteFile", Baseline_WriteFile)->Unit(benchmark::kMillisecond);
@@ -428,6 +475,9 @@ int main(int argc, char** argv) {
     benchmark::RegisterBenchmark("Small_Read_FromXml", Small_Read_FromXml)->Unit(benchmark::kMillisecond);
     RegisterBatch("Children_", Batch());
     RegisterBatch("Attributes_", Invoices());
+    benchmark::RegisterBenchmark("Nested_Baseline_Expat", Nested_Baseline_Expat)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Nested_Write_ToXml", Nested_Write_ToXml)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Nested_Read_FromXml", Nested_Read_FromXml)->Unit(benchmark::kMillisecond);
     benchmark::Initialize(&argc, argv);
     CRatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
