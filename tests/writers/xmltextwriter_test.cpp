@@ -341,6 +341,36 @@ TEST_F(XmlTextWriterTest, EndTagsFollowTheScopeAsItIsWhenTheyAreWritten) {
         Text());
 }
 
+// Each sibling's scope is its own: a later sibling neither sees the prefixes an earlier one
+// declared (the prefix of urn:c is declared again under "b", where "AA" means urn:d) nor keeps
+// an alias its parent has since rebound ("r" replaces "q" for urn:q).
+TEST_F(XmlTextWriterTest, ASiblingScopeHoldsNothingOfTheScopeOfTheSiblingBefore) {
+    Open("root");
+    m_writer.AddNamespaceAlias("q", "urn:q");
+    Open("a", "urn:c");
+    Leaf("x", "1", "urn:c");
+    Leaf("y", "2", "urn:q");
+    Close();
+    m_writer.AddNamespaceAlias("r", "urn:q");
+    Open("b", "urn:d");
+    Leaf("x", "3", "urn:c");
+    Leaf("y", "4", "urn:q");
+    Close();
+    Close();
+    EXPECT_EQ(
+        "<root>\n"
+        "\t<AA:a xmlns:AA=\"urn:c\">\n"
+        "\t\t<AA:x>1</AA:x>\n"
+        "\t\t<q:y>2</q:y>\n"
+        "\t</AA:a>\n"
+        "\t<AA:b xmlns:AA=\"urn:d\">\n"
+        "\t\t<AB:x xmlns:AB=\"urn:c\">3</AB:x>\n"
+        "\t\t<r:y>4</r:y>\n"
+        "\t</AA:b>\n"
+        "</root>\n",
+        Text());
+}
+
 TEST_F(XmlTextWriterTest, EachRootDeclaresItsPrefixFirstAndSkipsRegisteredPrefixes) {
     // A registered "AA" is skipped by the generator; a root in a registered namespace is
     // declared once, and a second root gets the declarations again.

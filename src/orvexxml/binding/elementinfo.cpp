@@ -98,7 +98,8 @@ bool CElementInfo::ElementToXmlPrim(const CSerializationContext&, const CXmlGene
     }
     if (!value.IsValid()) return false;
 
-    std::string strText = value.ToString(m_strFormatOverride.c_str());
+    std::string strScratch;
+    const std::string& strText = value.ToText(strScratch, m_strFormatOverride.c_str());
     if (!m_strDefaultValue.empty() && strText == m_strDefaultValue) {
         // A value equal to the schema default is written as an empty element unless the
         // writer is told to write defaults; no facet check is made for it.

@@ -103,7 +103,8 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* pWriter, bool bRoot, const char* 
                 if (value.IsNil()) {
                     pWriter->WriteXsiNil();
                 } else {
-                    pWriter->WriteElementText(value.ToString(pInfo->GetPrimitiveFormatOverride().c_str()),
+                    std::string strScratch;
+                    pWriter->WriteElementText(value.ToText(strScratch, pInfo->GetPrimitiveFormatOverride().c_str()),
                                               value.GetTypeAsEnum(), false);
                 }
             }

@@ -241,6 +241,13 @@ std::string OxVariant::ToString(const char* pszFormat) const {
     return pfnToText(*this, pszFormat);
 }
 
+const std::string& OxVariant::ToText(std::string& strScratch, const char* pszFormat) const {
+    // A string is its own text (a nil one holds no copy, and gets ToString's empty text).
+    if (m_type == ItemType_string && m_pString) return *m_pString;
+    strScratch = ToString(pszFormat);
+    return strScratch;
+}
+
 void OxVariant::FromString(const std::string& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule) {
     // Dispatches on the type given, not on the variant's own. The conversion runs to the end
     // before the setter replaces the former content. Year, month and day are read through the

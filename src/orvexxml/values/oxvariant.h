@@ -129,6 +129,10 @@ public:
     // of the float kinds and is ignored by the others. The nil flag is not looked at.
     // Throws COxException "Invalid Type %d to convert to string" for a type without a text form.
     std::string ToString(const char* pszFormat = nullptr) const;
+    // The same text without a copy where the value already is one: the held string itself
+    // for a string, otherwise ToString's result, kept in strScratch. Valid while both live
+    // unchanged. Throws as ToString.
+    const std::string& ToText(std::string& strScratch, const char* pszFormat = nullptr) const;
     // Converts text as the given type and stores the result through that type's setter.
     // A refused text throws before anything is changed.
     void FromString(const std::string& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);

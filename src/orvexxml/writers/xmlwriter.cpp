@@ -48,7 +48,8 @@ CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::string strName, std::strin
       m_strContextDefaultNamespace(strDefaultNamespace),
       m_pNamespaceMap(new NamespaceMap(mapNamespaces)),
       m_bInheritsNamespaces(false),
-      m_bOwnsNamespaceMap(true) {
+      m_bOwnsNamespaceMap(true),
+      m_pSpareNamespaceMap(nullptr) {
     // Taken last: once the parent is held, this context's destructor is responsible for it.
     m_pParent = pParent;
 }
@@ -67,10 +68,12 @@ CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::string strName, std::strin
       m_nCollectionState(0),
       m_pNamespaceMap(const_cast<NamespaceMap*>(&pParent->GetNamespaceMap())),
       m_bInheritsNamespaces(true),
-      m_bOwnsNamespaceMap(false) {}
+      m_bOwnsNamespaceMap(false),
+      m_pSpareNamespaceMap(nullptr) {}
 
 CXmlWriter::CXmlWriterContext::~CXmlWriterContext() {
     if (m_bOwnsNamespaceMap) delete m_pNamespaceMap;
+    delete m_pSpareNamespaceMap;
     delete m_pParent;
 }
 
@@ -95,13 +98,48 @@ void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(const std::string& strNa
     s_nScopeGeneration.fetch_add(1, std::memory_order_relaxed);
 }
 
+// Makes mapTarget hold the entries of mapSource, and keeps its entry for strKeep if it has one
+// (the caller sets that entry next). Entries whose key both maps hold keep their node and
+// buffers: a map left by a sibling that declared the same prefix changes in place, without an
+// allocation, where a copy would allocate every node and every long namespace again.
+static void FillNamespaceMap(CXmlWriter::NamespaceMap& mapTarget, const CXmlWriter::NamespaceMap& mapSource,
+                             const std::string& strKeep) {
+    CXmlWriter::NamespaceMap::iterator itTarget = mapTarget.begin();
+    auto dropUpTo = [&](const std::string* pKey) {
+        // Removes the target's entries ordered before *pKey (all of them for null), but strKeep.
+        while (itTarget != mapTarget.end() && (!pKey || itTarget->first < *pKey)) {
+            if (itTarget->first == strKeep)
+                ++itTarget;
+            else
+                itTarget = mapTarget.erase(itTarget);
+        }
+    };
+    for (const auto& entry : mapSource) {
+        dropUpTo(&entry.first);
+        if (itTarget != mapTarget.end() && itTarget->first == entry.first) {
+            if (itTarget->second != entry.second) itTarget->second = entry.second;
+            ++itTarget;
+        } else {
+            mapTarget.emplace_hint(itTarget, entry);
+        }
+    }
+    dropUpTo(nullptr);
+}
+
 void CXmlWriter::CXmlWriterContext::SetNamespaceMapValue(const std::string& strNamespace,
                                                          const std::string& strPrefix) {
     if (!m_bOwnsNamespaceMap) {
         const NamespaceMap& mapShared = GetNamespaceMap();
         NamespaceMap::const_iterator it = mapShared.find(strNamespace);
         if (it != mapShared.end() && it->second == strPrefix) return;  // nothing changes
-        std::unique_ptr<NamespaceMap> pCopy(new NamespaceMap(mapShared));
+        std::unique_ptr<NamespaceMap> pCopy;
+        if (m_pSpareNamespaceMap) {
+            pCopy.reset(m_pSpareNamespaceMap);
+            m_pSpareNamespaceMap = nullptr;
+            FillNamespaceMap(*pCopy, mapShared, strNamespace);
+        } else {
+            pCopy.reset(new NamespaceMap(mapShared));
+        }
         if (m_bInheritsNamespaces) {
             m_strContextDefaultNamespace = GetDefaultNamespace();
             m_bInheritsNamespaces = false;
@@ -138,6 +176,7 @@ static thread_local CSpareContextPool t_spareContexts;
 void CXmlWriter::FreeSpareContexts(SpareContexts& vecSpares) noexcept {
     for (CSpareContext& spare : vecSpares) {
         if (spare.pStorage) ::operator delete(spare.pStorage);
+        delete spare.pNamespaceMap;
     }
     vecSpares.clear();
 }
@@ -254,6 +293,9 @@ CXmlWriter::CXmlWriterContext* CXmlWriter::CreateContext(const std::string& strN
         spare.pStorage = pStorage;
         throw;
     }
+    // Handed over only now that the context exists to own it.
+    pContext->m_pSpareNamespaceMap = spare.pNamespaceMap;
+    spare.pNamespaceMap = nullptr;
     ++m_nLiveContexts;
     return pContext;
 }
@@ -264,6 +306,11 @@ void CXmlWriter::DestroyContext(CXmlWriterContext* pContext) noexcept {
     pContext->m_pParent = nullptr;
     spare.strName = std::move(pContext->m_strName);
     spare.strNamespace = std::move(pContext->m_strNamespace);
+    // A private map goes back with its entries, since the next sibling likely makes the same;
+    // otherwise the spare the context was given and did not use.
+    NamespaceMap*& pKept = pContext->m_bOwnsNamespaceMap ? pContext->m_pNamespaceMap : pContext->m_pSpareNamespaceMap;
+    spare.pNamespaceMap = pKept;
+    pKept = nullptr;
     pContext->~CXmlWriterContext();
     spare.pStorage = pContext;
 }

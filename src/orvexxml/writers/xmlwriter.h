@@ -72,6 +72,10 @@ public:
         NamespaceMap* m_pNamespaceMap;             // owned or borrowed, see m_bOwnsNamespaceMap
         bool m_bInheritsNamespaces;                // true: no scope of its own, ask the parent
         bool m_bOwnsNamespaceMap;
+        // Owned; null if none. A map that an earlier context at this level made its own, with
+        // its entries still in it: SetNamespaceMapValue fills it rather than a fresh copy, so
+        // that siblings declaring the same prefix (an xsi:type on every item) allocate nothing.
+        NamespaceMap* m_pSpareNamespaceMap;
 
     private:
         // The context whose scope answers for this one.
@@ -141,9 +145,11 @@ protected:
     NamespaceMap m_mapNamespaces;       // registered before the root element
 
 private:
-    // What a destroyed context leaves for the next one at its level: its storage, and the
-    // buffers of its name and namespace, so that an element whose namespace is longer than a
-    // short string costs no allocation once the writer has reached its depth. Contexts live
+    // What a destroyed context leaves for the next one at its level: its storage, the
+    // buffers of its name and namespace, and its private namespace map if it had one, so
+    // that an element whose namespace is longer than a short string, or that declares the
+    // prefix its previous sibling declared, costs no allocation once the writer has reached
+    // its depth. Contexts live
     // and die in stack order, so the spares are kept by level, the innermost living context
     // owning the slot m_nLiveContexts - 1. A writer takes the spares that the last writer of
     // its thread left, and leaves its own when it goes, so that many small documents written
@@ -152,6 +158,7 @@ private:
         void* pStorage = nullptr;
         std::string strName;
         std::string strNamespace;
+        NamespaceMap* pNamespaceMap = nullptr;  // the last private scope made at this level
     };
     typedef std::vector<CSpareContext> SpareContexts;
     static void FreeSpareContexts(SpareContexts& vecSpares) noexcept;

@@ -458,8 +458,8 @@ CXmlAttribute* CXmlDocument::AddElementAttribute(CXmlElement* pElement, const ch
 }
 
 void CXmlDocument::ReserveElementAttributes(CXmlElement* pElement, size_t nCount) {
-    if (!pElement->m_pAttributes) pElement->m_pAttributes = new std::vector<CXmlAttribute*>();
-    pElement->m_pAttributes->reserve(pElement->m_pAttributes->size() + nCount);
+    std::vector<CXmlAttribute*>& vecAttributes = pElement->AttributeList();
+    vecAttributes.reserve(vecAttributes.size() + nCount);
 }
 
 void CXmlDocument::AppendTextExcludingCR(CXmlElement* pElement, const char* pszText) {

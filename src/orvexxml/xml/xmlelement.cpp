@@ -76,8 +76,20 @@ CXmlElement::~CXmlElement() {
     }
     if (m_pAttributes) {
         for (CXmlAttribute* pAttribute : *m_pAttributes) DestroyAttribute(m_pDocument, pAttribute);
-        delete m_pAttributes;
+        typedef std::vector<CXmlAttribute*> AttributeVector;
+        m_pAttributes->~AttributeVector();
+        m_pDocument->m_pNodeStore->Free(m_pAttributes, sizeof(AttributeVector));
     }
+}
+
+std::vector<CXmlAttribute*>& CXmlElement::AttributeList() {
+    // Taken from the node store rather than the heap: a document of many elements with
+    // attributes then pays one allocation per element for them (the item array), not two.
+    if (!m_pAttributes) {
+        m_pAttributes = new (m_pDocument->m_pNodeStore->Allocate(sizeof(std::vector<CXmlAttribute*>)))
+            std::vector<CXmlAttribute*>();
+    }
+    return *m_pAttributes;
 }
 
 const std::vector<CXmlAttribute*>& CXmlElement::NoAttributes() {
@@ -202,9 +214,9 @@ CXmlAttribute* CXmlElement::AddAttribute(const char* pszLocalName, const char* p
 CXmlAttribute* CXmlElement::AddAttribute(const char* pLocalName, size_t nLocalNameLength, const char* pValue,
                                          size_t nValueLength, const char* pNamespace, size_t nNamespaceLength) {
     // Make room first, so that a failing push_back can't lose the new attribute.
-    if (!m_pAttributes) m_pAttributes = new std::vector<CXmlAttribute*>();
-    if (m_pAttributes->size() == m_pAttributes->capacity())
-        m_pAttributes->reserve(m_pAttributes->empty() ? 4 : 2 * m_pAttributes->size());
+    std::vector<CXmlAttribute*>& vecAttributes = AttributeList();
+    if (vecAttributes.size() == vecAttributes.capacity())
+        vecAttributes.reserve(vecAttributes.empty() ? 4 : 2 * vecAttributes.size());
     CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
     const std::string* pStoredNamespace = pStore->InternNamespace(pNamespace, nNamespaceLength);
     void* pMemory = pStore->Allocate(sizeof(CXmlAttribute));

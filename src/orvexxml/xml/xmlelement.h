@@ -72,6 +72,8 @@ private:
     static CXmlElement* Create(const CXmlDocument* pDocument, const CXmlElement* pParent);
     static void Destroy(CXmlElement* pElement);
     static void DestroyAttribute(const CXmlDocument* pDocument, CXmlAttribute* pAttribute);
+    // The list of attributes, made empty in the node store on first use.
+    std::vector<CXmlAttribute*>& AttributeList();
 
     // The prefix of the namespace, ":" and the local name; the local name alone when the
     // element has no namespace or the namespace has no prefix.
@@ -85,7 +87,8 @@ private:
     CXmlElement* m_pNextSibling;
     CXmlElement* m_pFirstChild;
     CXmlElement* m_pLastChild;
-    // Null until the first attribute arrives: most elements have none.
+    // Null until the first attribute arrives: most elements have none. Lives in the node
+    // store, like the attributes it lists; only its item array is on the heap.
     std::vector<CXmlAttribute*>* m_pAttributes;
     std::string m_strText;
     // Names are stored once per document and shared by the elements that carry them.

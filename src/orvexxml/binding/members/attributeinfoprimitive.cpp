@@ -33,7 +33,8 @@ void CAttributeInfoPrimitive::AttributeToXml(const CSerializationContext& ctx, c
     ReadProperty(pClass, value);
     if (m_bOptional && !value.IsValid()) return;
     // A required attribute without a value fails here with the variant's own error.
-    std::string strText = value.ToString(m_strFormatOverride.c_str());
+    std::string strScratch;
+    const std::string& strText = value.ToText(strScratch, m_strFormatOverride.c_str());
     // A suppressed default is not checked against the facets: it comes from the schema.
     if (m_bOptional && !m_strDefaultValue.empty() && ctx.GetNoOptionalAttributeDefaultOutput() &&
         strText == m_strDefaultValue)
