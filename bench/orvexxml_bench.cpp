@@ -37,6 +37,10 @@ static void* CountedAlloc(size_t nSize) {
     return std::malloc(nSize ? nSize : 1);
 }
 
+// The replaced delete operators free through this function, kept out of line: inlined, the
+// compiler would pair free with the operator new at the call site and warn of a mismatch.
+__attribute__((noinline)) static void CountedFree(void* p) noexcept { std::free(p); }
+
 void* operator new(size_t nSize) {
     if (void* p = CountedAlloc(nSize)) return p;
     throw std::bad_alloc();
@@ -47,12 +51,12 @@ void* operator new[](size_t nSize) {
 }
 void* operator new(size_t nSize, const std::nothrow_t&) noexcept { return CountedAlloc(nSize); }
 void* operator new[](size_t nSize, const std::nothrow_t&) noexcept { return CountedAlloc(nSize); }
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete[](void* p) noexcept { std::free(p); }
-void operator delete(void* p, size_t) noexcept { std::free(p); }
-void operator delete[](void* p, size_t) noexcept { std::free(p); }
-void operator delete(void* p, const std::nothrow_t&) noexcept { std::free(p); }
-void operator delete[](void* p, const std::nothrow_t&) noexcept { std::free(p); }
+void operator delete(void* p) noexcept { CountedFree(p); }
+void operator delete[](void* p) noexcept { CountedFree(p); }
+void operator delete(void* p, size_t) noexcept { CountedFree(p); }
+void operator delete[](void* p, size_t) noexcept { CountedFree(p); }
+void operator delete(void* p, const std::nothrow_t&) noexcept { CountedFree(p); }
+void operator delete[](void* p, const std::nothrow_t&) noexcept { CountedFree(p); }
 
 using namespace OrvexXml;
 

@@ -63,8 +63,6 @@ __attribute__((noinline)) CDepthUse Measure(int32_t nLevels, const CSerializatio
     g_nLowest = nBase;
     read->FromXml(strXml.c_str(), ctx);
     use.nRead = nBase - g_nLowest;
-    CTestNest::TakeDown(chain);
-    CTestNest::TakeDown(read);
     return use;
 }
 
