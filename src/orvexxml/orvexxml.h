@@ -93,6 +93,7 @@
 #include "orvexxml/infrastructure/textencoder.h"
 #include "orvexxml/infrastructure/textstream.h"
 #include "orvexxml/values/base64.h"
+#include "orvexxml/values/biginteger.h"
 #include "orvexxml/values/binarydata.h"
 #include "orvexxml/values/conversions.h"
 #include "orvexxml/values/itemtype.h"
