@@ -227,32 +227,33 @@ CBigInteger& CBigInteger::operator*=(const CBigInteger& other) {
 }
 
 CBigInteger& CBigInteger::operator/=(const CBigInteger& other) {
-    CheckDivisor(other, "ERROR: Overflow in operator /=.");
-    if (IsZero(m_digits)) {
-        m_sign = 1;
-        m_digits = SingleZero();
-        return *this;
-    }
-    std::vector<char> quotient;
-    std::vector<char> remainder;
-    Divide(m_digits, other.m_digits, quotient, remainder);
-    m_sign = m_sign == other.m_sign ? 1 : -1;
-    m_digits.swap(quotient);
+    DivideInPlace(other, "ERROR: Overflow in operator /=.", true);
     return *this;
 }
 
 CBigInteger& CBigInteger::operator%=(const CBigInteger& other) {
-    CheckDivisor(other, "ERROR: Overflow in operator%=.");
+    DivideInPlace(other, "ERROR: Overflow in operator%=.", false);
+    return *this;
+}
+
+void CBigInteger::DivideInPlace(const CBigInteger& other, const char* pszZeroDivisor, bool bQuotient) {
+    CheckDivisor(other, pszZeroDivisor);
     if (IsZero(m_digits)) {
         m_sign = 1;
         m_digits = SingleZero();
-        return *this;
+        return;
     }
     std::vector<char> quotient;
     std::vector<char> remainder;
     Divide(m_digits, other.m_digits, quotient, remainder);
-    m_digits.swap(remainder);
-    return *this;
+    if (bQuotient) {
+        // Truncated toward zero; a zero quotient of unequal signs keeps its sign -1.
+        m_sign = m_sign == other.m_sign ? 1 : -1;
+        m_digits.swap(quotient);
+    } else {
+        // The remainder keeps the sign of the dividend.
+        m_digits.swap(remainder);
+    }
 }
 
 void CBigInteger::CheckDivisor(const CBigInteger& other, const char* strMessage) {

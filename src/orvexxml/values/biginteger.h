@@ -145,6 +145,8 @@ private:
     void ParseThroughDecimal(const char* text);
     // Throws strMessage when other is zero.
     static void CheckDivisor(const CBigInteger& other, const char* strMessage);
+    // The body of /= and %=: the quotient or the remainder of this by other replaces this.
+    void DivideInPlace(const CBigInteger& other, const char* pszZeroDivisor, bool bQuotient);
 
     int32_t m_sign;
     std::vector<char> m_digits;
