@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "orvexxml/binding/serializationcontext.h"
+#include "orvexxml/binding/walklevel.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/textstream.h"
@@ -24,14 +25,6 @@ inline const char* NotNull(const char* psz) { return psz ? psz : ""; }
 // element spliced in under a default namespace starts a writer of its own whose depth begins
 // again at 1, so the writer's limit alone doesn't bound the walk (nor a tree that holds itself).
 thread_local int32_t t_nElementDepth = 0;
-
-class CElementLevel {
-public:
-    CElementLevel() { ++t_nElementDepth; }
-    ~CElementLevel() { --t_nElementDepth; }
-    CElementLevel(const CElementLevel&) = delete;
-    CElementLevel& operator=(const CElementLevel&) = delete;
-};
 
 // A namespace declaration that arrived as an attribute (a document read without namespaces
 // keeps them so): "xmlns" in no namespace or in the xmlns namespace.
@@ -217,8 +210,8 @@ void CElement::SetNamespaceRestrictions(const char* pszRestriction, const char* 
 
 void CElement::ToXml_Int(CXmlWriter* pWriter, bool, const char* pszNamespace, const CSerializationContext& ctx,
                          bool bOptionalChoice) const {
-    CElementLevel level;
-    if (t_nElementDepth > ctx.GetMaxDepth())
+    CWalkLevel level(t_nElementDepth);
+    if (level.IsTooDeep(ctx))
         CSerializationContext::ThrowTooDeep(ctx.GetMaxDepth(), pWriter->GetElementPath() + "/" + m_strName);
     CXmlTextWriter* pText = m_strDefaultNamespace.empty() ? nullptr : dynamic_cast<CXmlTextWriter*>(pWriter);
     if (pText)

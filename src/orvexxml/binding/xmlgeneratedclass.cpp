@@ -12,6 +12,7 @@
 #include "orvexxml/binding/members/elementinfochoiceuntpdopt.h"
 #include "orvexxml/binding/nillable.h"
 #include "orvexxml/binding/serializationcontext.h"
+#include "orvexxml/binding/walklevel.h"
 #include "orvexxml/collections/xmlcollectionbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
@@ -29,25 +30,16 @@ namespace {
 
 // Levels of object walks running on this thread. The walks recurse once per object, and a
 // pseudo-element class opens no element, so the element limits of the document and the writer
-// alone don't bound them (nor an object tree that holds itself). The count is per thread because
-// the stack it protects is; a walk started from inside another adds to it.
+// alone don't bound them (nor an object tree that holds itself). A walk started from inside
+// another adds to it.
 thread_local int32_t t_nWalkDepth = 0;
-
-class CWalkLevel {
-public:
-    CWalkLevel() { ++t_nWalkDepth; }
-    ~CWalkLevel() { --t_nWalkDepth; }
-    CWalkLevel(const CWalkLevel&) = delete;
-    CWalkLevel& operator=(const CWalkLevel&) = delete;
-    bool IsTooDeep(const CSerializationContext& ctx) const { return t_nWalkDepth > ctx.GetMaxDepth(); }
-};
 
 }  // namespace
 
 void CXmlGeneratedClass::ToXml_Int(CXmlWriter* pWriter, bool bRoot, const char* pszNamespace,
                                    const CSerializationContext& ctx, bool bOptionalChoice) const {
     try {
-        CWalkLevel level;
+        CWalkLevel level(t_nWalkDepth);
         if (level.IsTooDeep(ctx))
             CSerializationContext::ThrowTooDeep(ctx.GetMaxDepth(), pWriter->GetElementPath() + "/" + GetElementName());
         CParentElementInfo* pInfo = GetParentElementInfo();
@@ -242,7 +234,7 @@ bool EqualsNoCase(const std::string& strText, const char* pszWord) {
 CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* pElement, CXmlElement* pFirstChild,
                                              const CSerializationContext& ctx, bool bOptionalChoice) {
     try {
-        CWalkLevel level;
+        CWalkLevel level(t_nWalkDepth);
         if (level.IsTooDeep(ctx)) CSerializationContext::ThrowTooDeep(ctx.GetMaxDepth(), pElement->GetXPath());
         ResetToDefaults();
         CParentElementInfo* pInfo = GetParentElementInfo();
