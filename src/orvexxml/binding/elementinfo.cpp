@@ -206,17 +206,16 @@ bool CElementInfo::ElementFromXmlSeqMandatory(const CSerializationContext& ctx, 
         ReadElement(ctx, pClass, ppCurrent);
         return true;
     }
+    if (SeekMandatory(ctx, pParent, ppCurrent)) ReadElement(ctx, pClass, ppCurrent);
+    return true;
+}
+
+bool CElementInfo::SeekMandatory(const CSerializationContext& ctx, const CXmlElement* pParent,
+                                 CXmlElement** ppCurrent) const {
     for (;;) {
-        if (IsThisElement(ctx, *ppCurrent)) {
-            ReadElement(ctx, pClass, ppCurrent);
-            return true;
-        }
-        if (ctx.GetIgnoreMissingMandatoryElements()) return true;
-        if (!ctx.GetIgnoreUnknownElements() || !*ppCurrent) {
-            throw COxValidationException(
-                FormatString("Failed to find the required child element [%s].", m_strElementName.c_str()),
-                pParent->GetXPath());
-        }
+        if (IsThisElement(ctx, *ppCurrent)) return true;
+        if (ctx.GetIgnoreMissingMandatoryElements()) return false;
+        if (!ctx.GetIgnoreUnknownElements() || !*ppCurrent) ThrowRequiredChild(pParent);
         *ppCurrent = (*ppCurrent)->GetNextSiblingElement();  // skipped elements are lost
     }
 }
@@ -446,9 +445,7 @@ bool CElementInfo::ElementFromXmlUntypedHeld(const CSerializationContext& ctx, C
                                              bool bAllGroup) {
     if (!*ppCurrent) {
         if (bAllGroup) return false;
-        throw COxValidationException(
-            FormatString("Failed to find the required child element [%s].", m_strElementName.c_str()),
-            pParent->GetXPath());
+        ThrowRequiredChild(pParent);
     }
     OxVariant holder;
     InvokePropertyGet(pClass, holder);
@@ -492,8 +489,7 @@ CSmartPtr<CXmlObjectBase> CElementInfo::ObjectOf(const OxVariant& value) const {
     if (eType == ItemType_invalid) return CSmartPtr<CXmlObjectBase>();
     if (eType != ItemType_XmlObjectBase && eType != ItemType_XmlCollection) {
         throw COxException(
-            FormatString("Serialization Data Error : The property of [%s] should hold an object, it did "
-                         "not!",
+            FormatString("Serialization Data Error : The property of [%s] should hold an object, it did not!",
                          m_strElementName.c_str()));
     }
     return value.GetXmlObject();
@@ -536,15 +532,8 @@ bool CElementInfo::ElementFromXmlClsHeld(const CSerializationContext& ctx, CXmlG
             ReadInside(ctx, pObject.Get(), ppCurrent, false);
             return true;
         }
-        for (;;) {
-            if (IsThisElement(ctx, *ppCurrent)) {
-                ReadInside(ctx, pObject.Get(), ppCurrent, false);
-                return true;
-            }
-            if (ctx.GetIgnoreMissingMandatoryElements()) return true;
-            if (!ctx.GetIgnoreUnknownElements() || !*ppCurrent) ThrowRequiredChild(pParent);
-            *ppCurrent = (*ppCurrent)->GetNextSiblingElement();  // skipped elements are lost
-        }
+        if (SeekMandatory(ctx, pParent, ppCurrent)) ReadInside(ctx, pObject.Get(), ppCurrent, false);
+        return true;
     }
 
     if (eGroup == XmlElementGroupType_All) {

@@ -98,6 +98,11 @@ protected:
                             OrvexXml::CXmlElement** ppCurrent);
     // Whether the element at the cursor belongs to this description.
     bool IsThisElement(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlElement* pElement) const;
+    // The search of a mandatory sequence member: moves the cursor forward over unknown elements
+    // as far as the context allows. True when it stands on this element, false when a missing
+    // element is to be ignored; otherwise the required-child refusal.
+    bool SeekMandatory(const OrvexXml::CSerializationContext& ctx, const OrvexXml::CXmlElement* pParent,
+                       OrvexXml::CXmlElement** ppCurrent) const;
     // Sequence members: read the element if it is at the cursor; a mandatory one searches
     // forward as far as the context allows and fails when it can't find its element.
     bool ElementFromXmlSeqMandatory(const OrvexXml::CSerializationContext& ctx, OrvexXml::CXmlGeneratedClass* pClass,
