@@ -673,13 +673,10 @@ bool CElementInfo::ElementFromXmlAbsClsChoice(const CSerializationContext& ctx, 
 }
 
 bool CElementInfo::ValidateClsHeld(bool bFound, bool bCheck, XmlElementType eOwnType, bool bMustConsume) const {
-    if (!bFound && bCheck) {
-        // Only a model group that must consume something is missed; anything else may be absent.
-        if (eOwnType != XmlElementType_PseudoElement && !bMustConsume) return true;
-        throw COxValidationException(
-            FormatString("Failed to find the mandatory element [%s].", m_strElementName.c_str()), std::string());
-    }
-    return bFound;
+    // Only a model group or a member that must consume something is missed; anything else
+    // may be absent.
+    if (!bFound && bCheck && eOwnType != XmlElementType_PseudoElement && !bMustConsume) return true;
+    return ValidateMandatory(bFound, bCheck);
 }
 
 void CElementInfo::PseudoChildAttributeToXmlCls(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,
