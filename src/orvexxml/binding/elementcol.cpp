@@ -74,8 +74,7 @@ CSmartPtr<CElement> CElementCol::Item(int nIndex) const {
 
 void CElementCol::ToXml_Int(CXmlWriter* pWriter, bool, const char* pszNamespace, const CSerializationContext& ctx,
                             bool) const {
-    ValidateCount(ctx);
-    for (CElement* pItem : *this) CXmlObjectBase::ToXml_Int(pItem, pWriter, false, pszNamespace, ctx, false);
+    ItemsToXml_Int(pWriter, pszNamespace, ctx);
 }
 
 CXmlElement* CElementCol::FromXml_Int(CXmlElement* pParent, CXmlElement* pCurrent, const CSerializationContext& ctx,
