@@ -96,6 +96,7 @@
 #include "orvexxml/values/biginteger.h"
 #include "orvexxml/values/binarydata.h"
 #include "orvexxml/values/conversions.h"
+#include "orvexxml/values/decimal.h"
 #include "orvexxml/values/itemtype.h"
 #include "orvexxml/values/oxvariant.h"
 #include "orvexxml/values/primitiverestrictions.h"

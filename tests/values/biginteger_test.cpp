@@ -45,16 +45,6 @@ TEST(BigIntegerTest, ParseReadsTheTrailingDigitsAfterAnOptionalMinus) {
     }
 }
 
-TEST(BigIntegerTest, TextsThatAreNoPlainIntegerAreRefusedUntilTheDecimalReaderExists) {
-    for (const char* text : {"1.5", "1E3", "12a", "0x10"}) {
-        CBigInteger value(77);
-        EXPECT_OX_THROW(value.Parse(text), COxInvalidValueException,
-                        std::string("ERROR: The decimal parser is not available yet, so [") + text +
-                            "] can not be read as an integer.");
-        EXPECT_EQ("77", value.ToString()) << text;
-    }
-}
-
 TEST(BigIntegerTest, ConstructorsCoverTheWholeRangeOfTheirTypes) {
     const std::vector<std::pair<CBigInteger, std::string>> cases = {
         {CBigInteger(std::numeric_limits<int>::min()), std::to_string(std::numeric_limits<int>::min())},

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "orvexxml/infrastructure/exceptions.h"
+#include "orvexxml/values/decimal.h"
 
 namespace OrvexXml {
 
@@ -24,10 +25,10 @@ const CBigInteger CBigInteger::MAX_LONG("2147483647");
 const CBigInteger CBigInteger::MIN_LONG("-2147483648");
 const CBigInteger CBigInteger::MAX_LONGLONG("9223372036854775807");
 const CBigInteger CBigInteger::MIN_LONGLONG("-9223372036854775808");
-// 1.7E+308, written out as 17 followed by 307 zeros: the same value as the decimal text
-// gives, so reading it as a plain integer changes nothing that can be observed.
-const CBigInteger CBigInteger::MAX_DOUBLE((std::string("17") + std::string(307, '0')).c_str());
-const CBigInteger CBigInteger::MIN_DOUBLE((std::string("-17") + std::string(307, '0')).c_str());
+// Read through the decimal reader, which knows the exponent form. Its bound on places plays
+// no part here, and it is a constant, so it is set before any dynamic initialisation.
+const CBigInteger CBigInteger::MAX_DOUBLE("1.7E+308");
+const CBigInteger CBigInteger::MIN_DOUBLE("-1.7E+308");
 
 CBigInteger::CBigInteger() : m_sign(1), m_digits(SingleZero()) {}
 
@@ -62,6 +63,12 @@ CBigInteger::CBigInteger(double value) : m_sign(0.0 > value ? -1 : 1) {
 }
 
 CBigInteger::CBigInteger(const char* text) : m_sign(1), m_digits(SingleZero()) { Parse(text); }
+
+CBigInteger::CBigInteger(const CDecimal& value) : m_sign(1), m_digits(SingleZero()) {
+    CDecimal copy(value);
+    copy.ChangeFractionalDivider(0);
+    *this = copy.m_integerPart;
+}
 
 CBigInteger::CBigInteger(const CBigInteger& other) : m_sign(other.m_sign), m_digits(other.m_digits) {}
 
@@ -111,10 +118,9 @@ void CBigInteger::Parse(const char* text) {
 }
 
 void CBigInteger::ParseThroughDecimal(const char* text) {
-    // Stands in until the decimal type exists: the decimal issue replaces this with a read
-    // through CDecimal and a conversion of its result.
-    throw COxInvalidValueException(std::string("ERROR: The decimal parser is not available yet, so [") + text +
-                                   "] can not be read as an integer.");
+    // Built first, so that a text the decimal reader refuses leaves this value as it was.
+    const CBigInteger value{CDecimal(text)};
+    *this = value;
 }
 
 std::string CBigInteger::ToString() const {

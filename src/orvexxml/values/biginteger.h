@@ -8,6 +8,8 @@
 
 namespace OrvexXml {
 
+class CDecimal;
+
 // A signed integer of unlimited size: the value of the schema type integer.
 //
 // Held as decimal digits, one per byte, least significant first, so that the text form is a
@@ -46,6 +48,9 @@ public:
     CBigInteger(double value);
     // Parse(text).
     CBigInteger(const char* text);
+    // The decimal rounded to the nearest integer, an exact half towards zero (1.5 gives 1,
+    // 1.6 gives 2). Explicit, since it drops the fraction.
+    explicit CBigInteger(const CDecimal& value);
     CBigInteger(const CBigInteger& other);
     CBigInteger& operator=(const CBigInteger& other);
     virtual ~CBigInteger();
@@ -55,7 +60,9 @@ public:
     // leading "-" makes the value negative, and then only the trailing run of digits counts
     // (so "+5" is 5, "12-3" is 3, "1 2" is 2). An empty text, or one whose last character is
     // no digit ("-", "5-"), gives 0 with sign 1. A null pointer reads as the empty text.
-    // Any other character hands the text to the decimal reader.
+    // Any other character hands the text to the decimal reader, and the value is the
+    // decimal's, rounded as CBigInteger(CDecimal) rounds it; what that reader refuses
+    // throws its COxInvalidValueException.
     void Parse(const char* text);
     // The digits, with "-" ahead of a negative value; a negative zero reads "0".
     std::string ToString() const;
@@ -147,6 +154,10 @@ private:
     static void CheckDivisor(const CBigInteger& other, const char* strMessage);
     // The body of /= and %=: the quotient or the remainder of this by other replaces this.
     void DivideInPlace(const CBigInteger& other, const char* pszZeroDivisor, bool bQuotient);
+
+    // The decimal works on the digits of its parts directly where it moves them by whole
+    // places.
+    friend class CDecimal;
 
     int32_t m_sign;
     std::vector<char> m_digits;
