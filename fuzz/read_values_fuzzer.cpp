@@ -1,5 +1,5 @@
 // Feeds arbitrary bytes to the readers of single values and of raw byte streams: the text
-// forms of every item type, base64 and hex, the conversion of UTF-8 and UTF-16 to other
+// forms of every item type, base64 and hex, decimals and big integers, the conversion of UTF-8 and UTF-16 to other
 // code pages, and documents handed over as bytes (byte order marks, UTF-16). Any outcome
 // but a COxException is a finding, and so is a value that doesn't survive its own text form.
 #include <orvexxml/orvexxml.h>
@@ -67,6 +67,45 @@ void VariantRoundTrip(const std::string& text, ItemType eType, CWhitespaceUtils:
     if (!OrvexTest::IsRoundedFloatType(eType) && again.ToString(pszFormat) != strFirst) std::abort();
 }
 
+// A decimal or big integer read from text prints a text that reads back to the same value and
+// the same text; a decimal also survives arithmetic that is exact for it, and its text with a
+// fixed number of places reads back too.
+void NumberRoundTrip(const std::string& text, uint8_t nSelector) {
+    if (nSelector & 1) {
+        CBigInteger value;
+        try {
+            value.Parse(text.c_str());
+        } catch (const COxException&) {
+            return;
+        }
+        const std::string strFirst = value.ToString();
+        try {
+            if (CBigInteger(strFirst.c_str()).ToString() != strFirst) std::abort();
+        } catch (const COxException&) {
+            std::abort();  // the library wrote a text it refuses to read
+        }
+        return;
+    }
+    CDecimal value;
+    try {
+        value = CDecimal(text.c_str());
+    } catch (const COxException&) {
+        return;
+    }
+    try {
+        const std::string strFirst = value.ToString();
+        const CDecimal again(strFirst.c_str());
+        if (again.ToString() != strFirst || !(again == value)) std::abort();
+        if (!((value + value) - value == value) || !(value * CDecimal(1) == value) || !(value / CDecimal(1) == value)) {
+            std::abort();
+        }
+        const CDecimal fixed(value.ToString(nSelector / 2 % 40).c_str());
+        (void)fixed;
+    } catch (const COxException&) {
+        std::abort();  // the library refused a text it wrote, or arithmetic on a value it read
+    }
+}
+
 void ToCodePage(const std::string& text, unsigned int nCodePage) {
     SetLocalCharEncoding(nCodePage);
     Utf8ToLocal(text.data(), text.size());
@@ -99,7 +138,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
     uint8_t nSelector = pData[1];
     std::string text(reinterpret_cast<const char*>(pData + 2), nSize - 2);
     try {
-        switch (nMode % 5) {
+        switch (nMode % 7) {
             case 0:
                 VariantRoundTrip(text, static_cast<ItemType>(nSelector % 29), kRules[(nSelector / 29) % 3],
                                  kFloatFormats[(nSelector / 87) % 3]);
@@ -115,8 +154,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
             case 3:
                 ReadBytes<Samples::CPerson>(text);
                 break;
-            default:
+            case 4:
                 ReadBytes<Samples::CPrimitiveSet>(text);
+                break;
+            case 5:
+                NumberRoundTrip(text, nSelector);
                 break;
         }
     } catch (const COxException&) {

@@ -61,16 +61,17 @@ TEST(DecimalTest, ParseReadsSignsBlanksPointsAndExponentsAsOneScan) {
         {"1e 3", "1000", 1},
         {"2.5e-1", "0.25", 2},
         {"1.5e", "1.5", 1},
-        {"1.7E+308", ("17" + std::string(307, '0')), 1},
-        // Rounding to 30 places: to nearest, an exact half towards zero; the rounding runs
-        // after the trailing zeros are dropped, so a zero it leaves at the end stays.
-        {"0." + std::string(30, '1') + "6", ("0." + std::string(29, '1') + "2"), 30},
-        {"0." + std::string(30, '1') + "5", ("0." + std::string(30, '1')), 30},
-        {"-0." + std::string(30, '1') + "6", ("-0." + std::string(29, '1') + "2"), 30},
-        {"0." + std::string(29, '1') + "05", ("0." + std::string(29, '1') + "0"), 30},
-        {"1." + std::string(31, '9'), "2", 30},
+        {"1.7E+308", "17" + std::string(307, '0'), 1},
+        // Rounding to 30 places: to nearest, an exact half towards zero; zeros that the
+        // rounding leaves at the end are dropped.
+        {"0." + std::string(30, '1') + "6", "0." + std::string(29, '1') + "2", 30},
+        {"0." + std::string(30, '1') + "5", "0." + std::string(30, '1'), 30},
+        {"-0." + std::string(30, '1') + "6", "-0." + std::string(29, '1') + "2", 30},
+        {"0." + std::string(29, '1') + "05", "0." + std::string(29, '1'), 29},
+        {"0.00002" + std::string(25, '0') + "015", "0.00002", 5},
+        {"1." + std::string(31, '9'), "2", 1},
         {"1e-31", "0", 1},
-        {"6e-31", ("0." + std::string(29, '0') + "1"), 30},
+        {"6e-31", "0." + std::string(29, '0') + "1", 30},
         // A negative exponent beyond every place that division keeps gives 0 however large.
         {"-5e-" + std::string(31, '9'), "0", 1},
         {"0e" + std::string(31, '9'), "0", 1},

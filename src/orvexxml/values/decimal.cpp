@@ -197,7 +197,11 @@ void CDecimal::Parse(const char* text) {
 }
 
 void CDecimal::ApplyMaxDivider() {
-    if (m_fractionDivider > EffectiveMaxDivider()) ChangeFractionalDivider(EffectiveMaxDivider());
+    if (m_fractionDivider <= EffectiveMaxDivider()) return;
+    ChangeFractionalDivider(EffectiveMaxDivider());
+    // Rounding can leave zeros at the end (0.0000200...0015 to 30 places); they go too, so
+    // that every value prints the text that reads back as itself.
+    Rationalise();
 }
 
 void CDecimal::Rationalise() {
@@ -389,17 +393,11 @@ std::string CDecimal::ToString(int nPlaces) const {
         throw COxInvalidParamException(
             FormatString("ERROR: Negative number of places [%d] in CDecimal::ToString.", nPlaces));
     }
-    // Half a unit of the last place kept, with the value's sign: 5 in place nPlaces + 1. A
-    // half beyond the bound reads as a zero of that sign with the bound's places.
+    // Half a unit of the last place kept, with the value's sign: 5 in place nPlaces + 1. Half
+    // a unit beyond the bound would round to nothing, so nothing is added then.
     const int nSign = SignOf(m_integerPart);
-    CDecimal half;
-    if (nPlaces >= EffectiveMaxDivider()) {
-        half = CDecimal(SignedZero(nSign), SignedZero(nSign), EffectiveMaxDivider());
-    } else {
-        half = CDecimal(SignedZero(nSign), CBigInteger(5 * nSign), nPlaces + 1);
-    }
     CDecimal sum(*this);
-    sum += half;
+    if (nPlaces < EffectiveMaxDivider()) sum += CDecimal(SignedZero(nSign), CBigInteger(5 * nSign), nPlaces + 1);
     std::string strFraction = Digits(sum.m_fractionPart, static_cast<size_t>(sum.m_fractionDivider));
     if (strFraction.size() > static_cast<size_t>(nPlaces)) strFraction.resize(static_cast<size_t>(nPlaces));
     std::string strText = SignOf(sum.m_integerPart) == -1 ? "-" : "";

@@ -18,7 +18,8 @@ namespace OrvexXml {
 // rounded to it. Rounding to the bound goes to the nearest value, an exact half towards zero.
 //
 // Every value that a constructor, Parse or an operator gives has at least one place and no
-// trailing zero in its fraction, except that a zero fraction has one place.
+// trailing zero in its fraction, also after rounding to the bound, except that a zero
+// fraction has one place (with a bound of 0, none).
 //
 // The bound is one process-wide integer without a lock: set it before values are in use.
 // Everything else lives in the object, so distinct objects can be used from distinct threads.

@@ -11,7 +11,7 @@ at most n places, and integer(a) a rounded to an integer.
 The rules the library follows, modelled here without its digit arithmetic:
 - A value has a number of places D (at least 1). Reading a text keeps its places without
   trailing zeros; more places than the bound are then rounded to the bound, to nearest with
-  an exact half towards zero, and a zero that rounding leaves at the end stays.
+  an exact half towards zero, and zeros that rounding leaves at the end are dropped too.
 - a+b and a-b are exact; a*b is exact and then rounded to the bound; a/b is truncated at
   bound+2 places and then rounded to the bound. Results drop trailing zeros before rounding.
 - A text with a zero fraction is the whole part alone; otherwise the fraction is printed with
@@ -49,7 +49,8 @@ def round_half_down(value, places):
 def bounded(value, places, bound):
     places = strip(value, places)
     if places > bound:
-        return round_half_down(value, bound), bound
+        rounded = round_half_down(value, bound)
+        return rounded, strip(rounded, bound)
     return value, places
 
 
@@ -66,7 +67,7 @@ def text(value, places):
 
 def fixed_text(value, places, n, bound):
     half = Fraction(5, 10 ** (n + 1)) if n + 1 <= bound else Fraction(0)
-    half_places = n + 1 if n + 1 <= bound else bound
+    half_places = n + 1 if n + 1 <= bound else 0
     total = value - half if value < 0 else value + half
     total_places = strip(total, max(places, half_places))
     magnitude = abs(total)
