@@ -25,7 +25,8 @@ protected:
 private:
     XmlElementType m_eOwnType;
     AbsClsFactoryFn m_pfnFactory;
-    int m_nReserved;
+    // Kept as the table gives it; nothing reads it.
+    [[maybe_unused]] int m_nReserved;
 };
 
 }  // namespace OrvexXmlData

@@ -24,8 +24,10 @@ protected:
 
 private:
     XmlElementType m_eOwnType;
-    ClsFactoryFn m_pfnFactory;
-    int m_nClassId;
+    // Kept as the table gives them: the held object is created by generated code, so
+    // reading in place needs neither.
+    [[maybe_unused]] ClsFactoryFn m_pfnFactory;
+    [[maybe_unused]] int m_nClassId;
     bool m_bMustConsume;
 };
 

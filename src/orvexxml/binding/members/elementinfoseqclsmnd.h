@@ -23,8 +23,10 @@ protected:
 private:
     XmlElementType m_eOwnType;
     bool m_bMustConsume;
-    ClsFactoryFn m_pfnFactory;
-    int m_nClassId;
+    // Kept as the table gives them: the held object is created by generated code, so
+    // reading in place needs neither.
+    [[maybe_unused]] ClsFactoryFn m_pfnFactory;
+    [[maybe_unused]] int m_nClassId;
 };
 
 }  // namespace OrvexXmlData
