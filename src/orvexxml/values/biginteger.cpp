@@ -19,6 +19,19 @@ std::vector<char> SingleZero() { return std::vector<char>(1, 0); }
 
 bool IsZero(const std::vector<char>& digits) { return digits.empty() || (digits.size() == 1 && digits[0] == 0); }
 
+constexpr uint64_t kLimbBase = 1000000000;
+constexpr size_t kLimbDigits = 9;
+
+// The digits (least significant first) as limbs of nine digits, least significant first.
+std::vector<uint32_t> ToLimbs(const std::vector<char>& digits) {
+    std::vector<uint32_t> limbs((digits.size() + kLimbDigits - 1) / kLimbDigits, 0);
+    for (size_t i = digits.size(); i-- > 0;) {
+        uint32_t& nLimb = limbs[i / kLimbDigits];
+        nLimb = nLimb * 10 + static_cast<uint32_t>(digits[i]);
+    }
+    return limbs;
+}
+
 }  // namespace
 
 const CBigInteger CBigInteger::MAX_LONG("2147483647");
@@ -424,24 +437,34 @@ void CBigInteger::Multiply(const std::vector<char>& a, const std::vector<char>& 
         out = SingleZero();
         return;
     }
-    // Every digit product added into its column first, then one pass of carries: the same
-    // sum as adding the shifted partial products one by one, with less copying.
-    std::vector<unsigned long long> columns(a.size() + b.size(), 0);
-    for (size_t j = 0; j < b.size(); ++j) {
-        if (b[j] == 0) continue;
-        for (size_t i = 0; i < a.size(); ++i) columns[i + j] += static_cast<unsigned long long>(a[i] * b[j]);
+    // Schoolbook multiplication on limbs of nine digits (base 10^9): the same product as
+    // digit by digit, with 81 times fewer steps. A limb product stays below 10^18, so a step
+    // with its carry fits 64 bits.
+    const std::vector<uint32_t> limbsA = ToLimbs(a);
+    const std::vector<uint32_t> limbsB = ToLimbs(b);
+    std::vector<uint32_t> limbs(limbsA.size() + limbsB.size(), 0);
+    for (size_t j = 0; j < limbsB.size(); ++j) {
+        const uint64_t nFactor = limbsB[j];
+        if (nFactor == 0) continue;
+        uint64_t nCarry = 0;
+        for (size_t i = 0; i < limbsA.size(); ++i) {
+            const uint64_t nValue = limbs[i + j] + nFactor * limbsA[i] + nCarry;
+            limbs[i + j] = static_cast<uint32_t>(nValue % kLimbBase);
+            nCarry = nValue / kLimbBase;
+        }
+        for (size_t k = j + limbsA.size(); nCarry > 0; ++k) {
+            const uint64_t nValue = limbs[k] + nCarry;
+            limbs[k] = static_cast<uint32_t>(nValue % kLimbBase);
+            nCarry = nValue / kLimbBase;
+        }
     }
     std::vector<char> product;
-    product.reserve(columns.size());
-    unsigned long long nCarry = 0;
-    for (unsigned long long nColumn : columns) {
-        const unsigned long long nValue = nColumn + nCarry;
-        product.push_back(static_cast<char>(nValue % 10));
-        nCarry = nValue / 10;
-    }
-    while (nCarry > 0) {
-        product.push_back(static_cast<char>(nCarry % 10));
-        nCarry /= 10;
+    product.reserve(limbs.size() * kLimbDigits);
+    for (uint32_t nLimb : limbs) {
+        for (size_t d = 0; d < kLimbDigits; ++d) {
+            product.push_back(static_cast<char>(nLimb % 10));
+            nLimb /= 10;
+        }
     }
     Clean(product);
     out.swap(product);

@@ -310,11 +310,12 @@ CDecimal CDecimal::operator*(const CDecimal& other) const {
     CDecimal a(*this);
     CDecimal b(other);
     const unsigned nDivider = static_cast<unsigned>(Normalize(a, b));
-    // The operands as whole numbers of places, multiplied term by term.
-    const CBigInteger sum = ShiftUp(a.m_integerPart * b.m_integerPart, 2 * nDivider) +
-                            ShiftUp(a.m_integerPart * b.m_fractionPart, nDivider) +
-                            ShiftUp(a.m_fractionPart * b.m_integerPart, nDivider) + a.m_fractionPart * b.m_fractionPart;
-    CDecimal result(ShiftDown(sum, 2 * nDivider), LowPlaces(sum, 2 * nDivider), static_cast<int>(2 * nDivider));
+    // The product of the operands as whole numbers of places. It is the sum of the four
+    // products of their parts, and it is 0 exactly when that sum is, in which case both parts
+    // of the result are a plain 0 either way.
+    const CBigInteger product = (ShiftUp(a.m_integerPart, nDivider) + a.m_fractionPart) *
+                                (ShiftUp(b.m_integerPart, nDivider) + b.m_fractionPart);
+    CDecimal result(ShiftDown(product, 2 * nDivider), LowPlaces(product, 2 * nDivider), static_cast<int>(2 * nDivider));
     result.Rationalise();
     result.ApplyMaxDivider();
     return result;
