@@ -131,7 +131,6 @@ CSmartPtr<Samples::CPrimitiveSet> MakePrimitiveSet(uint64_t nSeed) {
     set->SetULongVal(NextState(nState));
     set->SetFloatVal(static_cast<float>(NextState(nState) % 100000) / 7.0f);
     set->SetDoubleVal(static_cast<double>(NextState(nState) % 10000000) / 1000.0 - 5000.0);
-    set->SetInitial(static_cast<char>('A' + NextState(nState) % 26));
     set->SetText(NextState(nState) % 3 == 0 ? "calibrated reading " + std::to_string(nState % 100000)
                                             : "ok " + std::to_string(nState % 1000));
     set->SetFlag((NextState(nState) & 1) != 0);

@@ -22,14 +22,12 @@ enum {
     Prop_ULongVal,
     Prop_FloatVal,
     Prop_DoubleVal,
-    Prop_Initial,
     Prop_Text,
     Prop_Flag
 };
 
 void CPrimitiveSet::BuildMetaData(CMetaDataBuilder& builder) {
     const CWhitespaceUtils::WhitespaceRule collapse = CWhitespaceUtils::WhitespaceRule_collapse;
-    const CWhitespaceUtils::WhitespaceRule preserve = CWhitespaceUtils::WhitespaceRule_preserve;
     builder.SetParent(new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "PrimitiveSet", NS,
                                              true, false, -1, ItemType_invalid, nullptr, false));
     builder.AddElement(new CElementInfoSeqPrimMnd("ByteVal", NS, Prop_ByteVal, false, ItemType_i1, nullptr, collapse,
@@ -51,8 +49,6 @@ void CPrimitiveSet::BuildMetaData(CMetaDataBuilder& builder) {
     builder.AddElement(new CElementInfoSeqPrimMnd("FloatVal", NS, Prop_FloatVal, false, ItemType_r4, nullptr, collapse,
                                                   CPrimitiveRestrictions(), nullptr));
     builder.AddElement(new CElementInfoSeqPrimMnd("DoubleVal", NS, Prop_DoubleVal, false, ItemType_r8, "%.3f", collapse,
-                                                  CPrimitiveRestrictions(), nullptr));
-    builder.AddElement(new CElementInfoSeqPrimOpt("Initial", NS, Prop_Initial, false, ItemType_char, nullptr, preserve,
                                                   CPrimitiveRestrictions(), nullptr));
     builder.AddElement(new CElementInfoSeqPrimMnd("Text", NS, Prop_Text, false, ItemType_string, nullptr, collapse,
                                                   CPrimitiveRestrictions(), nullptr));
@@ -90,8 +86,6 @@ void CPrimitiveSet::CopyMembers(const CPrimitiveSet& rhs) {
     m_ULongVal = rhs.m_ULongVal;
     m_FloatVal = rhs.m_FloatVal;
     m_DoubleVal = rhs.m_DoubleVal;
-    m_Initial = rhs.m_Initial;
-    m_bValidInitial = rhs.m_bValidInitial;
     m_Text = rhs.m_Text;
     m_Flag = rhs.m_Flag;
     m_bValidFlag = rhs.m_bValidFlag;
@@ -111,8 +105,6 @@ void CPrimitiveSet::ResetToDefaults() {
     m_ULongVal = 0;
     m_FloatVal = 0;
     m_DoubleVal = 0;
-    m_Initial = 0;
-    m_bValidInitial = false;
     m_Text.clear();
     m_Flag = true;
     m_bValidFlag = false;
@@ -186,13 +178,6 @@ void CPrimitiveSet::ExchangeProperty(int nPropertyIndex, bool bRead, OxVariant& 
                 value.SetR8(m_DoubleVal);
             else
                 m_DoubleVal = value.GetR8();
-            break;
-        case Prop_Initial:
-            if (bRead) {
-                if (m_bValidInitial) value.SetChar(m_Initial);
-            } else {
-                SetInitial(value.GetChar());
-            }
             break;
         case Prop_Text:
             if (bRead)

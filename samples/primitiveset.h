@@ -62,14 +62,6 @@ public:
     // DoubleVal: xs:double, mandatory, written with the format "%.3f"
     double GetDoubleVal() const { return m_DoubleVal; }
     void SetDoubleVal(double value) { m_DoubleVal = value; }
-    // Initial: a single character, optional
-    char GetInitial() const { return m_Initial; }
-    void SetInitial(char value) {
-        m_Initial = value;
-        m_bValidInitial = true;
-    }
-    bool IsValidInitial() const { return m_bValidInitial; }
-    void SetValidInitial(bool bValid) { m_bValidInitial = bValid; }
     // Text: xs:token, mandatory, whitespace collapsed
     const std::string& GetText() const { return m_Text; }
     void SetText(const std::string& value) { m_Text = value; }
@@ -111,8 +103,6 @@ private:
     uint64_t m_ULongVal;
     float m_FloatVal;
     double m_DoubleVal;
-    char m_Initial;
-    bool m_bValidInitial;
     std::string m_Text;
     bool m_Flag;
     bool m_bValidFlag;

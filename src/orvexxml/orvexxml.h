@@ -100,6 +100,7 @@
 #include "orvexxml/values/itemtype.h"
 #include "orvexxml/values/oxvariant.h"
 #include "orvexxml/values/primitiverestrictions.h"
+#include "orvexxml/values/validatevalue.h"
 #include "orvexxml/values/whitespaceutils.h"
 #include "orvexxml/writers/xmltextwriter.h"
 #include "orvexxml/writers/xmlwriter.h"

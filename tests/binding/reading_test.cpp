@@ -49,7 +49,6 @@ TEST(RoundTrip, EverySampleReadsBackIntoAnEqualObject) {
     set->SetULongVal(18446744073709551615ULL);
     set->SetFloatVal(-1.5e-7f);
     set->SetDoubleVal(1234.5678);
-    set->SetInitial('q');
     set->SetText("one two");
     set->SetFlag(true);
     CSmartPtr<CPrimitiveSet> setCopy = RoundTrip(set);

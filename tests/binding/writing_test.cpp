@@ -80,7 +80,6 @@ TEST(Writing, EveryPrimitiveKindWithPrefixesDefaultsOptionalsAndFormats) {
 
     set->SetShortVal(-32768);
     set->SetUIntVal(4294967295u);
-    set->SetInitial('Z');
     set->SetFlag(true);  // equals its default
     CSerializationContext defaults;
     defaults.SetWriteDefaultElementValues(true);
@@ -90,7 +89,7 @@ TEST(Writing, EveryPrimitiveKindWithPrefixesDefaultsOptionalsAndFormats) {
               "<AA:LongVal>9007199254740993</AA:LongVal><AA:UByteVal>200</AA:UByteVal>"
               "<AA:UShortVal>65535</AA:UShortVal><AA:UIntVal>4294967295</AA:UIntVal>"
               "<AA:ULongVal>18446744073709551615</AA:ULongVal><AA:FloatVal>3.141593</AA:FloatVal>"
-              "<AA:DoubleVal>2.718</AA:DoubleVal><AA:Initial>Z</AA:Initial>"
+              "<AA:DoubleVal>2.718</AA:DoubleVal>"
               "<AA:Text>Fish &amp; &lt;chips&gt;</AA:Text><AA:Flag>true</AA:Flag></AA:PrimitiveSet>");
     // Without the setting both defaults come out as empty elements.
     xml = Flat(set);

@@ -2,13 +2,14 @@
 
 #include "orvexxml/binding/element.h"
 #include "orvexxml/binding/elementcol.h"
-#include "orvexxml/binding/facetcheck.h"
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/binding/xmlgeneratedclass.h"
+#include "orvexxml/values/validatevalue.h"
 #include "orvexxml/collections/xmlcollectionbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/values/oxvariant.h"
+#include "orvexxml/values/validatevalue.h"
 #include "orvexxml/writers/xmlwriter.h"
 #include "orvexxml/xml/xmlattribute.h"
 #include "orvexxml/xml/xmlelement.h"
@@ -70,7 +71,7 @@ void CElementInfo::PseudoChildAttributeToXml(const CSerializationContext&, const
 
 void CElementInfo::CheckRestriction(const OxVariant& value) const {
     if (!m_bPrimitive) throw COxException("Cannot CheckRestriction for type: " + value.GetType());
-    CheckPrimitiveFacets(m_strElementName, value, m_eItemType, m_restrictions);
+    ValidatePrimitive(m_strElementName.c_str(), value, m_eItemType, m_restrictions);
 }
 
 void CElementInfo::ReadProperty(const CXmlGeneratedClass* pClass, OxVariant& value) const {

@@ -420,6 +420,33 @@ CBinaryData CConversions::base64BinaryFromString(const std::string& text, Whites
     return value;
 }
 
+// --- decimal, integer ---------------------------------------------------------------------
+
+std::string CConversions::decimalToString(const CDecimal& value) { return value.ToString(); }
+
+std::string CConversions::decimalToString(const CDecimal& value, const std::string& format) {
+    return decimalToString(value, format.c_str());
+}
+
+std::string CConversions::decimalToString(const CDecimal& value, const char* pszFormat) {
+    if (pszFormat == nullptr || *pszFormat == '\0') return value.ToString();
+    // A negative count has no text form of fixed places: it gives all places.
+    const int nPlaces = std::atoi(pszFormat);
+    return nPlaces < 0 ? value.ToString() : value.ToString(nPlaces);
+}
+
+std::string CConversions::integerToString(const CBigInteger& value) { return value.ToString(); }
+
+CDecimal CConversions::decimalFromString(const std::string& text, WhitespaceRule rule) {
+    CProcessedText processed(text, rule);
+    return CDecimal(processed.Get().c_str());
+}
+
+CBigInteger CConversions::integerFromString(const std::string& text, WhitespaceRule rule) {
+    CProcessedText processed(text, rule);
+    return CBigInteger(processed.Get().c_str());
+}
+
 // --- year, month, day ---------------------------------------------------------------------
 
 std::string CConversions::yearToString(uint16_t value) { return UnsignedToString(value); }

@@ -4,7 +4,9 @@
 #include <string>
 
 #include "orvexxml/export.h"
+#include "orvexxml/values/biginteger.h"
 #include "orvexxml/values/binarydata.h"
+#include "orvexxml/values/decimal.h"
 #include "orvexxml/values/whitespaceutils.h"
 
 namespace OrvexXml {
@@ -80,6 +82,16 @@ public:
     static CBinaryData hexBinaryFromString(const std::string& text, WhitespaceRule rule);
     static CBinaryData base64BinaryFromString(const std::string& text, WhitespaceRule rule);
 
+    // --- decimal, integer ---------------------------------------------------------------------
+    // All places held; with a format, the number of places it gives (read as atoi reads it,
+    // so a text that is no number means 0), rounded half away from zero.
+    static std::string decimalToString(const CDecimal& value);
+    static std::string decimalToString(const CDecimal& value, const std::string& format);
+    static std::string integerToString(const CBigInteger& value);
+    // The processed text as CDecimal(const char*) and CBigInteger(const char*) read it.
+    static CDecimal decimalFromString(const std::string& text, WhitespaceRule rule);
+    static CBigInteger integerFromString(const std::string& text, WhitespaceRule rule);
+
     // --- year, month, day (the gYear, gMonth and gDay kinds held as plain numbers) ----------
     static std::string yearToString(uint16_t value);  // "%u", unpadded
     static std::string monthToString(uint8_t value);  // "--%02u"
@@ -89,6 +101,7 @@ public:
     // format means the default one. Same results as the std::string overloads.
     static std::string r4ToString(float value, const char* pszFormat);
     static std::string r8ToString(double value, const char* pszFormat);
+    static std::string decimalToString(const CDecimal& value, const char* pszFormat);
 
     CConversions() = delete;
 };

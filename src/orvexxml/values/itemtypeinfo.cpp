@@ -84,6 +84,24 @@ constexpr CItemTypeInfo::PfnDrop DropHook() {
 }
 
 template <ItemType eType>
+void ValidateHeld(const char* pszName, const OxVariant& value, const CPrimitiveRestrictions& restrictions) {
+    typedef CItemTypeTraits<eType> Traits;
+    if constexpr (Traits::Storage == CItemTypeInfo::Storage_owned) {
+        // A nil value holds no copy; it is checked as the empty value.
+        const typename Traits::ValueType* pValue = Traits::Slot(value);
+        Traits::Validate(pszName, pValue ? *pValue : typename Traits::ValueType(), restrictions);
+    } else {
+        Traits::Validate(pszName, Traits::Slot(value), restrictions);
+    }
+}
+
+template <ItemType eType>
+constexpr CItemTypeInfo::PfnValidate ValidateHook() {
+    if constexpr (CItemTypeTraits<eType>::HasValidate) return &ValidateHeld<eType>;
+    return nullptr;
+}
+
+template <ItemType eType>
 constexpr CItemTypeInfo::PfnFromText FromTextHook() {
     if constexpr (CItemTypeTraits<eType>::HasFromText) return &ValueFromText<eType>;
     return nullptr;
@@ -100,7 +118,7 @@ constexpr CItemTypeInfo Row(const char* pszName, bool bJsonBare) {
                          FromTextHook<eType>(),
                          CopyHook<eType>(),
                          DropHook<eType>(),
-                         nullptr};
+                         ValidateHook<eType>()};
 }
 
 // A kind whose value class is not part of the library yet: named and placed, but no setter
@@ -139,8 +157,8 @@ const CItemTypeInfo CItemTypeInfo::s_rows[CItemTypeInfo::Count] = {
     Row<ItemType_char>("char", false),
     Row<ItemType_string>("string", false),
     Row<ItemType_boolean>("boolean", true),
-    Pending(ItemType_decimal, "decimal", true),
-    Pending(ItemType_integer, "integer", true),
+    Row<ItemType_decimal>("decimal", true),
+    Row<ItemType_integer>("integer", true),
     {ItemType_XmlObjectBase, nullptr, Storage_reference, false, nullptr, nullptr, &CopyObject, &DropObject, nullptr},
     {ItemType_XmlCollection, nullptr, Storage_reference, false, nullptr, nullptr, &CopyCollection, &DropCollection,
      nullptr},

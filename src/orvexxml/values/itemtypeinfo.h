@@ -37,8 +37,9 @@ struct ORVEXXML_API CItemTypeInfo {
     typedef void (*PfnCopy)(OxVariant& target, const OxVariant& source);
     // Detaches the value from the variant, then deletes or releases it.
     typedef void (*PfnDrop)(OxVariant& value);
-    // Checks a value against the facets of its schema type, throwing the facet's exception.
-    typedef void (*PfnValidate)(const std::string& strName, const OxVariant& value,
+    // Checks the variant's value against the facets of its schema type under the name that a
+    // refusal shows, throwing the check's exception.
+    typedef void (*PfnValidate)(const char* pszName, const OxVariant& value,
                                 const CPrimitiveRestrictions& restrictions);
 
     ItemType m_eType;
@@ -51,7 +52,8 @@ struct ORVEXXML_API CItemTypeInfo {
     PfnFromText m_pfnFromText;
     PfnCopy m_pfnCopy;  // owned and reference kinds only
     PfnDrop m_pfnDrop;  // owned and reference kinds only
-    // Idle until value validation is part of the library: null in every row.
+    // Null for the kinds without a check (char, the references) and those whose value
+    // class is not part of the library yet.
     PfnValidate m_pfnValidate;
 
     // Number of rows: the enum's numbers 0 to 28.

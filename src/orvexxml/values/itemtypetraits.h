@@ -7,6 +7,7 @@
 #include "orvexxml/values/conversions.h"
 #include "orvexxml/values/itemtypeinfo.h"
 #include "orvexxml/values/oxvariant.h"
+#include "orvexxml/values/validatevalue.h"
 
 namespace OrvexXml {
 
@@ -19,59 +20,69 @@ namespace OrvexXml {
 // variant's content through the kind's setter. ToText takes the format override (null or empty
 // for the default); only the float kinds use it. FromText applies the whitespace rule and
 // refuses a text that doesn't fit with the conversion's COxInvalidValueException; kinds whose
-// text is not read yet have HasFromText false and no FromText. CollectionName is the class
-// name under which instances of the kind's collection are counted.
+// text is not read yet have HasFromText false and no FromText. Validate checks a value
+// against the facets of the kind (HasValidate false: the kind has no check, or not yet).
+// CollectionName is the class name under which instances of the kind's collection are
+// counted.
 template <ItemType eType>
 struct CItemTypeTraits;
 
 // The sized integers, floats, char and boolean differ only in their member, setter and
 // conversions; this spells one of them out.
-#define ORVEXXML_INLINE_TRAITS(kind, type, member, setter, collection)                                     \
-    template <>                                                                                            \
-    struct CItemTypeTraits<ItemType_##kind> {                                                              \
-        typedef type ValueType;                                                                            \
-        static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_inline;                   \
-        static constexpr bool HasFromText = true;                                                          \
-        static constexpr const char* CollectionName = collection;                                          \
-        static type& Slot(OxVariant& v) { return v.member; }                                               \
-        static const type& Slot(const OxVariant& v) { return v.member; }                                   \
-        static void Store(OxVariant& v, type value) { v.setter(value); }                                   \
-        static std::string ToText(type value, const char*) { return CConversions::kind##ToString(value); } \
-        static type FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {             \
-            return CConversions::kind##FromString(text, rule);                                             \
-        }                                                                                                  \
+#define ORVEXXML_INLINE_TRAITS(kind, type, member, setter, collection, validated)                           \
+    template <>                                                                                             \
+    struct CItemTypeTraits<ItemType_##kind> {                                                               \
+        typedef type ValueType;                                                                             \
+        static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_inline;                    \
+        static constexpr bool HasFromText = true;                                                           \
+        static constexpr bool HasValidate = validated;                                                      \
+        static void Validate(const char* pszName, type value, const CPrimitiveRestrictions& restrictions) { \
+            ValidateValue(pszName, value, restrictions);                                                    \
+        }                                                                                                   \
+        static constexpr const char* CollectionName = collection;                                           \
+        static type& Slot(OxVariant& v) { return v.member; }                                                \
+        static const type& Slot(const OxVariant& v) { return v.member; }                                    \
+        static void Store(OxVariant& v, type value) { v.setter(value); }                                    \
+        static std::string ToText(type value, const char*) { return CConversions::kind##ToString(value); }  \
+        static type FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {              \
+            return CConversions::kind##FromString(text, rule);                                              \
+        }                                                                                                   \
     }
 
-ORVEXXML_INLINE_TRAITS(i1, char, m_cValue, SetI1, "Ci1Col");
-ORVEXXML_INLINE_TRAITS(i2, int16_t, m_sValue, SetI2, "Ci2Col");
-ORVEXXML_INLINE_TRAITS(i4, OxLong, m_lValue, SetI4, "Ci4Col");
-ORVEXXML_INLINE_TRAITS(i8, int64_t, m_llValue, SetI8, "Ci8Col");
-ORVEXXML_INLINE_TRAITS(ui1, uint8_t, m_ucValue, SetUI1, "Cui1Col");
-ORVEXXML_INLINE_TRAITS(ui2, uint16_t, m_usValue, SetUI2, "Cui2Col");
-ORVEXXML_INLINE_TRAITS(ui4, OxULong, m_ulValue, SetUI4, "Cui4Col");
-ORVEXXML_INLINE_TRAITS(ui8, uint64_t, m_ullValue, SetUI8, "Cui8Col");
-ORVEXXML_INLINE_TRAITS(char, char, m_cValue, SetChar, nullptr);  // no collection of char
-ORVEXXML_INLINE_TRAITS(boolean, bool, m_bValue, SetBoolean, "CbooleanCol");
+ORVEXXML_INLINE_TRAITS(i1, char, m_cValue, SetI1, "Ci1Col", true);
+ORVEXXML_INLINE_TRAITS(i2, int16_t, m_sValue, SetI2, "Ci2Col", true);
+ORVEXXML_INLINE_TRAITS(i4, OxLong, m_lValue, SetI4, "Ci4Col", true);
+ORVEXXML_INLINE_TRAITS(i8, int64_t, m_llValue, SetI8, "Ci8Col", true);
+ORVEXXML_INLINE_TRAITS(ui1, uint8_t, m_ucValue, SetUI1, "Cui1Col", true);
+ORVEXXML_INLINE_TRAITS(ui2, uint16_t, m_usValue, SetUI2, "Cui2Col", true);
+ORVEXXML_INLINE_TRAITS(ui4, OxULong, m_ulValue, SetUI4, "Cui4Col", true);
+ORVEXXML_INLINE_TRAITS(ui8, uint64_t, m_ullValue, SetUI8, "Cui8Col", true);
+ORVEXXML_INLINE_TRAITS(char, char, m_cValue, SetChar, nullptr, false);  // no collection, no check
+ORVEXXML_INLINE_TRAITS(boolean, bool, m_bValue, SetBoolean, "CbooleanCol", true);
 
 #undef ORVEXXML_INLINE_TRAITS
 
 // The float kinds take the format override.
-#define ORVEXXML_FLOAT_TRAITS(kind, type, member, setter, collection)                          \
-    template <>                                                                                \
-    struct CItemTypeTraits<ItemType_##kind> {                                                  \
-        typedef type ValueType;                                                                \
-        static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_inline;       \
-        static constexpr bool HasFromText = true;                                              \
-        static constexpr const char* CollectionName = collection;                              \
-        static type& Slot(OxVariant& v) { return v.member; }                                   \
-        static const type& Slot(const OxVariant& v) { return v.member; }                       \
-        static void Store(OxVariant& v, type value) { v.setter(value); }                       \
-        static std::string ToText(type value, const char* pszFormat) {                         \
-            return CConversions::kind##ToString(value, pszFormat);                             \
-        }                                                                                      \
-        static type FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) { \
-            return CConversions::kind##FromString(text, rule);                                 \
-        }                                                                                      \
+#define ORVEXXML_FLOAT_TRAITS(kind, type, member, setter, collection)                            \
+    template <>                                                                                  \
+    struct CItemTypeTraits<ItemType_##kind> {                                                    \
+        typedef type ValueType;                                                                  \
+        static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_inline;         \
+        static constexpr bool HasFromText = true;                                                \
+        static constexpr bool HasValidate = true;                                                \
+        static constexpr const char* CollectionName = collection;                                \
+        static void Validate(const char* pszName, type value, const CPrimitiveRestrictions& r) { \
+            ValidateValue(pszName, value, r);                                                    \
+        }                                                                                        \
+        static type& Slot(OxVariant& v) { return v.member; }                                     \
+        static const type& Slot(const OxVariant& v) { return v.member; }                         \
+        static void Store(OxVariant& v, type value) { v.setter(value); }                         \
+        static std::string ToText(type value, const char* pszFormat) {                           \
+            return CConversions::kind##ToString(value, pszFormat);                               \
+        }                                                                                        \
+        static type FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {   \
+            return CConversions::kind##FromString(text, rule);                                   \
+        }                                                                                        \
     }
 
 ORVEXXML_FLOAT_TRAITS(r4, float, m_fValue, SetR4, "Cr4Col");
@@ -87,6 +98,7 @@ ORVEXXML_FLOAT_TRAITS(r8, double, m_dValue, SetR8, "Cr8Col");
         typedef type ValueType;                                                                            \
         static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_inline;                   \
         static constexpr bool HasFromText = false;                                                         \
+        static constexpr bool HasValidate = false;                                                         \
         static constexpr const char* CollectionName = collection;                                          \
         static type& Slot(OxVariant& v) { return v.member; }                                               \
         static const type& Slot(const OxVariant& v) { return v.member; }                                   \
@@ -105,7 +117,11 @@ struct CItemTypeTraits<ItemType_string> {
     typedef std::string ValueType;
     static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_owned;
     static constexpr bool HasFromText = true;
+    static constexpr bool HasValidate = true;
     static constexpr const char* CollectionName = "CstringCol";
+    static void Validate(const char* pszName, const std::string& value, const CPrimitiveRestrictions& restrictions) {
+        ValidateValue(pszName, value, restrictions);
+    }
     static std::string*& Slot(OxVariant& v) { return v.m_pString; }
     static std::string* const& Slot(const OxVariant& v) { return v.m_pString; }
     static void Store(OxVariant& v, std::string value) { v.SetString(std::move(value)); }
@@ -116,27 +132,72 @@ struct CItemTypeTraits<ItemType_string> {
     }
 };
 
-#define ORVEXXML_BINARY_TRAITS(kind, setter, collection)                                              \
-    template <>                                                                                       \
-    struct CItemTypeTraits<ItemType_##kind> {                                                         \
-        typedef CBinaryData ValueType;                                                                \
-        static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_owned;               \
-        static constexpr bool HasFromText = true;                                                     \
-        static constexpr const char* CollectionName = collection;                                     \
-        static CBinaryData*& Slot(OxVariant& v) { return v.m_pBinaryData; }                           \
-        static CBinaryData* const& Slot(const OxVariant& v) { return v.m_pBinaryData; }               \
-        static void Store(OxVariant& v, const CBinaryData& value) { v.setter(value); }                \
-        static std::string ToText(const CBinaryData& value, const char*) {                            \
-            return CConversions::kind##ToString(value);                                               \
-        }                                                                                             \
-        static CBinaryData FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) { \
-            return CConversions::kind##FromString(text, rule);                                        \
-        }                                                                                             \
+#define ORVEXXML_BINARY_TRAITS(kind, setter, collection, check)                                                \
+    template <>                                                                                                \
+    struct CItemTypeTraits<ItemType_##kind> {                                                                  \
+        typedef CBinaryData ValueType;                                                                         \
+        static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_owned;                        \
+        static constexpr bool HasFromText = true;                                                              \
+        static constexpr bool HasValidate = true;                                                              \
+        static void Validate(const char* pszName, const CBinaryData& value, const CPrimitiveRestrictions& r) { \
+            check(pszName, value, r);                                                                          \
+        }                                                                                                      \
+        static constexpr const char* CollectionName = collection;                                              \
+        static CBinaryData*& Slot(OxVariant& v) { return v.m_pBinaryData; }                                    \
+        static CBinaryData* const& Slot(const OxVariant& v) { return v.m_pBinaryData; }                        \
+        static void Store(OxVariant& v, const CBinaryData& value) { v.setter(value); }                         \
+        static std::string ToText(const CBinaryData& value, const char*) {                                     \
+            return CConversions::kind##ToString(value);                                                        \
+        }                                                                                                      \
+        static CBinaryData FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {          \
+            return CConversions::kind##FromString(text, rule);                                                 \
+        }                                                                                                      \
     }
 
-ORVEXXML_BINARY_TRAITS(hexBinary, SetHexBinary, "ChexBinaryCol");
-ORVEXXML_BINARY_TRAITS(base64Binary, SetBase64Binary, "Cbase64BinaryCol");
+ORVEXXML_BINARY_TRAITS(hexBinary, SetHexBinary, "ChexBinaryCol", ValidateHexBinary);
+ORVEXXML_BINARY_TRAITS(base64Binary, SetBase64Binary, "Cbase64BinaryCol", ValidateBase64Binary);
 
 #undef ORVEXXML_BINARY_TRAITS
+
+template <>
+struct CItemTypeTraits<ItemType_decimal> {
+    typedef CDecimal ValueType;
+    static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_owned;
+    static constexpr bool HasFromText = true;
+    static constexpr bool HasValidate = true;
+    static constexpr const char* CollectionName = "CdecimalCol";
+    static void Validate(const char* pszName, const CDecimal& value, const CPrimitiveRestrictions& restrictions) {
+        ValidateValue(pszName, value, restrictions);
+    }
+    static CDecimal*& Slot(OxVariant& v) { return v.m_pDecimal; }
+    static CDecimal* const& Slot(const OxVariant& v) { return v.m_pDecimal; }
+    static void Store(OxVariant& v, const CDecimal& value) { v.SetDecimal(value); }
+    // The format override is a number of places.
+    static std::string ToText(const CDecimal& value, const char* pszFormat) {
+        return CConversions::decimalToString(value, pszFormat);
+    }
+    static CDecimal FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::decimalFromString(text, rule);
+    }
+};
+
+template <>
+struct CItemTypeTraits<ItemType_integer> {
+    typedef CBigInteger ValueType;
+    static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_owned;
+    static constexpr bool HasFromText = true;
+    static constexpr bool HasValidate = true;
+    static constexpr const char* CollectionName = "CintegerCol";
+    static void Validate(const char* pszName, const CBigInteger& value, const CPrimitiveRestrictions& restrictions) {
+        ValidateValue(pszName, value, restrictions);
+    }
+    static CBigInteger*& Slot(OxVariant& v) { return v.m_pBigInteger; }
+    static CBigInteger* const& Slot(const OxVariant& v) { return v.m_pBigInteger; }
+    static void Store(OxVariant& v, const CBigInteger& value) { v.SetInteger(value); }
+    static std::string ToText(const CBigInteger& value, const char*) { return CConversions::integerToString(value); }
+    static CBigInteger FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::integerFromString(text, rule);
+    }
+};
 
 }  // namespace OrvexXml

@@ -6,7 +6,9 @@
 #include "orvexxml/collections/xmlcollectionbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/values/biginteger.h"
 #include "orvexxml/values/binarydata.h"
+#include "orvexxml/values/decimal.h"
 #include "orvexxml/values/itemtypeinfo.h"
 
 namespace OrvexXml {
@@ -206,6 +208,24 @@ void OxVariant::SetBase64Binary(const CBinaryData& value) {
 CBinaryData OxVariant::GetHexBinary() const { return m_pBinaryData ? *m_pBinaryData : CBinaryData(); }
 
 CBinaryData OxVariant::GetBase64Binary() const { return m_pBinaryData ? *m_pBinaryData : CBinaryData(); }
+
+void OxVariant::SetDecimal(const CDecimal& value) {
+    CDecimal* pDecimal = new CDecimal(value);
+    Clear();
+    m_type = ItemType_decimal;
+    m_pDecimal = pDecimal;
+}
+
+void OxVariant::SetInteger(const CBigInteger& value) {
+    CBigInteger* pBigInteger = new CBigInteger(value);
+    Clear();
+    m_type = ItemType_integer;
+    m_pBigInteger = pBigInteger;
+}
+
+CDecimal OxVariant::GetDecimal() const { return m_pDecimal ? *m_pDecimal : CDecimal(); }
+
+CBigInteger OxVariant::GetInteger() const { return m_pBigInteger ? *m_pBigInteger : CBigInteger(); }
 
 void OxVariant::SetXmlObject(CXmlObjectBase* pObject) {
     // The new reference is taken before the old one is dropped, so setting the object the

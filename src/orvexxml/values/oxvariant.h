@@ -48,8 +48,8 @@ public:
         CBinaryData* m_pBinaryData;      // hexBinary, base64Binary
         CDateTimeSpan* m_pDateTimeSpan;  // duration (arrives with CDateTimeSpan)
         CDateTime* m_pDateTime;          // the five date kinds (arrive with CDateTime)
-        CDecimal* m_pDecimal;            // decimal (arrives with CDecimal)
-        CBigInteger* m_pBigInteger;      // integer (arrives with CBigInteger)
+        CDecimal* m_pDecimal;            // decimal
+        CBigInteger* m_pBigInteger;      // integer
         CXmlObjectBase* m_pXmlObject;    // object reference
         CXmlCollectionBase* m_pXmlCol;   // collection reference
     };
@@ -97,6 +97,8 @@ public:
     // The variant keeps its own copy; later changes through value don't reach it.
     void SetHexBinary(const CBinaryData& value);
     void SetBase64Binary(const CBinaryData& value);
+    void SetDecimal(const CDecimal& value);
+    void SetInteger(const CBigInteger& value);
     // Takes a reference on pObject unless it is null.
     void SetXmlObject(CXmlObjectBase* pObject);
 
@@ -119,6 +121,8 @@ public:
     // A copy of the value; a nil variant gives the empty value.
     CBinaryData GetHexBinary() const;
     CBinaryData GetBase64Binary() const;
+    CDecimal GetDecimal() const;
+    CBigInteger GetInteger() const;
     // The object held; the smart pointer takes its own reference.
     CSmartPtr<CXmlObjectBase> GetXmlObject() const;
     // A counted reference to a collection (type 28); null is a legal value.

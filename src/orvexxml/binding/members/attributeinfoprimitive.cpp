@@ -1,9 +1,9 @@
 #include "orvexxml/binding/members/attributeinfoprimitive.h"
 
-#include "orvexxml/binding/facetcheck.h"
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/values/oxvariant.h"
+#include "orvexxml/values/validatevalue.h"
 #include "orvexxml/writers/xmlwriter.h"
 #include "orvexxml/xml/xmlattribute.h"
 
@@ -24,7 +24,7 @@ CAttributeInfoPrimitive::CAttributeInfoPrimitive(const char* pszName, const char
 CAttributeInfoPrimitive::~CAttributeInfoPrimitive() {}
 
 void CAttributeInfoPrimitive::CheckRestriction(OxVariant value) const {
-    CheckPrimitiveFacets(m_strAttributeName, value, m_eItemType, m_restrictions);
+    ValidatePrimitive(m_strAttributeName.c_str(), value, m_eItemType, m_restrictions);
 }
 
 void CAttributeInfoPrimitive::AttributeToXml(const CSerializationContext& ctx, const CXmlGeneratedClass* pClass,

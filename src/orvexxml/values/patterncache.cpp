@@ -1,0 +1,100 @@
+#include "orvexxml/values/patterncache.h"
+
+#define PCRE2_CODE_UNIT_WIDTH 8
+#include <pcre2.h>
+
+#include <memory>
+#include <mutex>
+#include <shared_mutex>
+#include <unordered_map>
+
+#include "orvexxml/infrastructure/exceptions.h"
+
+namespace OrvexXml {
+
+namespace {
+
+// One pattern as compiled, or the message of its failure.
+struct CompiledPattern {
+    pcre2_code* pCode = nullptr;
+    std::string strError;
+
+    CompiledPattern() = default;
+    CompiledPattern(const CompiledPattern&) = delete;
+    CompiledPattern& operator=(const CompiledPattern&) = delete;
+    ~CompiledPattern() { pcre2_code_free(pCode); }
+};
+
+struct PatternTable {
+    std::shared_mutex mutex;
+    std::unordered_map<std::string, std::shared_ptr<const CompiledPattern>> patterns;
+};
+
+// Never destroyed: checks may run while objects with static storage are destroyed.
+PatternTable& Table() {
+    static PatternTable* s_pTable = new PatternTable;
+    return *s_pTable;
+}
+
+std::shared_ptr<const CompiledPattern> Compile(const std::string& strPattern) {
+    auto pCompiled = std::make_shared<CompiledPattern>();
+    int nError = 0;
+    PCRE2_SIZE nErrorOffset = 0;
+    // The pattern ends at its first null byte.
+    pCompiled->pCode = pcre2_compile(reinterpret_cast<PCRE2_SPTR>(strPattern.c_str()), PCRE2_ZERO_TERMINATED, PCRE2_UTF,
+                                     &nError, &nErrorOffset, nullptr);
+    if (pCompiled->pCode == nullptr) {
+        PCRE2_UCHAR buffer[256];
+        pcre2_get_error_message(nError, buffer, sizeof(buffer));
+        pCompiled->strError = std::string("Invalid Regular Expression: ") + strPattern.c_str() + " Error: '" +
+                              reinterpret_cast<const char*>(buffer) + "'";
+    }
+    return pCompiled;
+}
+
+std::shared_ptr<const CompiledPattern> Lookup(const std::string& strPattern) {
+    PatternTable& table = Table();
+    {
+        std::shared_lock<std::shared_mutex> lock(table.mutex);
+        auto it = table.patterns.find(strPattern);
+        if (it != table.patterns.end()) return it->second;
+    }
+    // Compiled outside the lock; two threads that meet the same new pattern both compile
+    // it, and the first to file its result wins.
+    std::shared_ptr<const CompiledPattern> pCompiled = Compile(strPattern);
+    std::unique_lock<std::shared_mutex> lock(table.mutex);
+    if (table.patterns.size() >= CPatternCache::kMaxPatterns) table.patterns.clear();
+    return table.patterns.emplace(strPattern, pCompiled).first->second;
+}
+
+// The match settings of one thread, with the bound on backtracking.
+struct MatchSettings {
+    pcre2_match_context* pContext;
+    MatchSettings() : pContext(pcre2_match_context_create(nullptr)) {
+        if (pContext) pcre2_set_match_limit(pContext, CPatternCache::kMatchLimit);
+    }
+    MatchSettings(const MatchSettings&) = delete;
+    MatchSettings& operator=(const MatchSettings&) = delete;
+    ~MatchSettings() { pcre2_match_context_free(pContext); }
+};
+
+}  // namespace
+
+bool CPatternCache::MatchesWhole(const std::string& strPattern, const char* pSubject, size_t nLength) {
+    std::shared_ptr<const CompiledPattern> pCompiled = Lookup(strPattern);
+    if (pCompiled->pCode == nullptr) throw COxException(pCompiled->strError);
+
+    thread_local MatchSettings settings;
+    if (settings.pContext == nullptr) throw std::bad_alloc();
+    std::unique_ptr<pcre2_match_data, void (*)(pcre2_match_data*)> pData(
+        pcre2_match_data_create_from_pattern(pCompiled->pCode, nullptr), &pcre2_match_data_free);
+    if (!pData) throw std::bad_alloc();
+    const int nResult = pcre2_match(pCompiled->pCode, reinterpret_cast<PCRE2_SPTR>(pSubject), nLength, 0,
+                                    PCRE2_ANCHORED, pData.get(), settings.pContext);
+    // Every negative result is no match: no match, a subject that isn't UTF-8, the limit.
+    if (nResult <= 0) return false;
+    const PCRE2_SIZE* pOffsets = pcre2_get_ovector_pointer(pData.get());
+    return pOffsets[0] == 0 && pOffsets[1] == nLength;
+}
+
+}  // namespace OrvexXml

@@ -1,0 +1,223 @@
+#include "orvexxml/values/validatevalue.h"
+
+#include <cstring>
+
+#include "orvexxml/infrastructure/exceptions.h"
+#include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/infrastructure/textencoder.h"
+#include "orvexxml/values/biginteger.h"
+#include "orvexxml/values/binarydata.h"
+#include "orvexxml/values/decimal.h"
+#include "orvexxml/values/itemtypeinfo.h"
+#include "orvexxml/values/itemtypetraits.h"
+#include "orvexxml/values/oxvariant.h"
+#include "orvexxml/values/patterncache.h"
+#include "orvexxml/values/primitiverestrictions.h"
+
+namespace OrvexXml {
+
+namespace {
+
+const CWhitespaceUtils::WhitespaceRule kBoundRule = CWhitespaceUtils::WhitespaceRule_collapse;
+
+[[noreturn]] void Refuse(const char* pszName, const std::string& strValue) {
+    throw COxException(std::string("Invalid Value for ") + pszName + " [" + strValue + "].");
+}
+
+// The refusal of the sized integers up to 32 bits, the date parts and the floats: the number,
+// without a full stop.
+[[noreturn]] void RefuseNumber(const char* pszName, const std::string& strNumber) {
+    throw COxException(std::string("Invalid Value for ") + pszName + " [" + strNumber + "]");
+}
+
+// The four bounds, each read with the kind's conversion when its turn comes. Less is the
+// kind's order; for the floats a bound passes only when its comparison holds, which a NaN
+// never lets happen.
+template <ItemType eType, class Value, class RefuseFn>
+void CheckBounds(const Value& value, const CPrimitiveRestrictions& restrictions, RefuseFn refuse) {
+    typedef CItemTypeTraits<eType> Traits;
+    if (!restrictions.GetMinInclusive().empty()) {
+        if (!(value >= Traits::FromText(restrictions.GetMinInclusive(), kBoundRule))) refuse();
+    }
+    if (!restrictions.GetMaxInclusive().empty()) {
+        if (!(value <= Traits::FromText(restrictions.GetMaxInclusive(), kBoundRule))) refuse();
+    }
+    if (!restrictions.GetMinExclusive().empty()) {
+        if (!(value > Traits::FromText(restrictions.GetMinExclusive(), kBoundRule))) refuse();
+    }
+    if (!restrictions.GetMaxExclusive().empty()) {
+        if (!(value < Traits::FromText(restrictions.GetMaxExclusive(), kBoundRule))) refuse();
+    }
+}
+
+// A sized integer: the bounds, then the length of its text against the total digits.
+template <ItemType eType, class Value>
+void CheckInteger(const char* pszName, Value value, const CPrimitiveRestrictions& restrictions, bool bFullStop) {
+    typedef CItemTypeTraits<eType> Traits;
+    auto refuse = [&]() {
+        const std::string strText = Traits::ToText(value, nullptr);
+        if (bFullStop) Refuse(pszName, strText);
+        RefuseNumber(pszName, strText);
+    };
+    CheckBounds<eType>(value, restrictions, refuse);
+    if (restrictions.GetTotalDigits() >= 0 &&
+        Traits::ToText(value, nullptr).size() > static_cast<size_t>(restrictions.GetTotalDigits())) {
+        refuse();
+    }
+}
+
+template <ItemType eType, class Value>
+void CheckFloat(const char* pszName, Value value, const CPrimitiveRestrictions& restrictions) {
+    CheckBounds<eType>(value, restrictions,
+                       [&]() { RefuseNumber(pszName, FormatString("%f", static_cast<double>(value))); });
+}
+
+// Byte counts of binary data and strings.
+template <class RefuseFn>
+void CheckLength(size_t nLength, const CPrimitiveRestrictions& restrictions, RefuseFn refuse) {
+    if (restrictions.GetMinLength() >= 0 && nLength < static_cast<size_t>(restrictions.GetMinLength())) refuse();
+    if (restrictions.GetMaxLength() >= 0 && nLength > static_cast<size_t>(restrictions.GetMaxLength())) refuse();
+    if (restrictions.GetLength() >= 0 && nLength != static_cast<size_t>(restrictions.GetLength())) refuse();
+}
+
+// Local text as UTF-8, up to its first null byte.
+std::string ToUtf8(const std::string& strLocal) {
+    const CBinaryData utf8 = LocalToUtf8(strLocal.c_str());
+    const char* pData = reinterpret_cast<const char*>(utf8.GetData());
+    if (pData == nullptr) return std::string();
+    return std::string(pData, strnlen(pData, utf8.GetLength()));
+}
+
+// Replaces every occurrence of strFrom, from the start to the end.
+void ReplaceAll(std::string& strText, const char* pszFrom, const char* pszTo) {
+    const size_t nFrom = std::strlen(pszFrom);
+    const size_t nTo = std::strlen(pszTo);
+    for (size_t nPos = strText.find(pszFrom); nPos != std::string::npos; nPos = strText.find(pszFrom, nPos + nTo)) {
+        strText.replace(nPos, nFrom, pszTo);
+    }
+}
+
+}  // namespace
+
+void ValidateValue(const char* pszName, char value, const CPrimitiveRestrictions& restrictions) {
+    CheckInteger<ItemType_i1>(pszName, value, restrictions, false);
+}
+
+void ValidateValue(const char* pszName, int16_t value, const CPrimitiveRestrictions& restrictions) {
+    CheckInteger<ItemType_i2>(pszName, value, restrictions, false);
+}
+
+void ValidateValue(const char* pszName, int32_t value, const CPrimitiveRestrictions& restrictions) {
+    CheckInteger<ItemType_i4>(pszName, value, restrictions, false);
+}
+
+void ValidateValue(const char* pszName, int64_t value, const CPrimitiveRestrictions& restrictions) {
+    CheckInteger<ItemType_i8>(pszName, value, restrictions, true);
+}
+
+void ValidateValue(const char* pszName, uint8_t value, const CPrimitiveRestrictions& restrictions) {
+    CheckInteger<ItemType_ui1>(pszName, value, restrictions, false);
+}
+
+void ValidateValue(const char* pszName, uint16_t value, const CPrimitiveRestrictions& restrictions) {
+    CheckInteger<ItemType_ui2>(pszName, value, restrictions, false);
+}
+
+void ValidateValue(const char* pszName, uint32_t value, const CPrimitiveRestrictions& restrictions) {
+    CheckInteger<ItemType_ui4>(pszName, value, restrictions, false);
+}
+
+void ValidateValue(const char* pszName, uint64_t value, const CPrimitiveRestrictions& restrictions) {
+    CheckInteger<ItemType_ui8>(pszName, value, restrictions, true);
+}
+
+void ValidateValue(const char* pszName, float value, const CPrimitiveRestrictions& restrictions) {
+    CheckFloat<ItemType_r4>(pszName, value, restrictions);
+}
+
+void ValidateValue(const char* pszName, double value, const CPrimitiveRestrictions& restrictions) {
+    CheckFloat<ItemType_r8>(pszName, value, restrictions);
+}
+
+void ValidateValue(const char* pszName, const std::string& value, const CPrimitiveRestrictions& restrictions) {
+    CheckLength(value.size(), restrictions, [&]() { Refuse(pszName, value); });
+    if (restrictions.GetPattern().empty()) return;
+    bool bMatches = false;
+    try {
+        bMatches = MatchesPattern(ToUtf8(restrictions.GetPattern()), value);
+    } catch (const COxException& e) {
+        throw COxException(e.GetFullMessage() + "\nInvalid Value for " + pszName + " [" + value + "].");
+    }
+    if (!bMatches) Refuse(pszName, value);
+}
+
+void ValidateValue(const char* pszName, const char* value, const CPrimitiveRestrictions& restrictions) {
+    ValidateValue(pszName, std::string(value == nullptr ? "" : value), restrictions);
+}
+
+void ValidateValue(const char*, bool, const CPrimitiveRestrictions&) {}
+
+void ValidateValue(const char* pszName, const CDecimal& value, const CPrimitiveRestrictions& restrictions) {
+    auto refuse = [&]() { Refuse(pszName, value.ToString()); };
+    CheckBounds<ItemType_decimal>(value, restrictions, refuse);
+    if (restrictions.GetTotalDigits() < 0 && restrictions.GetFractionDigits() < 0) return;
+    // The digits of the whole part without a leading 0, and the places of a fraction that
+    // has no trailing zeros.
+    const CBigInteger integer = value.GetIntegerPart();
+    const size_t nIntegerDigits = integer == CBigInteger(0) ? 0 : integer.GetAbs().ToString().size();
+    const size_t nFractionDigits =
+        value.GetFractionPart() == CBigInteger(0) ? 0 : static_cast<size_t>(value.GetFractionDivider());
+    if (restrictions.GetTotalDigits() >= 0 &&
+        nIntegerDigits + nFractionDigits > static_cast<size_t>(restrictions.GetTotalDigits())) {
+        refuse();
+    }
+    if (restrictions.GetFractionDigits() >= 0 &&
+        nFractionDigits > static_cast<size_t>(restrictions.GetFractionDigits())) {
+        refuse();
+    }
+}
+
+void ValidateValue(const char* pszName, const CBigInteger& value, const CPrimitiveRestrictions& restrictions) {
+    auto refuse = [&]() { Refuse(pszName, value.ToString()); };
+    CheckBounds<ItemType_integer>(value, restrictions, refuse);
+    if (restrictions.GetTotalDigits() >= 0 &&
+        value.ToString().size() > static_cast<size_t>(restrictions.GetTotalDigits())) {
+        refuse();
+    }
+}
+
+void ValidateHexBinary(const char* pszName, const CBinaryData& value, const CPrimitiveRestrictions& restrictions) {
+    CheckLength(value.GetLength(), restrictions, [&]() { Refuse(pszName, value.GetAsHexString()); });
+}
+
+void ValidateBase64Binary(const char* pszName, const CBinaryData& value, const CPrimitiveRestrictions& restrictions) {
+    CheckLength(value.GetLength(), restrictions, [&]() { Refuse(pszName, value.GetAsBase64()); });
+}
+
+void ValidatePrimitive(const char* pszName, const OxVariant& value, ItemType eType,
+                       const CPrimitiveRestrictions& restrictions) {
+    CItemTypeInfo::PfnValidate pfnValidate = CItemTypeInfo::Get(eType).m_pfnValidate;
+    if (pfnValidate == nullptr) {
+        throw COxInvalidValueException("Unknown type [" + value.GetType() + "].");
+    }
+    pfnValidate(pszName, value, restrictions);
+}
+
+bool MatchesPattern(std::string strPattern, std::string strValue) {
+    // An escaped backslash is shielded from the substitutions by a byte that a pattern
+    // doesn't hold, and comes back at the end.
+    ReplaceAll(strPattern, "\\\\", "\x01");
+    ReplaceAll(strPattern, "\\i", "([^\\W\\d]|:)");
+    ReplaceAll(strPattern, "\\I", "([\\W\\d])");
+    ReplaceAll(strPattern, "\\c", "(\\w|\\.|-|:)");
+    ReplaceAll(strPattern, "\\C", "([^\\w\\.\\-\\:])");
+    ReplaceAll(strPattern, "\\p{IsBasicLatin}", "[\\000-\\177]");
+    ReplaceAll(strPattern, "\\p{IsLatin-1Supplement}", "[\\200-\\377]");
+    ReplaceAll(strPattern, "\\p{IsLatinExtended-A}", "[\\400-\\577]");
+    ReplaceAll(strPattern, "\\p{IsLatinExtended-B}", "[\\600-\\1117]");
+    ReplaceAll(strPattern, "\x01", "\\\\");
+    const std::string strValueUtf8 = ToUtf8(strValue);
+    return CPatternCache::MatchesWhole("^(" + strPattern + ")$", strValueUtf8.data(), strValueUtf8.size());
+}
+
+}  // namespace OrvexXml
