@@ -4,7 +4,6 @@
 #include "orvexxml/binding/elementcol.h"
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/binding/xmlgeneratedclass.h"
-#include "orvexxml/values/validatevalue.h"
 #include "orvexxml/collections/xmlcollectionbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
