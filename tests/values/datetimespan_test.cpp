@@ -5,6 +5,7 @@
 #include <string>
 
 #include "expectthrow.h"
+#include "support/onewayforms.h"
 
 using OrvexXml::CDateTime;
 using OrvexXml::CDateTimeSpan;
@@ -70,6 +71,13 @@ TEST(DateTimeSpanTest, MalformedTextsAreRefusedWithTheirMessage) {
     for (const char* text : shapes) {
         EXPECT_OX_THROW(Span(text), COxInvalidValueException,
                         std::string("Invalid XSD Duration [") + text + "] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]");
+    }
+    // A duration of zeros writes a text without a count, which reads as a refusal.
+    for (const char* text : {"PT0S", "-P0Y", "P0DT0H0M0.000S"}) {
+        const std::string strWritten = Span(text).ToString();
+        EXPECT_TRUE(OrvexTest::IsEmptyDurationText(strWritten)) << text;
+        EXPECT_OX_THROW(Span(strWritten.c_str()), COxInvalidValueException,
+                        "Invalid XSD Duration [" + strWritten + "] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]");
     }
     // A refused text leaves what was read before the refusal.
     CDateTimeSpan partial;
