@@ -1,6 +1,7 @@
 // Feeds arbitrary bytes to the readers of single values and of raw byte streams: the text
-// forms of every item type, base64 and hex, decimals and big integers, the conversion of UTF-8 and UTF-16 to other
-// code pages, and documents handed over as bytes (byte order marks, UTF-16). Any outcome
+// forms of every item type, base64 and hex, decimals and big integers, dates, times and
+// durations, the conversion of UTF-8 and UTF-16 to other code pages, and documents handed
+// over as bytes (byte order marks, UTF-16). Any outcome
 // but a COxException is a finding, and so is a value that doesn't survive its own text form.
 #include <orvexxml/orvexxml.h>
 
@@ -119,6 +120,51 @@ void ToCodePage(const std::string& text, unsigned int nCodePage) {
     SetLocalCharEncoding(ORVEXXML_CP_UTF8);
 }
 
+// A date, time or duration read from text writes a text that reads back to the same value
+// and the same text. The selector picks the reader: dateTime, date, time or duration.
+void DateRoundTrip(const std::string& text, uint8_t nSelector) {
+    const int nReader = nSelector % 4;
+    if (nReader == 3) {
+        CDateTimeSpan span;
+        try {
+            span.ParseXSDDuration(text.c_str());
+        } catch (const COxException&) {
+            return;
+        }
+        const std::string strFirst = span.ToString();
+        if (OrvexTest::IsEmptyDurationText(strFirst)) return;
+        CDateTimeSpan again;
+        try {
+            again.ParseXSDDuration(strFirst.c_str());
+        } catch (const COxException&) {
+            std::abort();  // the library wrote a text it refuses to read
+        }
+        if (again.ToString() != strFirst || again.IsNegative() != span.IsNegative()) std::abort();
+        return;
+    }
+    CDateTime value;
+    try {
+        if (nReader == 0) value.ParseXSDDateTime(text.c_str());
+        if (nReader == 1) value.ParseXSDDate(text.c_str());
+        if (nReader == 2) value.ParseXSDTime(text.c_str());
+    } catch (const COxException&) {
+        return;
+    }
+    const std::string strFirst = value.ToString();
+    CDateTime again;
+    try {
+        if (nReader == 0) again.ParseXSDDateTime(strFirst.c_str());
+        if (nReader == 1) again.ParseXSDDate(strFirst.c_str());
+        if (nReader == 2) again.ParseXSDTime(strFirst.c_str());
+    } catch (const COxException&) {
+        std::abort();
+    }
+    if (again.ToString() != strFirst || again.GetType() != value.GetType() ||
+        again.CompareTo(value) != CDateTime::dtc_equal) {
+        std::abort();
+    }
+}
+
 template <class T>
 void ReadBytes(std::string& bytes) {
     CSmartPtr<T> object = T::CreateInstance();
@@ -159,6 +205,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
                 break;
             case 5:
                 NumberRoundTrip(text, nSelector);
+                break;
+            case 6:
+                DateRoundTrip(text, nSelector);
                 break;
         }
     } catch (const COxException&) {

@@ -96,6 +96,8 @@
 #include "orvexxml/values/biginteger.h"
 #include "orvexxml/values/binarydata.h"
 #include "orvexxml/values/conversions.h"
+#include "orvexxml/values/datetime.h"
+#include "orvexxml/values/datetimespan.h"
 #include "orvexxml/values/decimal.h"
 #include "orvexxml/values/itemtype.h"
 #include "orvexxml/values/oxvariant.h"

@@ -36,6 +36,10 @@ inline bool IsUnreadableCharText(OrvexXml::ItemType eType, const std::string& st
     return eType == OrvexXml::ItemType_char && strText.empty();
 }
 
+// A duration with every count 0 writes "P" (or "-P" when negative): no count follows, and a
+// duration without a count is refused by definition.
+inline bool IsEmptyDurationText(const std::string& strText) { return strText == "P" || strText == "-P"; }
+
 // A written document holds a cut float when one of its element texts is as long as a cut
 // r4 or r8 text and reads as a number. A document knows no types, so a string member of
 // exactly that length and shape is taken for one too; such a string never changes in a
