@@ -420,6 +420,67 @@ CBinaryData CConversions::base64BinaryFromString(const std::string& text, Whites
     return value;
 }
 
+// --- duration and the date kinds --------------------------------------------------------
+
+std::string CConversions::durationToString(const CDateTimeSpan& value) { return value.ToString(); }
+std::string CConversions::yearMonthToString(const CDateTime& value) { return value.ToString("s"); }
+std::string CConversions::monthDayToString(const CDateTime& value) { return value.ToString("s"); }
+std::string CConversions::dateToString(const CDateTime& value) { return value.ToString("s"); }
+std::string CConversions::datetimeToString(const CDateTime& value) { return value.ToString("s"); }
+std::string CConversions::timeToString(const CDateTime& value) { return value.ToString("s"); }
+
+CDateTimeSpan CConversions::durationFromString(const std::string& text, WhitespaceRule rule) {
+    CProcessedText processed(text, rule);
+    CDateTimeSpan value;
+    value.ParseXSDDuration(processed.Get().c_str());
+    return value;
+}
+
+namespace {
+
+// A value of the kind read by the parser that the kind's text goes through.
+CDateTime ReadDate(const std::string& text, CWhitespaceUtils::WhitespaceRule rule, CDateTime::DTType eType,
+                   void (CDateTime::*pfnParse)(const char*)) {
+    CProcessedText processed(text, rule);
+    CDateTime value(eType);
+    (value.*pfnParse)(processed.Get().c_str());
+    return value;
+}
+
+}  // namespace
+
+CDateTime CConversions::yearMonthFromString(const std::string& text, WhitespaceRule rule) {
+    return ReadDate(text, rule, CDateTime::dt_gYearMonth, &CDateTime::ParseXSDDate);
+}
+
+CDateTime CConversions::monthDayFromString(const std::string& text, WhitespaceRule rule) {
+    return ReadDate(text, rule, CDateTime::dt_gMonthDay, &CDateTime::ParseXSDDate);
+}
+
+CDateTime CConversions::dateFromString(const std::string& text, WhitespaceRule rule) {
+    return ReadDate(text, rule, CDateTime::dt_date, &CDateTime::ParseXSDDate);
+}
+
+CDateTime CConversions::datetimeFromString(const std::string& text, WhitespaceRule rule) {
+    return ReadDate(text, rule, CDateTime::dt_dateTime, &CDateTime::ParseXSDDateTime);
+}
+
+CDateTime CConversions::timeFromString(const std::string& text, WhitespaceRule rule) {
+    return ReadDate(text, rule, CDateTime::dt_time, &CDateTime::ParseXSDTime);
+}
+
+uint16_t CConversions::yearFromString(const std::string& text, WhitespaceRule rule) {
+    return static_cast<uint16_t>(ReadDate(text, rule, CDateTime::dt_gYear, &CDateTime::ParseXSDDate).GetYear());
+}
+
+uint8_t CConversions::monthFromString(const std::string& text, WhitespaceRule rule) {
+    return ReadDate(text, rule, CDateTime::dt_gMonth, &CDateTime::ParseXSDDate).GetMonth();
+}
+
+uint8_t CConversions::dayFromString(const std::string& text, WhitespaceRule rule) {
+    return ReadDate(text, rule, CDateTime::dt_gDay, &CDateTime::ParseXSDDate).GetDay();
+}
+
 // --- decimal, integer ---------------------------------------------------------------------
 
 std::string CConversions::decimalToString(const CDecimal& value) { return value.ToString(); }

@@ -6,6 +6,8 @@
 #include "orvexxml/export.h"
 #include "orvexxml/values/biginteger.h"
 #include "orvexxml/values/binarydata.h"
+#include "orvexxml/values/datetime.h"
+#include "orvexxml/values/datetimespan.h"
 #include "orvexxml/values/decimal.h"
 #include "orvexxml/values/whitespaceutils.h"
 
@@ -92,10 +94,32 @@ public:
     static CDecimal decimalFromString(const std::string& text, WhitespaceRule rule);
     static CBigInteger integerFromString(const std::string& text, WhitespaceRule rule);
 
+    // --- duration and the date kinds --------------------------------------------------------
+    // The text form of the value's own kind, whichever function is called.
+    static std::string durationToString(const CDateTimeSpan& value);
+    static std::string yearMonthToString(const CDateTime& value);
+    static std::string monthDayToString(const CDateTime& value);
+    static std::string dateToString(const CDateTime& value);
+    static std::string datetimeToString(const CDateTime& value);
+    static std::string timeToString(const CDateTime& value);
+    // The processed text read by the parser of the kind; a refusal throws its
+    // COxInvalidValueException.
+    static CDateTimeSpan durationFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTime yearMonthFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTime monthDayFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTime dateFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTime datetimeFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTime timeFromString(const std::string& text, WhitespaceRule rule);
+
     // --- year, month, day (the gYear, gMonth and gDay kinds held as plain numbers) ----------
     static std::string yearToString(uint16_t value);  // "%u", unpadded
     static std::string monthToString(uint8_t value);  // "--%02u"
     static std::string dayToString(uint8_t value);    // "---%02u"
+    // Read as gYear, gMonth and gDay texts ("2024", "--03", "---07"); a negative year wraps
+    // to 16 unsigned bits.
+    static uint16_t yearFromString(const std::string& text, WhitespaceRule rule);
+    static uint8_t monthFromString(const std::string& text, WhitespaceRule rule);
+    static uint8_t dayFromString(const std::string& text, WhitespaceRule rule);
 
     // Used by OxVariant::ToString, which takes its format as a C string: a null or empty
     // format means the default one. Same results as the std::string overloads.

@@ -121,13 +121,6 @@ constexpr CItemTypeInfo Row(const char* pszName, bool bJsonBare) {
                          ValidateHook<eType>()};
 }
 
-// A kind whose value class is not part of the library yet: named and placed, but no setter
-// gives a variant this type, and it neither converts nor copies.
-constexpr CItemTypeInfo Pending(ItemType eType, const char* pszName, bool bJsonBare) {
-    return CItemTypeInfo{eType,   pszName, CItemTypeInfo::Storage_owned, bJsonBare, nullptr, nullptr, nullptr,
-                         nullptr, nullptr};
-}
-
 }  // namespace
 
 // Indexed by the enum's numbers; the consistency of index and m_eType is tested.
@@ -145,15 +138,15 @@ const CItemTypeInfo CItemTypeInfo::s_rows[CItemTypeInfo::Count] = {
     Row<ItemType_ui8>("ui8", true),
     Row<ItemType_r4>("r4", true),
     Row<ItemType_r8>("r8", true),
-    Pending(ItemType_duration, "duration", false),
-    Pending(ItemType_yearMonth, "yearMonth", false),
-    Pending(ItemType_monthDay, "monthDay", false),
+    Row<ItemType_duration>("duration", false),
+    Row<ItemType_yearMonth>("yearMonth", false),
+    Row<ItemType_monthDay>("monthDay", false),
     Row<ItemType_year>("year", false),
     Row<ItemType_month>("month", false),
     Row<ItemType_day>("day", false),
-    Pending(ItemType_date, "date", false),
-    Pending(ItemType_datetime, "datetime", false),
-    Pending(ItemType_time, "time", false),
+    Row<ItemType_date>("date", false),
+    Row<ItemType_datetime>("datetime", false),
+    Row<ItemType_time>("time", false),
     Row<ItemType_char>("char", false),
     Row<ItemType_string>("string", false),
     Row<ItemType_boolean>("boolean", true),

@@ -90,25 +90,31 @@ ORVEXXML_FLOAT_TRAITS(r8, double, m_dValue, SetR8, "Cr8Col");
 
 #undef ORVEXXML_FLOAT_TRAITS
 
-// Year, month and day are written by their own conversions but read through the date parser,
-// which is not part of the library yet: no FromText.
-#define ORVEXXML_DATEPART_TRAITS(kind, type, member, setter, collection)                                   \
+// Year, month and day are held as plain numbers, written by their own conversions and read
+// through the date parser.
+#define ORVEXXML_DATEPART_TRAITS(kind, type, member, setter, collection, check)                            \
     template <>                                                                                            \
     struct CItemTypeTraits<ItemType_##kind> {                                                              \
         typedef type ValueType;                                                                            \
         static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_inline;                   \
-        static constexpr bool HasFromText = false;                                                         \
-        static constexpr bool HasValidate = false;                                                         \
+        static constexpr bool HasFromText = true;                                                          \
+        static constexpr bool HasValidate = true;                                                          \
         static constexpr const char* CollectionName = collection;                                          \
         static type& Slot(OxVariant& v) { return v.member; }                                               \
         static const type& Slot(const OxVariant& v) { return v.member; }                                   \
         static void Store(OxVariant& v, type value) { v.setter(value); }                                   \
         static std::string ToText(type value, const char*) { return CConversions::kind##ToString(value); } \
+        static type FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {             \
+            return CConversions::kind##FromString(text, rule);                                             \
+        }                                                                                                  \
+        static void Validate(const char* pszName, type value, const CPrimitiveRestrictions& r) {           \
+            check(pszName, value, r);                                                                      \
+        }                                                                                                  \
     }
 
-ORVEXXML_DATEPART_TRAITS(year, uint16_t, m_usValue, SetYear, "CyearCol");
-ORVEXXML_DATEPART_TRAITS(month, uint8_t, m_ucValue, SetMonth, "CmonthCol");
-ORVEXXML_DATEPART_TRAITS(day, uint8_t, m_ucValue, SetDay, "CdayCol");
+ORVEXXML_DATEPART_TRAITS(year, uint16_t, m_usValue, SetYear, "CyearCol", ValidateYear);
+ORVEXXML_DATEPART_TRAITS(month, uint8_t, m_ucValue, SetMonth, "CmonthCol", ValidateMonth);
+ORVEXXML_DATEPART_TRAITS(day, uint8_t, m_ucValue, SetDay, "CdayCol", ValidateDay);
 
 #undef ORVEXXML_DATEPART_TRAITS
 
@@ -158,6 +164,54 @@ ORVEXXML_BINARY_TRAITS(hexBinary, SetHexBinary, "ChexBinaryCol", ValidateHexBina
 ORVEXXML_BINARY_TRAITS(base64Binary, SetBase64Binary, "Cbase64BinaryCol", ValidateBase64Binary);
 
 #undef ORVEXXML_BINARY_TRAITS
+
+template <>
+struct CItemTypeTraits<ItemType_duration> {
+    typedef CDateTimeSpan ValueType;
+    static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_owned;
+    static constexpr bool HasFromText = true;
+    static constexpr bool HasValidate = true;
+    static constexpr const char* CollectionName = "CdurationCol";
+    static CDateTimeSpan*& Slot(OxVariant& v) { return v.m_pDateTimeSpan; }
+    static CDateTimeSpan* const& Slot(const OxVariant& v) { return v.m_pDateTimeSpan; }
+    static void Store(OxVariant& v, const CDateTimeSpan& value) { v.SetDuration(value); }
+    static std::string ToText(const CDateTimeSpan& value, const char*) { return CConversions::durationToString(value); }
+    static CDateTimeSpan FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
+        return CConversions::durationFromString(text, rule);
+    }
+    static void Validate(const char* pszName, const CDateTimeSpan& value, const CPrimitiveRestrictions& restrictions) {
+        ValidateValue(pszName, value, restrictions);
+    }
+};
+
+// The five date kinds share their value class; each reads its own text.
+#define ORVEXXML_DATE_TRAITS(kind, setter, collection)                                                                 \
+    template <>                                                                                                        \
+    struct CItemTypeTraits<ItemType_##kind> {                                                                          \
+        typedef CDateTime ValueType;                                                                                   \
+        static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_owned;                                \
+        static constexpr bool HasFromText = true;                                                                      \
+        static constexpr bool HasValidate = true;                                                                      \
+        static constexpr const char* CollectionName = collection;                                                      \
+        static CDateTime*& Slot(OxVariant& v) { return v.m_pDateTime; }                                                \
+        static CDateTime* const& Slot(const OxVariant& v) { return v.m_pDateTime; }                                    \
+        static void Store(OxVariant& v, const CDateTime& value) { v.setter(value); }                                   \
+        static std::string ToText(const CDateTime& value, const char*) { return CConversions::kind##ToString(value); } \
+        static CDateTime FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {                    \
+            return CConversions::kind##FromString(text, rule);                                                         \
+        }                                                                                                              \
+        static void Validate(const char* pszName, const CDateTime& value, const CPrimitiveRestrictions& r) {           \
+            ValidateValue(pszName, value, r);                                                                          \
+        }                                                                                                              \
+    }
+
+ORVEXXML_DATE_TRAITS(yearMonth, SetYearMonth, "CyearMonthCol");
+ORVEXXML_DATE_TRAITS(monthDay, SetMonthDay, "CmonthDayCol");
+ORVEXXML_DATE_TRAITS(date, SetDate, "CdateCol");
+ORVEXXML_DATE_TRAITS(datetime, SetDateTime, "CdatetimeCol");
+ORVEXXML_DATE_TRAITS(time, SetTime, "CtimeCol");
+
+#undef ORVEXXML_DATE_TRAITS
 
 template <>
 struct CItemTypeTraits<ItemType_decimal> {

@@ -8,6 +8,8 @@
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/values/biginteger.h"
 #include "orvexxml/values/binarydata.h"
+#include "orvexxml/values/datetime.h"
+#include "orvexxml/values/datetimespan.h"
 #include "orvexxml/values/decimal.h"
 #include "orvexxml/values/itemtypeinfo.h"
 
@@ -208,6 +210,38 @@ void OxVariant::SetBase64Binary(const CBinaryData& value) {
 CBinaryData OxVariant::GetHexBinary() const { return m_pBinaryData ? *m_pBinaryData : CBinaryData(); }
 
 CBinaryData OxVariant::GetBase64Binary() const { return m_pBinaryData ? *m_pBinaryData : CBinaryData(); }
+
+void OxVariant::SetDuration(const CDateTimeSpan& value) {
+    CDateTimeSpan* pSpan = new CDateTimeSpan(value);
+    Clear();
+    m_type = ItemType_duration;
+    m_pDateTimeSpan = pSpan;
+}
+
+namespace {
+
+// The date kinds differ only in their type number.
+void StoreDate(OxVariant& target, ItemType eType, const CDateTime& value) {
+    CDateTime* pDateTime = new CDateTime(value);
+    target.Clear();
+    target.m_type = eType;
+    target.m_pDateTime = pDateTime;
+}
+
+}  // namespace
+
+void OxVariant::SetYearMonth(const CDateTime& value) { StoreDate(*this, ItemType_yearMonth, value); }
+void OxVariant::SetMonthDay(const CDateTime& value) { StoreDate(*this, ItemType_monthDay, value); }
+void OxVariant::SetDate(const CDateTime& value) { StoreDate(*this, ItemType_date, value); }
+void OxVariant::SetDateTime(const CDateTime& value) { StoreDate(*this, ItemType_datetime, value); }
+void OxVariant::SetTime(const CDateTime& value) { StoreDate(*this, ItemType_time, value); }
+
+CDateTimeSpan OxVariant::GetDuration() const { return m_pDateTimeSpan ? *m_pDateTimeSpan : CDateTimeSpan(); }
+CDateTime OxVariant::GetYearMonth() const { return m_pDateTime ? *m_pDateTime : CDateTime(); }
+CDateTime OxVariant::GetMonthDay() const { return m_pDateTime ? *m_pDateTime : CDateTime(); }
+CDateTime OxVariant::GetDate() const { return m_pDateTime ? *m_pDateTime : CDateTime(); }
+CDateTime OxVariant::GetDateTime() const { return m_pDateTime ? *m_pDateTime : CDateTime(); }
+CDateTime OxVariant::GetTime() const { return m_pDateTime ? *m_pDateTime : CDateTime(); }
 
 void OxVariant::SetDecimal(const CDecimal& value) {
     CDecimal* pDecimal = new CDecimal(value);

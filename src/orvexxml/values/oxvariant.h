@@ -46,8 +46,8 @@ public:
         bool m_bValue;                   // boolean
         std::string* m_pString;          // string
         CBinaryData* m_pBinaryData;      // hexBinary, base64Binary
-        CDateTimeSpan* m_pDateTimeSpan;  // duration (arrives with CDateTimeSpan)
-        CDateTime* m_pDateTime;          // the five date kinds (arrive with CDateTime)
+        CDateTimeSpan* m_pDateTimeSpan;  // duration
+        CDateTime* m_pDateTime;          // the five date kinds
         CDecimal* m_pDecimal;            // decimal
         CBigInteger* m_pBigInteger;      // integer
         CXmlObjectBase* m_pXmlObject;    // object reference
@@ -97,6 +97,13 @@ public:
     // The variant keeps its own copy; later changes through value don't reach it.
     void SetHexBinary(const CBinaryData& value);
     void SetBase64Binary(const CBinaryData& value);
+    void SetDuration(const CDateTimeSpan& value);
+    // The five date kinds take the value as it is: its own kind decides its text form.
+    void SetYearMonth(const CDateTime& value);
+    void SetMonthDay(const CDateTime& value);
+    void SetDate(const CDateTime& value);
+    void SetDateTime(const CDateTime& value);
+    void SetTime(const CDateTime& value);
     void SetDecimal(const CDecimal& value);
     void SetInteger(const CBigInteger& value);
     // Takes a reference on pObject unless it is null.
@@ -121,6 +128,12 @@ public:
     // A copy of the value; a nil variant gives the empty value.
     CBinaryData GetHexBinary() const;
     CBinaryData GetBase64Binary() const;
+    CDateTimeSpan GetDuration() const;
+    CDateTime GetYearMonth() const;
+    CDateTime GetMonthDay() const;
+    CDateTime GetDate() const;
+    CDateTime GetDateTime() const;
+    CDateTime GetTime() const;
     CDecimal GetDecimal() const;
     CBigInteger GetInteger() const;
     // The object held; the smart pointer takes its own reference.

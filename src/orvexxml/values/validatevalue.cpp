@@ -7,6 +7,8 @@
 #include "orvexxml/infrastructure/textencoder.h"
 #include "orvexxml/values/biginteger.h"
 #include "orvexxml/values/binarydata.h"
+#include "orvexxml/values/datetime.h"
+#include "orvexxml/values/datetimespan.h"
 #include "orvexxml/values/decimal.h"
 #include "orvexxml/values/itemtypeinfo.h"
 #include "orvexxml/values/itemtypetraits.h"
@@ -70,6 +72,25 @@ template <ItemType eType, class Value>
 void CheckFloat(const char* pszName, Value value, const CPrimitiveRestrictions& restrictions) {
     CheckBounds<eType>(value, restrictions,
                        [&]() { RefuseNumber(pszName, FormatString("%f", static_cast<double>(value))); });
+}
+
+// The bounds of the partially ordered kinds: an indeterminate comparison passes all four.
+template <class Value, class ReadFn, class RefuseFn>
+void CheckPartialBounds(const Value& value, const CPrimitiveRestrictions& restrictions, ReadFn read, RefuseFn refuse) {
+    if (!restrictions.GetMinInclusive().empty()) {
+        if (value.CompareTo(read(restrictions.GetMinInclusive())) == CDateTime::dtc_lessThan) refuse();
+    }
+    if (!restrictions.GetMaxInclusive().empty()) {
+        if (value.CompareTo(read(restrictions.GetMaxInclusive())) == CDateTime::dtc_greaterThan) refuse();
+    }
+    if (!restrictions.GetMinExclusive().empty()) {
+        const CDateTime::DTCompareResult eResult = value.CompareTo(read(restrictions.GetMinExclusive()));
+        if (eResult != CDateTime::dtc_greaterThan && eResult != CDateTime::dtc_indeterminate) refuse();
+    }
+    if (!restrictions.GetMaxExclusive().empty()) {
+        const CDateTime::DTCompareResult eResult = value.CompareTo(read(restrictions.GetMaxExclusive()));
+        if (eResult != CDateTime::dtc_lessThan && eResult != CDateTime::dtc_indeterminate) refuse();
+    }
 }
 
 // Byte counts of binary data and strings.
@@ -184,6 +205,42 @@ void ValidateValue(const char* pszName, const CBigInteger& value, const CPrimiti
         value.ToString().size() > static_cast<size_t>(restrictions.GetTotalDigits())) {
         refuse();
     }
+}
+
+void ValidateValue(const char* pszName, const CDateTimeSpan& value, const CPrimitiveRestrictions& restrictions) {
+    CheckPartialBounds(
+        value, restrictions,
+        [](const std::string& strBound) { return CConversions::durationFromString(strBound, kBoundRule); },
+        [&]() { Refuse(pszName, value.ToString()); });
+}
+
+void ValidateValue(const char* pszName, const CDateTime& value, const CPrimitiveRestrictions& restrictions) {
+    // A bound is a text of the value's own kind, read by that kind's parser.
+    auto read = [&](const std::string& strBound) {
+        const std::string strProcessed = CWhitespaceUtils::ApplyRule(kBoundRule, strBound);
+        CDateTime bound(value.GetType());
+        if (value.GetType() == CDateTime::dt_dateTime) {
+            bound.ParseXSDDateTime(strProcessed.c_str());
+        } else if (value.GetType() == CDateTime::dt_time) {
+            bound.ParseXSDTime(strProcessed.c_str());
+        } else {
+            bound.ParseXSDDate(strProcessed.c_str());
+        }
+        return bound;
+    };
+    CheckPartialBounds(value, restrictions, read, [&]() { Refuse(pszName, value.ToString()); });
+}
+
+void ValidateYear(const char* pszName, uint16_t value, const CPrimitiveRestrictions& restrictions) {
+    CheckBounds<ItemType_year>(value, restrictions, [&]() { RefuseNumber(pszName, std::to_string(value)); });
+}
+
+void ValidateMonth(const char* pszName, uint8_t value, const CPrimitiveRestrictions& restrictions) {
+    CheckBounds<ItemType_month>(value, restrictions, [&]() { RefuseNumber(pszName, std::to_string(value)); });
+}
+
+void ValidateDay(const char* pszName, uint8_t value, const CPrimitiveRestrictions& restrictions) {
+    CheckBounds<ItemType_day>(value, restrictions, [&]() { RefuseNumber(pszName, std::to_string(value)); });
 }
 
 void ValidateHexBinary(const char* pszName, const CBinaryData& value, const CPrimitiveRestrictions& restrictions) {

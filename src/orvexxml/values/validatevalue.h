@@ -10,6 +10,8 @@ namespace OrvexXml {
 
 class CBigInteger;
 class CBinaryData;
+class CDateTime;
+class CDateTimeSpan;
 class CDecimal;
 class CPrimitiveRestrictions;
 class OxVariant;
@@ -24,11 +26,12 @@ class OxVariant;
 //
 // Bounds: the integer kinds, decimal and integer compare with their own operators; the floats
 // pass a bound only when the comparison holds, so NaN, as value or bound, fails every bound
-// that is set. Total digits count the characters of the text form of an integer kind (a minus
-// sign too: -12 has three), and the digits of a decimal without its leading 0 and trailing
-// zeros. Lengths count bytes: of binary data, and of a string in the local encoding. A string
-// is then matched against the pattern, as MatchesPattern says; a pattern that doesn't compile
-// throws COxException with the compiler's message and the refusal on the next line.
+// that is set. Dates and durations are partially ordered: an indeterminate comparison (a
+// value with a time zone against one without, within 14 hours) passes every bound. Total digits count the characters of
+// the text form of an integer kind (a minus sign too: -12 has three), and the digits of a decimal without its leading 0
+// and trailing zeros. Lengths count bytes: of binary data, and of a string in the local encoding. A string is then
+// matched against the pattern, as MatchesPattern says; a pattern that doesn't compile throws COxException with the
+// compiler's message and the refusal on the next line.
 ORVEXXML_API void ValidateValue(const char* pszName, char value, const CPrimitiveRestrictions& restrictions);
 ORVEXXML_API void ValidateValue(const char* pszName, int16_t value, const CPrimitiveRestrictions& restrictions);
 ORVEXXML_API void ValidateValue(const char* pszName, int32_t value, const CPrimitiveRestrictions& restrictions);
@@ -48,13 +51,22 @@ ORVEXXML_API void ValidateValue(const char* pszName, bool value, const CPrimitiv
 ORVEXXML_API void ValidateValue(const char* pszName, const CDecimal& value, const CPrimitiveRestrictions& restrictions);
 ORVEXXML_API void ValidateValue(const char* pszName, const CBigInteger& value,
                                 const CPrimitiveRestrictions& restrictions);
+ORVEXXML_API void ValidateValue(const char* pszName, const CDateTimeSpan& value,
+                                const CPrimitiveRestrictions& restrictions);
+// The five date kinds: the bounds are read as texts of the value's own kind.
+ORVEXXML_API void ValidateValue(const char* pszName, const CDateTime& value,
+                                const CPrimitiveRestrictions& restrictions);
 
 // The kinds that share their C++ type with another kind have checks of their own name: the
-// two binary kinds differ in the text a refusal shows.
+// two binary kinds differ in the text a refusal shows, and year, month and day (held as plain
+// numbers) read their bounds as gYear, gMonth and gDay texts.
 ORVEXXML_API void ValidateHexBinary(const char* pszName, const CBinaryData& value,
                                     const CPrimitiveRestrictions& restrictions);
 ORVEXXML_API void ValidateBase64Binary(const char* pszName, const CBinaryData& value,
                                        const CPrimitiveRestrictions& restrictions);
+ORVEXXML_API void ValidateYear(const char* pszName, uint16_t value, const CPrimitiveRestrictions& restrictions);
+ORVEXXML_API void ValidateMonth(const char* pszName, uint8_t value, const CPrimitiveRestrictions& restrictions);
+ORVEXXML_API void ValidateDay(const char* pszName, uint8_t value, const CPrimitiveRestrictions& restrictions);
 
 // The check of the declared type, on the value that the variant holds of it. Types without a
 // check (char, and any number that isn't a primitive kind) throw COxInvalidValueException
