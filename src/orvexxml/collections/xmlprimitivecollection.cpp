@@ -16,5 +16,14 @@ template class ORVEXXML_INSTANTIATION_API CXmlPrimitiveCollection<ItemType_r4>;
 template class ORVEXXML_INSTANTIATION_API CXmlPrimitiveCollection<ItemType_r8>;
 template class ORVEXXML_INSTANTIATION_API CXmlPrimitiveCollection<ItemType_string>;
 template class ORVEXXML_INSTANTIATION_API CXmlPrimitiveCollection<ItemType_boolean>;
+template class ORVEXXML_INSTANTIATION_API CXmlPrimitiveCollection<ItemType_hexBinary>;
+template class ORVEXXML_INSTANTIATION_API CXmlPrimitiveCollection<ItemType_base64Binary>;
+template class ORVEXXML_INSTANTIATION_API CXmlPrimitiveCollection<ItemType_duration>;
+template class ORVEXXML_INSTANTIATION_API CXmlPrimitiveCollection<ItemType_year>;
+template class ORVEXXML_INSTANTIATION_API CXmlPrimitiveCollection<ItemType_month>;
+template class ORVEXXML_INSTANTIATION_API CXmlPrimitiveCollection<ItemType_day>;
+template class ORVEXXML_INSTANTIATION_API CXmlPrimitiveCollection<ItemType_decimal>;
+template class ORVEXXML_INSTANTIATION_API CXmlPrimitiveCollection<ItemType_integer>;
+template class ORVEXXML_INSTANTIATION_API CXmlPrimitiveCollection<ItemType_datetime>;
 
 }  // namespace OrvexXml

@@ -59,7 +59,8 @@ public:
     void Add(ValueType value);
     // Inserts value before position nIndex; nIndex equal to the count appends. Fires add
     // first, then throws COxInvalidParamException "Index out of range" for an index outside
-    // 0 to count; on success fires add complete and change.
+    // 0 to count, then checks the value against the facets (throwing the check's exception);
+    // on success fires add complete and change.
     void AddAt(int nIndex, ValueType value);
     // A copy of the item; COxInvalidParamException "Index %d is out of range, use 0 - %d"
     // for an index outside 0 to count - 1. No events.
@@ -81,7 +82,18 @@ public:
     const_iterator end() const { return m_items.end(); }
 
 protected:
+    // For a family of collections over one item type: the type the collection reports and
+    // the class name under which it is counted.
+    CXmlPrimitiveCollection(ItemType eItemType, const char* pszClassName, const char* pszElementName,
+                            const char* pszNamespace, int nMinOccurs, int nMaxOccurs, const char* pszPattern,
+                            OxLong nMinLength, OxLong nMaxLength, const char* pszMinInclusive,
+                            const char* pszMaxInclusive, const char* pszMinExclusive, const char* pszMaxExclusive,
+                            OxLong nLength, OxLong nTotalDigits, OxLong nFractionDigits,
+                            CWhitespaceUtils::WhitespaceRule eWhitespaceRule, const char* pszFormatOverride);
     ~CXmlPrimitiveCollection() override;
+
+    // AddAt's steps, with the facet check only when bCheck says so.
+    void InsertAt(int nIndex, ValueType value, bool bCheck);
 
     // Validates the count (throwing on a count outside the limits unless the context ignores
     // counts), then writes one element per item with the collection's own name and namespace.
@@ -115,6 +127,19 @@ CXmlPrimitiveCollection<eType>::CXmlPrimitiveCollection(
       m_nCleared(0) {}
 
 template <ItemType eType>
+CXmlPrimitiveCollection<eType>::CXmlPrimitiveCollection(
+    ItemType eItemType, const char* pszClassName, const char* pszElementName, const char* pszNamespace, int nMinOccurs,
+    int nMaxOccurs, const char* pszPattern, OxLong nMinLength, OxLong nMaxLength, const char* pszMinInclusive,
+    const char* pszMaxInclusive, const char* pszMinExclusive, const char* pszMaxExclusive, OxLong nLength,
+    OxLong nTotalDigits, OxLong nFractionDigits, CWhitespaceUtils::WhitespaceRule eWhitespaceRule,
+    const char* pszFormatOverride)
+    : CXmlTypeCollection(eItemType, pszElementName, pszNamespace, nMinOccurs, nMaxOccurs, pszPattern, nMinLength,
+                         nMaxLength, pszMinInclusive, pszMaxInclusive, pszMinExclusive, pszMaxExclusive, nLength,
+                         nTotalDigits, nFractionDigits, eWhitespaceRule, pszFormatOverride),
+      CInstanceMonitor(pszClassName),
+      m_nCleared(0) {}
+
+template <ItemType eType>
 CXmlPrimitiveCollection<eType>::~CXmlPrimitiveCollection() {}
 
 template <ItemType eType>
@@ -124,13 +149,16 @@ void CXmlPrimitiveCollection<eType>::Add(ValueType value) {
 
 template <ItemType eType>
 void CXmlPrimitiveCollection<eType>::AddAt(int nIndex, ValueType value) {
+    InsertAt(nIndex, std::move(value), true);
+}
+
+template <ItemType eType>
+void CXmlPrimitiveCollection<eType>::InsertAt(int nIndex, ValueType value, bool bCheck) {
     CChangeScope scope(this);  // no Clear under way from here on, so m_nCleared is 0
     FireOnCollectionAdd(&value);
     CheckInsertIndex(nIndex, static_cast<int>(m_items.size()));
-    // Facet check: value is to be tested against m_restrictions here, under the element name,
-    // by the check for eType (ValidatePrimitive(GetElementName(), value, m_eItemType,
-    // m_restrictions)), whose exception leaves the collection unchanged. Values are taken as
-    // they are until value validation is part of the library.
+    // A refused value leaves the collection as it was.
+    if (bCheck) Traits::Validate(GetElementName().c_str(), value, m_restrictions);
     iterator itStored = m_items.insert(m_items.begin() + nIndex, std::move(value));
     try {
         if constexpr (std::is_same<ValueType, bool>::value) {
@@ -236,5 +264,14 @@ extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_r4>;
 extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_r8>;
 extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_string>;
 extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_boolean>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_hexBinary>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_base64Binary>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_duration>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_year>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_month>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_day>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_decimal>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_integer>;
+extern template class ORVEXXML_API CXmlPrimitiveCollection<ItemType_datetime>;
 
 }  // namespace OrvexXml

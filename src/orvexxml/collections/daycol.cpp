@@ -1,0 +1,7 @@
+#include "orvexxml/collections/daycol.h"
+
+namespace OrvexXml {
+
+CdayCol::~CdayCol() {}
+
+}  // namespace OrvexXml

@@ -1,0 +1,7 @@
+#include "orvexxml/collections/decimalcol.h"
+
+namespace OrvexXml {
+
+CdecimalCol::~CdecimalCol() {}
+
+}  // namespace OrvexXml

@@ -1,0 +1,7 @@
+#include "orvexxml/collections/durationcol.h"
+
+namespace OrvexXml {
+
+CdurationCol::~CdurationCol() {}
+
+}  // namespace OrvexXml

@@ -1,0 +1,7 @@
+#include "orvexxml/collections/hexbinarycol.h"
+
+namespace OrvexXml {
+
+ChexBinaryCol::~ChexBinaryCol() {}
+
+}  // namespace OrvexXml

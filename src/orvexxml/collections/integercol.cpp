@@ -1,0 +1,7 @@
+#include "orvexxml/collections/integercol.h"
+
+namespace OrvexXml {
+
+CintegerCol::~CintegerCol() {}
+
+}  // namespace OrvexXml

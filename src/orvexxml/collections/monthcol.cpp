@@ -1,0 +1,7 @@
+#include "orvexxml/collections/monthcol.h"
+
+namespace OrvexXml {
+
+CmonthCol::~CmonthCol() {}
+
+}  // namespace OrvexXml

@@ -1,0 +1,7 @@
+#include "orvexxml/collections/yearcol.h"
+
+namespace OrvexXml {
+
+CyearCol::~CyearCol() {}
+
+}  // namespace OrvexXml
