@@ -217,4 +217,33 @@ TEST(MatchesPattern, ThreadsShareCompiledPatterns) {
     EXPECT_EQ(0, nWrong.load());
 }
 
+// Threads meet a facet set whose bounds no check has read yet, so that they file them at once;
+// every verdict stays right, and a bound filed as one kind doesn't mislead a check of another.
+TEST(ValidateValue, ThreadsShareTheBoundsOfOneFacetSet) {
+    for (int nRound = 0; nRound < 20; ++nRound) {
+        const CPrimitiveRestrictions shared = Bounds("-2", "10", "", "");
+        std::atomic<int> nWrong(0);
+        std::vector<std::thread> threads;
+        for (int t = 0; t < 4; ++t) {
+            threads.emplace_back([t, &shared, &nWrong]() {
+                for (int i = 0; i < 50; ++i) {
+                    const bool bInside = (i + t) % 2 == 0;
+                    try {
+                        if (t == 3) {
+                            ValidateValue("v", bInside ? 10 : 11, shared);  // the same texts as i4
+                        } else {
+                            ValidateValue("v", CDecimal(bInside ? "-2" : "-2.01"), shared);
+                        }
+                        if (!bInside) ++nWrong;
+                    } catch (const COxException&) {
+                        if (bInside) ++nWrong;
+                    }
+                }
+            });
+        }
+        for (std::thread& thread : threads) thread.join();
+        EXPECT_EQ(0, nWrong.load());
+    }
+}
+
 }  // namespace

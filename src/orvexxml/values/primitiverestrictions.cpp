@@ -1,5 +1,7 @@
 #include "orvexxml/values/primitiverestrictions.h"
 
+#include "orvexxml/values/oxvariant.h"
+
 namespace OrvexXml {
 
 namespace {
@@ -13,7 +15,8 @@ CPrimitiveRestrictions::CPrimitiveRestrictions()
       m_maxLength(NOT_SET),
       m_length(NOT_SET),
       m_totalDigits(NOT_SET),
-      m_fractionDigits(NOT_SET) {}
+      m_fractionDigits(NOT_SET),
+      m_apBounds{} {}
 
 CPrimitiveRestrictions::CPrimitiveRestrictions(const char* pszPattern, OxLong minLength, OxLong maxLength,
                                                const char* pszMinInclusive, const char* pszMaxInclusive,
@@ -28,8 +31,41 @@ CPrimitiveRestrictions::CPrimitiveRestrictions(const char* pszPattern, OxLong mi
       m_maxExclusive(TextOrEmpty(pszMaxExclusive)),
       m_length(length),
       m_totalDigits(totalDigits),
-      m_fractionDigits(fractionDigits) {}
+      m_fractionDigits(fractionDigits),
+      m_apBounds{} {}
 
-CPrimitiveRestrictions::~CPrimitiveRestrictions() {}
+CPrimitiveRestrictions::CPrimitiveRestrictions(const CPrimitiveRestrictions& other)
+    : m_pattern(other.m_pattern),
+      m_minLength(other.m_minLength),
+      m_maxLength(other.m_maxLength),
+      m_minInclusive(other.m_minInclusive),
+      m_maxInclusive(other.m_maxInclusive),
+      m_minExclusive(other.m_minExclusive),
+      m_maxExclusive(other.m_maxExclusive),
+      m_length(other.m_length),
+      m_totalDigits(other.m_totalDigits),
+      m_fractionDigits(other.m_fractionDigits),
+      m_apBounds{} {}
+
+CPrimitiveRestrictions& CPrimitiveRestrictions::operator=(const CPrimitiveRestrictions& other) {
+    if (this == &other) return *this;
+    m_pattern = other.m_pattern;
+    m_minLength = other.m_minLength;
+    m_maxLength = other.m_maxLength;
+    m_minInclusive = other.m_minInclusive;
+    m_maxInclusive = other.m_maxInclusive;
+    m_minExclusive = other.m_minExclusive;
+    m_maxExclusive = other.m_maxExclusive;
+    m_length = other.m_length;
+    m_totalDigits = other.m_totalDigits;
+    m_fractionDigits = other.m_fractionDigits;
+    // The bounds read so far belong to the former texts.
+    for (std::atomic<OxVariant*>& bound : m_apBounds) delete bound.exchange(nullptr);
+    return *this;
+}
+
+CPrimitiveRestrictions::~CPrimitiveRestrictions() {
+    for (std::atomic<OxVariant*>& bound : m_apBounds) delete bound.load();
+}
 
 }  // namespace OrvexXml

@@ -1,5 +1,6 @@
 #include "orvexxml/values/validatevalue.h"
 
+#include <atomic>
 #include <cstring>
 
 #include "orvexxml/infrastructure/exceptions.h"
@@ -32,23 +33,60 @@ const CWhitespaceUtils::WhitespaceRule kBoundRule = CWhitespaceUtils::Whitespace
     throw COxException(std::string("Invalid Value for ") + pszName + " [" + strNumber + "]");
 }
 
-// The four bounds, each read with the kind's conversion when its turn comes. Less is the
-// kind's order; for the floats a bound passes only when its comparison holds, which a NaN
-// never lets happen.
+}  // namespace
+
+// Reads the bounds of a facet set as values of a kind, and files each in the set for the
+// checks that follow. A bound that its kind can't read throws each time and is not filed; a
+// set checked as another kind than the one filed reads the bound afresh.
+class CFacetBounds {
+public:
+    enum Bound { MinInclusive = 0, MaxInclusive, MinExclusive, MaxExclusive };
+
+    template <ItemType eType>
+    static typename CItemTypeTraits<eType>::ValueType Read(const CPrimitiveRestrictions& restrictions, Bound eBound,
+                                                           const std::string& strText) {
+        typedef CItemTypeTraits<eType> Traits;
+        std::atomic<OxVariant*>& slot = restrictions.m_apBounds[eBound];
+        OxVariant* pFiled = slot.load(std::memory_order_acquire);
+        if (pFiled != nullptr && pFiled->GetTypeAsEnum() == eType) {
+            if constexpr (Traits::Storage == CItemTypeInfo::Storage_owned) {
+                return *Traits::Slot(*pFiled);
+            } else {
+                return Traits::Slot(*pFiled);
+            }
+        }
+        typename Traits::ValueType bound = Traits::FromText(strText, kBoundRule);
+        if (pFiled == nullptr) {
+            OxVariant* pNew = new OxVariant;
+            Traits::Store(*pNew, bound);
+            OxVariant* pExpected = nullptr;
+            if (!slot.compare_exchange_strong(pExpected, pNew, std::memory_order_acq_rel)) delete pNew;
+        }
+        return bound;
+    }
+};
+
+namespace {
+
+// The four bounds, each read with the kind's conversion when its turn comes (and then kept).
+// Less is the kind's order; for the floats a bound passes only when its comparison holds,
+// which a NaN never lets happen.
 template <ItemType eType, class Value, class RefuseFn>
 void CheckBounds(const Value& value, const CPrimitiveRestrictions& restrictions, RefuseFn refuse) {
-    typedef CItemTypeTraits<eType> Traits;
+    auto bound = [&](CFacetBounds::Bound eBound, const std::string& strText) {
+        return CFacetBounds::Read<eType>(restrictions, eBound, strText);
+    };
     if (!restrictions.GetMinInclusive().empty()) {
-        if (!(value >= Traits::FromText(restrictions.GetMinInclusive(), kBoundRule))) refuse();
+        if (!(value >= bound(CFacetBounds::MinInclusive, restrictions.GetMinInclusive()))) refuse();
     }
     if (!restrictions.GetMaxInclusive().empty()) {
-        if (!(value <= Traits::FromText(restrictions.GetMaxInclusive(), kBoundRule))) refuse();
+        if (!(value <= bound(CFacetBounds::MaxInclusive, restrictions.GetMaxInclusive()))) refuse();
     }
     if (!restrictions.GetMinExclusive().empty()) {
-        if (!(value > Traits::FromText(restrictions.GetMinExclusive(), kBoundRule))) refuse();
+        if (!(value > bound(CFacetBounds::MinExclusive, restrictions.GetMinExclusive()))) refuse();
     }
     if (!restrictions.GetMaxExclusive().empty()) {
-        if (!(value < Traits::FromText(restrictions.GetMaxExclusive(), kBoundRule))) refuse();
+        if (!(value < bound(CFacetBounds::MaxExclusive, restrictions.GetMaxExclusive()))) refuse();
     }
 }
 
@@ -78,17 +116,23 @@ void CheckFloat(const char* pszName, Value value, const CPrimitiveRestrictions& 
 template <class Value, class ReadFn, class RefuseFn>
 void CheckPartialBounds(const Value& value, const CPrimitiveRestrictions& restrictions, ReadFn read, RefuseFn refuse) {
     if (!restrictions.GetMinInclusive().empty()) {
-        if (value.CompareTo(read(restrictions.GetMinInclusive())) == CDateTime::dtc_lessThan) refuse();
+        if (value.CompareTo(read(CFacetBounds::MinInclusive, restrictions.GetMinInclusive())) ==
+            CDateTime::dtc_lessThan)
+            refuse();
     }
     if (!restrictions.GetMaxInclusive().empty()) {
-        if (value.CompareTo(read(restrictions.GetMaxInclusive())) == CDateTime::dtc_greaterThan) refuse();
+        if (value.CompareTo(read(CFacetBounds::MaxInclusive, restrictions.GetMaxInclusive())) ==
+            CDateTime::dtc_greaterThan)
+            refuse();
     }
     if (!restrictions.GetMinExclusive().empty()) {
-        const CDateTime::DTCompareResult eResult = value.CompareTo(read(restrictions.GetMinExclusive()));
+        const CDateTime::DTCompareResult eResult =
+            value.CompareTo(read(CFacetBounds::MinExclusive, restrictions.GetMinExclusive()));
         if (eResult != CDateTime::dtc_greaterThan && eResult != CDateTime::dtc_indeterminate) refuse();
     }
     if (!restrictions.GetMaxExclusive().empty()) {
-        const CDateTime::DTCompareResult eResult = value.CompareTo(read(restrictions.GetMaxExclusive()));
+        const CDateTime::DTCompareResult eResult =
+            value.CompareTo(read(CFacetBounds::MaxExclusive, restrictions.GetMaxExclusive()));
         if (eResult != CDateTime::dtc_lessThan && eResult != CDateTime::dtc_indeterminate) refuse();
     }
 }
@@ -210,13 +254,30 @@ void ValidateValue(const char* pszName, const CBigInteger& value, const CPrimiti
 void ValidateValue(const char* pszName, const CDateTimeSpan& value, const CPrimitiveRestrictions& restrictions) {
     CheckPartialBounds(
         value, restrictions,
-        [](const std::string& strBound) { return CConversions::durationFromString(strBound, kBoundRule); },
+        [&](CFacetBounds::Bound eBound, const std::string& strBound) {
+            return CFacetBounds::Read<ItemType_duration>(restrictions, eBound, strBound);
+        },
         [&]() { Refuse(pszName, value.ToString()); });
 }
 
 void ValidateValue(const char* pszName, const CDateTime& value, const CPrimitiveRestrictions& restrictions) {
-    // A bound is a text of the value's own kind, read by that kind's parser.
-    auto read = [&](const std::string& strBound) {
+    // A bound is a text of the value's own kind, read by that kind's parser; those of the five
+    // kinds of the variant are filed.
+    auto read = [&](CFacetBounds::Bound eBound, const std::string& strBound) {
+        switch (value.GetType()) {
+            case CDateTime::dt_dateTime:
+                return CFacetBounds::Read<ItemType_datetime>(restrictions, eBound, strBound);
+            case CDateTime::dt_date:
+                return CFacetBounds::Read<ItemType_date>(restrictions, eBound, strBound);
+            case CDateTime::dt_time:
+                return CFacetBounds::Read<ItemType_time>(restrictions, eBound, strBound);
+            case CDateTime::dt_gYearMonth:
+                return CFacetBounds::Read<ItemType_yearMonth>(restrictions, eBound, strBound);
+            case CDateTime::dt_gMonthDay:
+                return CFacetBounds::Read<ItemType_monthDay>(restrictions, eBound, strBound);
+            default:
+                break;
+        }
         const std::string strProcessed = CWhitespaceUtils::ApplyRule(kBoundRule, strBound);
         CDateTime bound(value.GetType());
         if (value.GetType() == CDateTime::dt_dateTime) {
