@@ -3,6 +3,7 @@
 #define PCRE2_CODE_UNIT_WIDTH 8
 #include <pcre2.h>
 
+#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <shared_mutex>
@@ -17,6 +18,8 @@ namespace {
 // One pattern as compiled, or the message of its failure.
 struct CompiledPattern {
     pcre2_code* pCode = nullptr;
+    // The offset pairs that a match of the pattern fills.
+    uint32_t nPairs = 0;
     std::string strError;
 
     CompiledPattern() = default;
@@ -38,6 +41,7 @@ PatternTable& Table() {
 
 std::shared_ptr<const CompiledPattern> Compile(const std::string& strPattern) {
     auto pCompiled = std::make_shared<CompiledPattern>();
+    uint32_t nCaptures = 0;
     int nError = 0;
     PCRE2_SIZE nErrorOffset = 0;
     // The pattern ends at its first null byte.
@@ -48,11 +52,14 @@ std::shared_ptr<const CompiledPattern> Compile(const std::string& strPattern) {
         pcre2_get_error_message(nError, buffer, sizeof(buffer));
         pCompiled->strError = std::string("Invalid Regular Expression: ") + strPattern.c_str() + " Error: '" +
                               reinterpret_cast<const char*>(buffer) + "'";
+        return pCompiled;
     }
+    pcre2_pattern_info(pCompiled->pCode, PCRE2_INFO_CAPTURECOUNT, &nCaptures);
+    pCompiled->nPairs = nCaptures + 1;
     return pCompiled;
 }
 
-std::shared_ptr<const CompiledPattern> Lookup(const std::string& strPattern) {
+std::shared_ptr<const CompiledPattern> Lookup(const std::string& strPattern, CPatternCache::PfnTranslate pfnTranslate) {
     PatternTable& table = Table();
     {
         std::shared_lock<std::shared_mutex> lock(table.mutex);
@@ -61,39 +68,50 @@ std::shared_ptr<const CompiledPattern> Lookup(const std::string& strPattern) {
     }
     // Compiled outside the lock; two threads that meet the same new pattern both compile
     // it, and the first to file its result wins.
-    std::shared_ptr<const CompiledPattern> pCompiled = Compile(strPattern);
+    std::shared_ptr<const CompiledPattern> pCompiled = Compile(pfnTranslate(strPattern));
     std::unique_lock<std::shared_mutex> lock(table.mutex);
     if (table.patterns.size() >= CPatternCache::kMaxPatterns) table.patterns.clear();
     return table.patterns.emplace(strPattern, pCompiled).first->second;
 }
 
-// The match settings of one thread, with the bound on backtracking.
+// The match settings of one thread, with the bound on backtracking, and its offset vector,
+// which grows to the largest that a pattern has needed.
 struct MatchSettings {
     pcre2_match_context* pContext;
+    pcre2_match_data* pData = nullptr;
     MatchSettings() : pContext(pcre2_match_context_create(nullptr)) {
         if (pContext) pcre2_set_match_limit(pContext, CPatternCache::kMatchLimit);
     }
     MatchSettings(const MatchSettings&) = delete;
     MatchSettings& operator=(const MatchSettings&) = delete;
-    ~MatchSettings() { pcre2_match_context_free(pContext); }
+    ~MatchSettings() {
+        pcre2_match_data_free(pData);
+        pcre2_match_context_free(pContext);
+    }
+    pcre2_match_data* DataFor(uint32_t nPairs) {
+        if (pData == nullptr || pcre2_get_ovector_count(pData) < nPairs) {
+            pcre2_match_data_free(pData);
+            pData = pcre2_match_data_create(nPairs, nullptr);
+        }
+        return pData;
+    }
 };
 
 }  // namespace
 
-bool CPatternCache::MatchesWhole(const std::string& strPattern, const char* pSubject, size_t nLength) {
-    std::shared_ptr<const CompiledPattern> pCompiled = Lookup(strPattern);
+bool CPatternCache::MatchesWhole(const std::string& strPattern, PfnTranslate pfnTranslate, const char* pSubject,
+                                 size_t nLength) {
+    std::shared_ptr<const CompiledPattern> pCompiled = Lookup(strPattern, pfnTranslate);
     if (pCompiled->pCode == nullptr) throw COxException(pCompiled->strError);
 
     thread_local MatchSettings settings;
-    if (settings.pContext == nullptr) throw std::bad_alloc();
-    std::unique_ptr<pcre2_match_data, void (*)(pcre2_match_data*)> pData(
-        pcre2_match_data_create_from_pattern(pCompiled->pCode, nullptr), &pcre2_match_data_free);
-    if (!pData) throw std::bad_alloc();
+    pcre2_match_data* pData = settings.pContext ? settings.DataFor(pCompiled->nPairs) : nullptr;
+    if (pData == nullptr) throw std::bad_alloc();
     const int nResult = pcre2_match(pCompiled->pCode, reinterpret_cast<PCRE2_SPTR>(pSubject), nLength, 0,
-                                    PCRE2_ANCHORED, pData.get(), settings.pContext);
+                                    PCRE2_ANCHORED, pData, settings.pContext);
     // Every negative result is no match: no match, a subject that isn't UTF-8, the limit.
     if (nResult <= 0) return false;
-    const PCRE2_SIZE* pOffsets = pcre2_get_ovector_pointer(pData.get());
+    const PCRE2_SIZE* pOffsets = pcre2_get_ovector_pointer(pData);
     return pOffsets[0] == 0 && pOffsets[1] == nLength;
 }
 

@@ -18,11 +18,16 @@ namespace OrvexXml {
 // a long text) it ends as no match.
 class CPatternCache {
 public:
-    // True when the subject, nLength bytes of UTF-8, matches strPattern from its first byte to
-    // its last. A subject that isn't UTF-8, and a match that runs past
-    // the limit, give false. A pattern that doesn't compile throws COxException
-    // "Invalid Regular Expression: %s Error: '%s'" with the pattern and the compiler's text.
-    static bool MatchesWhole(const std::string& strPattern, const char* pSubject, size_t nLength);
+    // Turns a pattern as given into the PCRE pattern to compile.
+    typedef std::string (*PfnTranslate)(const std::string& strPattern);
+
+    // True when the subject, nLength bytes of UTF-8, matches the translation of strPattern
+    // from its first byte to its last. The translation runs once per pattern, when it is
+    // compiled. A subject that isn't UTF-8, and a match that runs past the limit, give false.
+    // A pattern that doesn't compile throws COxException "Invalid Regular Expression: %s
+    // Error: '%s'" with the translated pattern and the compiler's text.
+    static bool MatchesWhole(const std::string& strPattern, PfnTranslate pfnTranslate, const char* pSubject,
+                             size_t nLength);
 
     // The most backtracking steps that one match may take.
     static constexpr unsigned kMatchLimit = 1000000;

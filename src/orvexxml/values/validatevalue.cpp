@@ -5,6 +5,7 @@
 
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/infrastructure/localencoding.h"
 #include "orvexxml/infrastructure/textencoder.h"
 #include "orvexxml/values/biginteger.h"
 #include "orvexxml/values/binarydata.h"
@@ -209,7 +210,8 @@ void ValidateValue(const char* pszName, const std::string& value, const CPrimiti
     if (restrictions.GetPattern().empty()) return;
     bool bMatches = false;
     try {
-        bMatches = MatchesPattern(ToUtf8(restrictions.GetPattern()), value);
+        bMatches = MatchesPattern(IsLocalEncodingUtf8() ? restrictions.GetPattern() : ToUtf8(restrictions.GetPattern()),
+                                  value);
     } catch (const COxException& e) {
         throw COxException(e.GetFullMessage() + "\nInvalid Value for " + pszName + " [" + value + "].");
     }
@@ -321,7 +323,11 @@ void ValidatePrimitive(const char* pszName, const OxVariant& value, ItemType eTy
     pfnValidate(pszName, value, restrictions);
 }
 
-bool MatchesPattern(std::string strPattern, std::string strValue) {
+namespace {
+
+// The pattern of the PCRE dialect that an XML Schema pattern stands for, anchored at both ends.
+std::string TranslatePattern(const std::string& strSchemaPattern) {
+    std::string strPattern = strSchemaPattern;
     // An escaped backslash is shielded from the substitutions by a byte that a pattern
     // doesn't hold, and comes back at the end.
     ReplaceAll(strPattern, "\\\\", "\x01");
@@ -334,8 +340,21 @@ bool MatchesPattern(std::string strPattern, std::string strValue) {
     ReplaceAll(strPattern, "\\p{IsLatinExtended-A}", "[\\400-\\577]");
     ReplaceAll(strPattern, "\\p{IsLatinExtended-B}", "[\\600-\\1117]");
     ReplaceAll(strPattern, "\x01", "\\\\");
+    return "^(" + strPattern + ")$";
+}
+
+}  // namespace
+
+bool MatchesPattern(std::string strPattern, std::string strValue) {
+    // The pattern is UTF-8 already and ends at its first null byte; the value is local text,
+    // taken as it is when that is UTF-8.
+    strPattern.resize(std::strlen(strPattern.c_str()));
+    if (IsLocalEncodingUtf8()) {
+        return CPatternCache::MatchesWhole(strPattern, &TranslatePattern, strValue.c_str(),
+                                           std::strlen(strValue.c_str()));
+    }
     const std::string strValueUtf8 = ToUtf8(strValue);
-    return CPatternCache::MatchesWhole("^(" + strPattern + ")$", strValueUtf8.data(), strValueUtf8.size());
+    return CPatternCache::MatchesWhole(strPattern, &TranslatePattern, strValueUtf8.data(), strValueUtf8.size());
 }
 
 }  // namespace OrvexXml

@@ -79,8 +79,9 @@ ORVEXXML_API void ValidatePrimitive(const char* pszName, const OxVariant& value,
 // translated to the PCRE dialect: "\\" is kept as it is, and "\i", "\I", "\c", "\C" and the
 // four Latin blocks "\p{IsBasicLatin}", "\p{IsLatin-1Supplement}", "\p{IsLatinExtended-A}",
 // "\p{IsLatinExtended-B}" become PCRE classes, as plain text wherever they stand (in a
-// character class too); everything else goes to PCRE unchanged. Pattern and value are local
-// text, each taken up to its first null byte. A value that matches up to a line feed at its
+// character class too); everything else goes to PCRE unchanged. The pattern is UTF-8 (the
+// string check converts the facet's local text), the value local text; each is taken up to
+// its first null byte. A value that matches up to a line feed at its
 // end doesn't match. A pattern that doesn't compile throws COxException "Invalid Regular
 // Expression: <pattern as translated> Error: '<PCRE's text>'". A match that backtracks past
 // a fixed bound (about a million steps) ends as no match.
