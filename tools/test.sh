@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs what is missing, checks the formatting, builds everything and runs the whole test
-# suite: once in a release build (including the install test and a short fuzzing run), once
-# under AddressSanitizer and UndefinedBehaviorSanitizer.
+# suite: once in a release build (including the install test), once under AddressSanitizer and
+# UndefinedBehaviorSanitizer; then the tests that run threads under ThreadSanitizer, and a short
+# fuzzing run.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -22,6 +23,14 @@ cmake -S . -B build-asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DORVEXXML_SANITIZE=O
 cmake --build build-asan -j "$jobs"
 ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
   ctest --test-dir build-asan --output-on-failure -j "$jobs"
+
+echo "== thread sanitizer build and the tests with threads"
+# Only the tests labelled threads (suites named ...Threads) run here: they run several
+# threads at once on the state the library shares between threads.
+cmake -S . -B build-tsan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DORVEXXML_TSAN=ON -DORVEXXML_BUILD_DEMO=OFF
+cmake --build build-tsan -j "$jobs"
+TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1 \
+  ctest --test-dir build-tsan --output-on-failure -j "$jobs" -L threads
 
 echo "== fuzzing (bounded runs)"
 CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \

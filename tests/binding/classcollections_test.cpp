@@ -352,7 +352,7 @@ TEST(ClassCollection, ADeepChainIsRefusedAtTheLimitAndFreedOnASmallStack) {
 
 // Two threads free deep chains at the same time: each frees all of its own chain, on its own
 // thread, before the release returns.
-TEST(ClassCollection, DeepChainsAreFreedOnTwoThreadsAtOnce) {
+TEST(ClassCollectionThreads, DeepChainsAreFreedOnTwoThreadsAtOnce) {
     const int nLevels = 10000;
     std::atomic<int> nReady{0};
     OnSmallStacks(2, [&] {

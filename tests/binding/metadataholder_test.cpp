@@ -9,6 +9,7 @@
 #include <future>
 #include <new>
 #include <thread>
+#include <vector>
 
 #include "amount.h"
 #include "bindinghelpers.h"
@@ -19,6 +20,7 @@ namespace {
 
 using namespace OrvexXml;
 using namespace OrvexXmlData;
+using OrvexBindTest::DefaultCtx;
 using OrvexBindTest::Flat;
 
 // An element entry that counts the living entries, to see what a failed build leaves behind.
@@ -109,13 +111,53 @@ void FailedBuildWithWaitingThread() {
     Require(Holds(s_first, -1) && Holds(s_second, -1) && CCountedElement::s_nLiving == 0, "Clean frees all tables");
 }
 
-TEST(MetaDataHolder, FailedBuildFreesTheLockAndPublishesNothing) {
+TEST(MetaDataHolderThreads, FailedBuildFreesTheLockAndPublishesNothing) {
     EXPECT_EXIT(
         {
             FailedBuildWithWaitingThread();
             std::exit(0);
         },
         ::testing::ExitedWithCode(0), "");
+}
+
+// Four threads use a class for the first time at once: one build runs, and each thread sees
+// the whole tables as soon as its Init returns. Then the same for a generated class, whose
+// first objects in the process (CTest runs each test in a process of its own) are made,
+// written and read back on four threads at once.
+TEST(MetaDataHolderThreads, FirstUseOnManyThreadsBuildsOnceAndPublishesWholeTables) {
+    static CMetaDataHolder s_holder;
+    std::atomic<int> nBuilds{0}, nReady{0};
+    std::vector<int> vecHolds(4, 0);
+    std::vector<std::string> vecWritten(4), vecReadBack(4);
+    std::vector<std::thread> threads;
+    for (int t = 0; t < 4; ++t) {
+        threads.emplace_back([&, t] {
+            ++nReady;
+            while (nReady < 4) std::this_thread::yield();
+            s_holder.Init([&](CMetaDataBuilder& builder) {
+                ++nBuilds;
+                BuildOneEntry(builder);
+            });
+            vecHolds[t] = Holds(s_holder, 1);
+            CSmartPtr<Samples::CAmount> pAmount = Samples::CAmount::CreateInstance();
+            pAmount->SetValue(2.5 + t);
+            vecWritten[t] = Flat(pAmount);
+            pAmount = Samples::CAmount::CreateInstance();
+            pAmount->FromXml(vecWritten[t].c_str(), DefaultCtx());
+            vecReadBack[t] = Flat(pAmount);
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(1, nBuilds);
+    EXPECT_EQ(std::vector<int>(4, 1), vecHolds);
+    EXPECT_EQ(vecWritten, vecReadBack);
+    for (int t = 0; t < 4; ++t) {
+        CSmartPtr<Samples::CAmount> pAmount = Samples::CAmount::CreateInstance();
+        pAmount->SetValue(2.5 + t);
+        EXPECT_EQ(Flat(pAmount), vecWritten[t]);
+    }
+    s_holder.Clean();
+    EXPECT_EQ(0, CCountedElement::s_nLiving);
 }
 
 // A build without the class record, and one that asks for its own tables: each is refused,

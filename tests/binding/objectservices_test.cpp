@@ -66,7 +66,9 @@ TEST(ReferenceCount, EachHolderCountsOnceAndTheLastReleaseDeletesOnce) {
     EXPECT_EQ(duplicate->Release(), 1);
 }
 
-TEST(ReferenceCount, ConcurrentAddRefAndReleaseDeleteOnce) {
+// The maker drops its reference while the workers still copy theirs, so the object is freed
+// by whichever thread drops the last one, after every other thread's counts on it.
+TEST(ReferenceCountThreads, ConcurrentAddRefAndReleaseDeleteOnceOnTheLastThread) {
     g_nDestroyed = 0;
     CSmartPtr<CXmlObjectBase> shared = new CCounted;
     std::vector<std::thread> threads;
@@ -75,8 +77,8 @@ TEST(ReferenceCount, ConcurrentAddRefAndReleaseDeleteOnce) {
             for (int i = 0; i < 50000; ++i) CSmartPtr<CXmlObjectBase> local = shared;
         });
     }
-    for (auto& th : threads) th.join();
     shared = nullptr;
+    for (auto& th : threads) th.join();
     EXPECT_EQ(g_nDestroyed, 1);
 }
 

@@ -96,7 +96,7 @@ TEST(CodePageConversion, BytesTheCodePageDoesNotDefineBecomeReplacementCharacter
     EXPECT_EQ(CCodePage::ToUtf16(20127, "x\x80y", 3), u"x\uFFFDy");         // no character in US-ASCII
 }
 
-TEST(CodePageConversion, ConversionsRunOnManyThreadsAtOnce) {
+TEST(CodePageConversionThreads, ConversionsRunOnManyThreadsAtOnce) {
     // Each thread has its own converters; a shared converter would mix up the texts, above all
     // that of the Vietnamese code page, whose converter holds each letter back for a moment.
     std::string strLatin;

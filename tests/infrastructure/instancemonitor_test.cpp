@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <new>
 #include <string>
 #include <thread>
@@ -18,9 +19,11 @@ public:
     CMonitoredA() : CInstanceMonitor("CMonitoredA") {}
 };
 
+// Found through a handle, the way classes made in large numbers find their record.
+CInstanceMonitor::ClassHandle g_handleB("CMonitoredB");
 class CMonitoredB : public CInstanceMonitor {
 public:
-    CMonitoredB() : CInstanceMonitor("CMonitoredB") {}
+    CMonitoredB() : CInstanceMonitor(g_handleB) {}
 };
 
 const std::string kHeader = "Instances of classes still in existence/Total Number of instances created\n";
@@ -64,10 +67,15 @@ TEST_F(InstanceMonitor, InstancesThatOutliveCleanupDieHarmlessly) {
     EXPECT_EQ(CInstanceMonitor::DumpState(), kHeader + "--> CMonitoredA = 1/1");
 }
 
-TEST_F(InstanceMonitor, CountsStayExactUnderConcurrentConstruction) {
+using InstanceMonitorThreads = InstanceMonitor;
+
+// Eight threads make and destroy instances of a class found by name and of one found through
+// a handle, both looked up afresh after the reset, while this thread dumps the table.
+TEST_F(InstanceMonitorThreads, CountsStayExactUnderConcurrentConstructionAndDumps) {
     std::vector<std::thread> threads;
+    std::atomic<int> nDone{0};
     for (int t = 0; t < 8; ++t) {
-        threads.emplace_back([t] {
+        threads.emplace_back([t, &nDone] {
             std::vector<CInstanceMonitor*> kept;
             for (int i = 0; i < 20000; ++i) {
                 CInstanceMonitor* p = (i % 2) ? static_cast<CInstanceMonitor*>(new CMonitoredA)
@@ -79,8 +87,10 @@ TEST_F(InstanceMonitor, CountsStayExactUnderConcurrentConstruction) {
                 }
             }
             for (CInstanceMonitor* p : kept) delete p;
+            ++nDone;
         });
     }
+    while (nDone < 8) EXPECT_EQ(0u, CInstanceMonitor::DumpState().rfind(kHeader, 0));
     for (std::thread& th : threads) th.join();
     const std::string dump = CInstanceMonitor::DumpState();
     EXPECT_TRUE(dump == kHeader + "    CMonitoredB = 0/80000\n    CMonitoredA = 0/80000" ||

@@ -263,7 +263,7 @@ std::string WriteNamespacedSample(const std::function<void()>& midway = nullptr)
     return stream.GetText();
 }
 
-TEST(XmlWriterInstances, SpareContextsPassBetweenNestedFailedAndConcurrentWriters) {
+TEST(XmlWriterInstancesThreads, SpareContextsPassBetweenNestedFailedAndConcurrentWriters) {
     const std::string strExpected =
         "<AA:root xmlns:AA=\"urn:a-namespace-long-enough-for-the-heap\">\n"
         "\t<AA:item>\n\t\t<AA:leaf>0</AA:leaf>\n\t</AA:item>\n"

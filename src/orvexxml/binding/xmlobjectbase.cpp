@@ -22,8 +22,9 @@ namespace {
 // The generator version announced by generated code; 0.0 until Register is called.
 int g_nGeneratorMajor = 0;
 int g_nGeneratorMinor = 0;
-// The first object built checks the version once; a plain flag, as the check is advisory.
-bool g_bFirstObjectChecked = false;
+// The first object built checks the version once. The first objects may be made on several
+// threads at once, so the flag is atomic: exactly one of them checks.
+std::atomic<bool> g_bFirstObjectChecked(false);
 
 bool VersionMatches() {
     return g_nGeneratorMajor == ORVEXXML_VERSION_MAJOR && g_nGeneratorMinor == ORVEXXML_VERSION_MINOR;
@@ -77,10 +78,9 @@ void CXmlObjectBase::Free(CXmlObjectBase* pObject) {
 }
 
 CXmlObjectBase::CXmlObjectBase() : m_lRefCount(0), m_pNextToFree(nullptr) {
-    if (!g_bFirstObjectChecked) {
-        g_bFirstObjectChecked = true;
-        if (!VersionMatches()) ShowVersionMismatch();
-    }
+    if (!g_bFirstObjectChecked.load(std::memory_order_relaxed) &&
+        !g_bFirstObjectChecked.exchange(true, std::memory_order_relaxed) && !VersionMatches())
+        ShowVersionMismatch();
 }
 
 CXmlObjectBase::CXmlObjectBase(const CXmlObjectBase& other)
