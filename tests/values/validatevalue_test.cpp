@@ -193,7 +193,7 @@ TEST(MatchesPattern, TranslationAnchoringAndFailures) {
 
 // Many threads check values against shared and private patterns at once, while the cache of
 // compiled patterns fills past its limit and starts again: every verdict stays right.
-TEST(MatchesPattern, ThreadsShareCompiledPatterns) {
+TEST(MatchesPatternThreads, ShareCompiledPatterns) {
     constexpr int kThreads = 8;
     std::atomic<int> nWrong(0);
     std::vector<std::thread> threads;
@@ -219,7 +219,7 @@ TEST(MatchesPattern, ThreadsShareCompiledPatterns) {
 
 // Threads meet a facet set whose bounds no check has read yet, so that they file them at once;
 // every verdict stays right, and a bound filed as one kind doesn't mislead a check of another.
-TEST(ValidateValue, ThreadsShareTheBoundsOfOneFacetSet) {
+TEST(ValidateValueThreads, ShareTheBoundsOfOneFacetSet) {
     for (int nRound = 0; nRound < 20; ++nRound) {
         const CPrimitiveRestrictions shared = Bounds("-2", "10", "", "");
         std::atomic<int> nWrong(0);
