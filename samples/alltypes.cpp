@@ -86,18 +86,18 @@ void CAllTypes::BuildMetaData(CMetaDataBuilder& builder) {
         CPrimitiveRestrictions(nullptr, -1, -1, "-32768", "32767", nullptr, nullptr, -1, 6, -1), nullptr));
     builder.AddElement(new CElementInfoSeqPrimOpt(
         "Int", NS, Prop_Int, false, ItemType_i4, nullptr, collapse,
-        CPrimitiveRestrictions(nullptr, -1, -1, "-2147483648", "2147483647", nullptr, nullptr, -1, 11, -1), nullptr));
+        CPrimitiveRestrictions(nullptr, -1, -1, nullptr, "2147483647", "-2147483648", nullptr, -1, 11, -1), nullptr));
     builder.AddElement(
         new CElementInfoSeqPrimOpt("Long", NS, Prop_Long, false, ItemType_i8, nullptr, collapse,
                                    CPrimitiveRestrictions(nullptr, -1, -1, "-9223372036854775808",
-                                                          "9223372036854775807", nullptr, nullptr, -1, 20, -1),
+                                                          "9223372036854775806", nullptr, nullptr, -1, 20, -1),
                                    nullptr));
     builder.AddElement(new CElementInfoSeqPrimOpt(
         "UnsignedByte", NS, Prop_UnsignedByte, false, ItemType_ui1, nullptr, collapse,
         CPrimitiveRestrictions(nullptr, -1, -1, "0", "255", nullptr, nullptr, -1, 3, -1), nullptr));
     builder.AddElement(new CElementInfoSeqPrimOpt(
         "UnsignedShort", NS, Prop_UnsignedShort, false, ItemType_ui2, nullptr, collapse,
-        CPrimitiveRestrictions(nullptr, -1, -1, "0", "65535", nullptr, nullptr, -1, 5, -1), nullptr));
+        CPrimitiveRestrictions(nullptr, -1, -1, "1", "65535", nullptr, nullptr, -1, 5, -1), nullptr));
     builder.AddElement(new CElementInfoSeqPrimOpt(
         "UnsignedInt", NS, Prop_UnsignedInt, false, ItemType_ui4, nullptr, collapse,
         CPrimitiveRestrictions(nullptr, -1, -1, "0", "4294967295", nullptr, nullptr, -1, 10, -1), nullptr));
@@ -121,7 +121,7 @@ void CAllTypes::BuildMetaData(CMetaDataBuilder& builder) {
         CPrimitiveRestrictions(nullptr, -1, -1, "--01-02", "--12-31", nullptr, nullptr, -1, -1, -1), nullptr));
     builder.AddElement(new CElementInfoSeqPrimOpt(
         "GYear", NS, Prop_GYear, false, ItemType_year, nullptr, collapse,
-        CPrimitiveRestrictions(nullptr, -1, -1, "0001", "9999", nullptr, nullptr, -1, -1, -1), nullptr));
+        CPrimitiveRestrictions(nullptr, -1, -1, "0001", nullptr, nullptr, nullptr, -1, -1, -1), nullptr));
     builder.AddElement(new CElementInfoSeqPrimOpt(
         "GMonth", NS, Prop_GMonth, false, ItemType_month, nullptr, collapse,
         CPrimitiveRestrictions(nullptr, -1, -1, "--01", "--12", nullptr, nullptr, -1, -1, -1), nullptr));
@@ -151,7 +151,7 @@ void CAllTypes::BuildMetaData(CMetaDataBuilder& builder) {
         CPrimitiveRestrictions(nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1), nullptr));
     builder.AddElement(new CElementInfoSeqPrimOpt(
         "Decimal", NS, Prop_Decimal, false, ItemType_decimal, nullptr, collapse,
-        CPrimitiveRestrictions(nullptr, -1, -1, "-10", "10", nullptr, nullptr, -1, 31, 30), nullptr));
+        CPrimitiveRestrictions(nullptr, -1, -1, "-10", "10", nullptr, nullptr, -1, 30, 30), nullptr));
     builder.AddElement(new CElementInfoSeqPrimOpt(
         "Integer", NS, Prop_Integer, false, ItemType_integer, nullptr, collapse,
         CPrimitiveRestrictions(nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, 320, -1), nullptr));
@@ -217,7 +217,7 @@ CAllTypes::CAllTypes() {
                                          nullptr, -1, -1, -1, collapse, nullptr);
     m_GMonthDayList = new CmonthDayCol("GMonthDayList", NS, 0, -1, nullptr, -1, -1, "--01-02", "--12-31", nullptr,
                                        nullptr, -1, -1, -1, collapse, nullptr);
-    m_GYearList = new CyearCol("GYearList", NS, 0, -1, nullptr, -1, -1, "0001", "9999", nullptr, nullptr, -1, -1, -1,
+    m_GYearList = new CyearCol("GYearList", NS, 0, -1, nullptr, -1, -1, "0001", nullptr, nullptr, nullptr, -1, -1, -1,
                                collapse, nullptr);
     m_GMonthList = new CmonthCol("GMonthList", NS, 0, -1, nullptr, -1, -1, "--01", "--12", nullptr, nullptr, -1, -1, -1,
                                  collapse, nullptr);
@@ -233,7 +233,7 @@ CAllTypes::CAllTypes() {
                                   -1, preserve, nullptr);
     m_BooleanList = new CbooleanCol("BooleanList", NS, 0, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1,
                                     -1, -1, collapse, nullptr);
-    m_DecimalList = new CdecimalCol("DecimalList", NS, 0, -1, nullptr, -1, -1, "-10", "10", nullptr, nullptr, -1, 31,
+    m_DecimalList = new CdecimalCol("DecimalList", NS, 0, -1, nullptr, -1, -1, "-10", "10", nullptr, nullptr, -1, 30,
                                     30, collapse, nullptr);
     m_IntegerList = new CintegerCol("IntegerList", NS, 0, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1,
                                     320, -1, collapse, nullptr);

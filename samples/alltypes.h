@@ -49,7 +49,7 @@ public:
     }
     bool IsValidShort() const { return m_bValidShort; }
     void SetValidShort(bool bValid) { m_bValidShort = bValid; }
-    // Int: xs:int, optional, minInclusive -2147483648, maxInclusive 2147483647, totalDigits 11
+    // Int: xs:int, optional, maxInclusive 2147483647, minExclusive -2147483648, totalDigits 11
     int32_t GetInt() const { return m_Int; }
     void SetInt(int32_t value) {
         m_Int = value;
@@ -57,7 +57,7 @@ public:
     }
     bool IsValidInt() const { return m_bValidInt; }
     void SetValidInt(bool bValid) { m_bValidInt = bValid; }
-    // Long: xs:long, optional, minInclusive -9223372036854775808, maxInclusive 9223372036854775807, totalDigits 20
+    // Long: xs:long, optional, minInclusive -9223372036854775808, maxInclusive 9223372036854775806, totalDigits 20
     int64_t GetLong() const { return m_Long; }
     void SetLong(int64_t value) {
         m_Long = value;
@@ -73,7 +73,7 @@ public:
     }
     bool IsValidUnsignedByte() const { return m_bValidUnsignedByte; }
     void SetValidUnsignedByte(bool bValid) { m_bValidUnsignedByte = bValid; }
-    // UnsignedShort: xs:unsignedShort, optional, minInclusive 0, maxInclusive 65535, totalDigits 5
+    // UnsignedShort: xs:unsignedShort, optional, minInclusive 1, maxInclusive 65535, totalDigits 5
     uint16_t GetUnsignedShort() const { return m_UnsignedShort; }
     void SetUnsignedShort(uint16_t value) {
         m_UnsignedShort = value;
@@ -137,7 +137,7 @@ public:
     }
     bool IsValidGMonthDay() const { return m_bValidGMonthDay; }
     void SetValidGMonthDay(bool bValid) { m_bValidGMonthDay = bValid; }
-    // GYear: xs:gYear, optional, minInclusive 0001, maxInclusive 9999
+    // GYear: xs:gYear, optional, minInclusive 0001
     uint16_t GetGYear() const { return m_GYear; }
     void SetGYear(uint16_t value) {
         m_GYear = value;
@@ -209,7 +209,7 @@ public:
     }
     bool IsValidBoolean() const { return m_bValidBoolean; }
     void SetValidBoolean(bool bValid) { m_bValidBoolean = bValid; }
-    // Decimal: xs:decimal, optional, minInclusive -10, maxInclusive 10, totalDigits 31, fractionDigits 30
+    // Decimal: xs:decimal, optional, minInclusive -10, maxInclusive 10, totalDigits 30, fractionDigits 30
     const OrvexXml::CDecimal& GetDecimal() const { return m_Decimal; }
     void SetDecimal(const OrvexXml::CDecimal& value) {
         m_Decimal = value;
@@ -255,7 +255,7 @@ public:
     OrvexXml::CyearMonthCol& GetGYearMonthList() { return *m_GYearMonthList; }
     // GMonthDayList: xs:gMonthDay, 0 to unbounded, minInclusive --01-02, maxInclusive --12-31
     OrvexXml::CmonthDayCol& GetGMonthDayList() { return *m_GMonthDayList; }
-    // GYearList: xs:gYear, 0 to unbounded, minInclusive 0001, maxInclusive 9999
+    // GYearList: xs:gYear, 0 to unbounded, minInclusive 0001
     OrvexXml::CyearCol& GetGYearList() { return *m_GYearList; }
     // GMonthList: xs:gMonth, 0 to unbounded, minInclusive --01, maxInclusive --12
     OrvexXml::CmonthCol& GetGMonthList() { return *m_GMonthList; }
@@ -272,7 +272,7 @@ public:
     OrvexXml::CstringCol& GetStringList() { return *m_StringList; }
     // BooleanList: xs:boolean, 0 to unbounded
     OrvexXml::CbooleanCol& GetBooleanList() { return *m_BooleanList; }
-    // DecimalList: xs:decimal, 0 to unbounded, minInclusive -10, maxInclusive 10, totalDigits 31, fractionDigits 30
+    // DecimalList: xs:decimal, 0 to unbounded, minInclusive -10, maxInclusive 10, totalDigits 30, fractionDigits 30
     OrvexXml::CdecimalCol& GetDecimalList() { return *m_DecimalList; }
     // IntegerList: xs:integer, 0 to unbounded, totalDigits 320
     OrvexXml::CintegerCol& GetIntegerList() { return *m_IntegerList; }

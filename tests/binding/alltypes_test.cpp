@@ -7,7 +7,9 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <stdexcept>
 #include <string>
+#include <typeinfo>
 #include <vector>
 
 #include "bindinghelpers.h"
@@ -35,13 +37,18 @@ std::string Element(const std::string& strName, const std::string& strText) {
     return strText.empty() ? "<AA:" + strName + "/>" : "<AA:" + strName + ">" + strText + "</AA:" + strName + ">";
 }
 
-// Adds an item read from its text to one of the collections, through its typed Add.
-typedef std::function<void(CAllTypes&, const std::string&)> AddFn;
+// One of the collections: AddAt of an item read from its text, through the typed AddAt, and
+// the count.
+struct ListAccess {
+    std::function<void(CAllTypes&, int, const std::string&)> addAt;
+    std::function<int(CAllTypes&)> count;
+};
 template <ItemType eType, class TCol>
-AddFn Into(TCol& (CAllTypes::*pfnGet)()) {
-    return [pfnGet](CAllTypes& object, const std::string& strText) {
-        (object.*pfnGet)().Add(CItemTypeTraits<eType>::FromText(strText, kPreserve));
-    };
+ListAccess Into(TCol& (CAllTypes::*pfnGet)()) {
+    return {[pfnGet](CAllTypes& object, int nIndex, const std::string& strText) {
+                (object.*pfnGet)().AddAt(nIndex, CItemTypeTraits<eType>::FromText(strText, kPreserve));
+            },
+            [pfnGet](CAllTypes& object) { return (object.*pfnGet)().GetCount(); }};
 }
 
 struct MemberRow {
@@ -52,7 +59,7 @@ struct MemberRow {
 
 struct ListRow {
     const char* pszName;
-    AddFn add;
+    ListAccess list;
     std::vector<std::string> texts;
 };
 
@@ -135,7 +142,7 @@ TEST(AllTypes, EdgeValuesWriteTheirOwnTextsAndReadBackToTheSameDocument) {
     }
     for (const ListRow& row : ListRows()) {
         for (const std::string& strText : row.texts) {
-            row.add(*object, strText);
+            row.list.addAt(*object, row.list.count(*object), strText);
             strExpected += Element(row.pszName, strText);
         }
     }
@@ -143,6 +150,9 @@ TEST(AllTypes, EdgeValuesWriteTheirOwnTextsAndReadBackToTheSameDocument) {
 
     const std::string strWritten = Flat(object);
     EXPECT_EQ(strExpected, strWritten);
+    // None of it is a form written one way.
+    EXPECT_FALSE(OrvexTest::HasCutFloatText(strWritten) || OrvexTest::HasOverflowingFloatText(strWritten) ||
+                 OrvexTest::HasEmptyDurationText(strWritten));
     CSmartPtr<CAllTypes> again = CAllTypes::CreateInstance();
     again->FromXml(strWritten.c_str(), DefaultCtx());
     EXPECT_EQ(strWritten, Flat(again));
@@ -150,6 +160,141 @@ TEST(AllTypes, EdgeValuesWriteTheirOwnTextsAndReadBackToTheSameDocument) {
     const std::string strFormatted = object->ToXml(true, true, EOLType_LF, DefaultCtx());
     again->FromXml(strFormatted.c_str(), DefaultCtx());
     EXPECT_EQ(strFormatted, again->ToXml(true, true, EOLType_LF, DefaultCtx()));
+}
+
+ListRow ListNamed(const std::string& strName) {
+    for (const ListRow& row : ListRows()) {
+        if (strName == row.pszName) return row;
+    }
+    throw std::logic_error("no collection " + strName);
+}
+
+// Each form written one way on purpose, with the rule that names it: the object writes the
+// text, the rule holds for it, and reading it back fails or gives another document.
+TEST(AllTypes, FormsWrittenOneWayAreThoseTheirRulesName) {
+    struct Row {
+        const char* pszCase;
+        std::function<void(CAllTypes&)> fill;
+        const char* pszWritten;  // the element as written
+        bool bRule;
+        const char* pszReadBack;  // the element as written again, or null when reading refuses
+    };
+    const Row rows[] = {
+        {"year below 1000", [](CAllTypes& o) { o.SetGYear(999); }, "<AA:GYear>999</AA:GYear>",
+         OrvexTest::IsUnreadableYear(999), nullptr},
+        {"negative year wrapped", [](CAllTypes& o) { SetMember(o, ItemType_year, "-0044"); },
+         "<AA:GYear>65492</AA:GYear>", OrvexTest::IsUnreadableYear(65492), nullptr},
+        {"all-zero duration", [](CAllTypes& o) { SetMember(o, ItemType_duration, "-PT0S"); },
+         "<AA:Duration>-P</AA:Duration>", OrvexTest::IsEmptyDurationText("-P"), nullptr},
+        {"largest double", [](CAllTypes& o) { o.SetDouble(1.7976931348623157e308); },
+         "<AA:Double>1.797693134862316e+308</AA:Double>",
+         OrvexTest::IsOverflowingFloatText(ItemType_r8, "1.797693134862316e+308"), "<AA:Double>INF</AA:Double>"},
+        {"%.2f past 47 characters", [](CAllTypes& o) { ListNamed("DoubleList").list.addAt(o, 0, "4.4e61"); },
+         "<AA:DoubleList>44000000000000000627529338483176592262972319383</AA:DoubleList>",
+         OrvexTest::IsCutFloatText(ItemType_r8, "44000000000000000627529338483176592262972319383"),
+         "<AA:DoubleList>44000000000000000712272517764252458167063019520</AA:DoubleList>"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.pszCase);
+        CSmartPtr<CAllTypes> object = CAllTypes::CreateInstance();
+        row.fill(*object);
+        const std::string strWritten = Flat(object);
+        EXPECT_EQ(std::string(kOpen) + row.pszWritten + "</AA:AllTypes>", strWritten);
+        EXPECT_TRUE(row.bRule);
+        CSmartPtr<CAllTypes> again = CAllTypes::CreateInstance();
+        if (row.pszReadBack) {
+            again->FromXml(strWritten.c_str(), DefaultCtx());
+            EXPECT_EQ(std::string(kOpen) + row.pszReadBack + "</AA:AllTypes>", Flat(again));
+        } else {
+            EXPECT_NE("(no exception)", Thrown([&] { again->FromXml(strWritten.c_str(), DefaultCtx()); }));
+        }
+    }
+}
+
+// A value that breaks a facet is refused with the check's message: the number form for the
+// sized integers up to 32 bits and the floats, the text form with a full stop for the rest. A
+// member stops the writing; a collection refuses the AddAt and keeps its items.
+TEST(AllTypes, ValueBreakingAFacetIsRefusedOnWritingAndOnAdding) {
+    struct Row {
+        const char* pszList;  // null: the member of the kind
+        ItemType eType;
+        std::string strText;
+        std::string strMessage;
+    };
+    const std::string str17Bytes(34, 'A');
+    const std::string str66Bytes(88, 'A');
+    const std::string str321Digits(321, '1');
+    const std::string str65Chars(65, 'x');
+    const Row rows[] = {
+        {nullptr, ItemType_i4, "-2147483648", "Invalid Value for Int [-2147483648]"},
+        {nullptr, ItemType_ui2, "0", "Invalid Value for UnsignedShort [0]"},
+        {nullptr, ItemType_r4, "NaN", "Invalid Value for Float [nan]"},
+        {nullptr, ItemType_i8, "9223372036854775807", "Invalid Value for Long [9223372036854775807]."},
+        {nullptr, ItemType_hexBinary, str17Bytes, "Invalid Value for HexBinary [" + str17Bytes + "]."},
+        {nullptr, ItemType_string, "tab\there", "Invalid Value for String [tab\there]."},
+        {nullptr, ItemType_string, str65Chars, "Invalid Value for String [" + str65Chars + "]."},
+        {nullptr, ItemType_decimal, "10.1", "Invalid Value for Decimal [10.1]."},
+        {nullptr, ItemType_integer, str321Digits, "Invalid Value for Integer [" + str321Digits + "]."},
+        {nullptr, ItemType_duration, "P10000Y1D", "Invalid Value for Duration [P10000Y1D]."},
+        {nullptr, ItemType_monthDay, "--01-01", "Invalid Value for GMonthDay [--01-01]."},
+        // A zoned time against bounds without a zone: the bound is tried at +14:00 and -14:00,
+        // so a time late in the day in UTC is above the last moment of the day.
+        {nullptr, ItemType_time, "23:00:00Z", "Invalid Value for Time [23:00:00Z]."},
+        {"HexBinaryList", ItemType_hexBinary, str17Bytes, "Invalid Value for HexBinaryList [" + str17Bytes + "]."},
+        {"Base64BinaryList", ItemType_base64Binary, str66Bytes,
+         "Invalid Value for Base64BinaryList [" + str66Bytes + "]."},
+        {"StringList", ItemType_string, "tab\there", "Invalid Value for StringList [tab\there]."},
+        {"DecimalList", ItemType_decimal, "1.000000000000000000000000000001",
+         "Invalid Value for DecimalList [1.000000000000000000000000000001]."},
+        {"IntegerList", ItemType_integer, "-" + str321Digits, "Invalid Value for IntegerList [-" + str321Digits + "]."},
+        {"DurationList", ItemType_duration, "-P10000Y1D", "Invalid Value for DurationList [-P10000Y1D]."},
+        {"GMonthDayList", ItemType_monthDay, "--01-01", "Invalid Value for GMonthDayList [--01-01]."},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.strText);
+        CSmartPtr<CAllTypes> object = CAllTypes::CreateInstance();
+        if (!row.pszList) {
+            SetMember(*object, row.eType, row.strText);
+            EXPECT_EQ("Failed to convert the element [AllTypes] to XML\n" + row.strMessage,
+                      Thrown([&] { Flat(object); }));
+            continue;
+        }
+        const ListRow edges = ListNamed(row.pszList);
+        const ListAccess& list = edges.list;
+        list.addAt(*object, 0, edges.texts[0]);
+        EXPECT_EQ(row.strMessage, Thrown([&] { list.addAt(*object, 0, row.strText); }));
+        EXPECT_EQ(1, list.count(*object));
+    }
+}
+
+// A char has no check, so the metadata that checks every value on writing refuses it; it
+// stays unset in every other case here.
+TEST(AllTypes, CharMemberRefusesWriting) {
+    CSmartPtr<CAllTypes> object = CAllTypes::CreateInstance();
+    object->SetChar('x');
+    try {
+        Flat(object);
+        ADD_FAILURE() << "written";
+    } catch (const COxException& e) {
+        EXPECT_EQ("Failed to convert the element [AllTypes] to XML\nUnknown type [char].", e.GetFullMessage());
+        EXPECT_EQ(typeid(COxInvalidValueException), typeid(Innermost(e)));
+    }
+}
+
+// A date collection takes dates only: a time is refused before any listener hears of it.
+TEST(AllTypes, DateCollectionRefusesATimeSilently) {
+    CSmartPtr<CAllTypes> object = CAllTypes::CreateInstance();
+    CdateCol& dates = object->GetDateList();
+    dates.Add(CDateTime(2024, 2, 29));
+    OrvexColTest::CEventRecorder recorder;
+    dates.AddEventListener(&recorder);
+    CDateTime time(CDateTime::dt_time);
+    time.SetTime(12, 0, 0);
+    EXPECT_COL_THROW(dates.AddAt(0, time), COxInvalidParamException,
+                     "Dates added to this collection must be of type dt_date");
+    EXPECT_EQ("", recorder.m_strLog);
+    EXPECT_EQ(1, dates.GetCount());
+    dates.RemoveEventListener(&recorder);
 }
 
 }  // namespace
