@@ -56,7 +56,10 @@ void VariantRoundTrip(const std::string& text, ItemType eType, CWhitespaceUtils:
         return;
     }
     std::string strFirst = value.ToString(pszFormat);
-    if (OrvexTest::IsUnreadableCharText(eType, strFirst) || OrvexTest::IsCutFloatText(eType, strFirst)) return;
+    if (OrvexTest::IsUnreadableCharText(eType, strFirst) || OrvexTest::IsCutFloatText(eType, strFirst) ||
+        (eType == ItemType_duration && OrvexTest::IsEmptyDurationText(strFirst)) ||
+        (eType == ItemType_year && OrvexTest::IsUnreadableYear(value.GetYear())))
+        return;
     OxVariant again;
     try {
         again.FromString(strFirst, eType, CWhitespaceUtils::WhitespaceRule_preserve);
