@@ -243,9 +243,9 @@ CAllTypes::CAllTypes() {
 CAllTypes::~CAllTypes() {}
 
 void CAllTypes::ResetToDefaults() {
-    m_HexBinary = 0;
+    m_HexBinary = CBinaryData();
     m_bValidHexBinary = false;
-    m_Base64Binary = 0;
+    m_Base64Binary = CBinaryData();
     m_bValidBase64Binary = false;
     m_Byte = 0;
     m_bValidByte = false;
