@@ -1,7 +1,7 @@
 // Feeds arbitrary bytes to the readers of single values and of raw byte streams: the text
 // forms of every item type, base64 and hex, decimals and big integers, dates, times and
-// durations, the conversion of UTF-8 and UTF-16 to other code pages, and documents handed
-// over as bytes (byte order marks, UTF-16). Any outcome
+// durations, the conversion of UTF-8 and UTF-16 to other code pages, documents handed over as
+// bytes (byte order marks, UTF-16), and the facet checks of values. Any outcome
 // but a COxException is a finding, and so is a value that doesn't survive its own text form.
 #include <orvexxml/orvexxml.h>
 
@@ -56,7 +56,10 @@ void VariantRoundTrip(const std::string& text, ItemType eType, CWhitespaceUtils:
         return;
     }
     std::string strFirst = value.ToString(pszFormat);
-    if (OrvexTest::IsUnreadableCharText(eType, strFirst) || OrvexTest::IsCutFloatText(eType, strFirst)) return;
+    if (OrvexTest::IsUnreadableCharText(eType, strFirst) || OrvexTest::IsCutFloatText(eType, strFirst) ||
+        (eType == ItemType_duration && OrvexTest::IsEmptyDurationText(strFirst)) ||
+        (eType == ItemType_year && OrvexTest::IsUnreadableYear(value.GetYear())))
+        return;
     OxVariant again;
     try {
         again.FromString(strFirst, eType, CWhitespaceUtils::WhitespaceRule_preserve);
@@ -165,6 +168,59 @@ void DateRoundTrip(const std::string& text, uint8_t nSelector) {
     }
 }
 
+// The fields of a facet case, split at the byte 1: the value, the four bounds, the pattern, and
+// the numbers (min length, max length, length, total digits, fraction digits, one byte each).
+std::vector<std::string> SplitFields(const std::string& text) {
+    std::vector<std::string> fields(1);
+    for (char c : text) {
+        if (c == '\x01')
+            fields.emplace_back();
+        else
+            fields.back() += c;
+    }
+    fields.resize(7);
+    return fields;
+}
+
+// A byte of the numbers field as a facet count: small, or -1 (no such facet) for a missing
+// byte and for half of the values.
+OxLong FacetCount(const std::string& numbers, size_t nIndex) {
+    if (nIndex >= numbers.size()) return -1;
+    const unsigned char b = static_cast<unsigned char>(numbers[nIndex]);
+    return b & 0x80 ? -1 : static_cast<OxLong>(b % 40);
+}
+
+// A value of any kind read from text, checked against a facet set built from the input: bounds
+// as texts (which may not read as the kind), small counts, and a pattern that may be hostile.
+// The check may refuse, but only with a COxException, and it must end (a pattern's match is
+// bounded). The same check again gives the same outcome.
+void CheckFacets(const std::string& text, uint8_t nSelector) {
+    const ItemType eType = static_cast<ItemType>(nSelector % 26 + 1);
+    const std::vector<std::string> fields = SplitFields(text);
+    OxVariant value;
+    try {
+        value.FromString(fields[0], eType, CWhitespaceUtils::WhitespaceRule_preserve);
+    } catch (const COxException&) {
+        return;
+    }
+    auto textOrNull = [](const std::string& strField) { return strField.empty() ? nullptr : strField.c_str(); };
+    const std::string& numbers = fields[6];
+    const CPrimitiveRestrictions restrictions(textOrNull(fields[5]), FacetCount(numbers, 0), FacetCount(numbers, 1),
+                                              textOrNull(fields[1]), textOrNull(fields[2]), textOrNull(fields[3]),
+                                              textOrNull(fields[4]), FacetCount(numbers, 2), FacetCount(numbers, 3),
+                                              FacetCount(numbers, 4));
+    std::string strOutcome[2];
+    for (std::string& strResult : strOutcome) {
+        try {
+            ValidatePrimitive("v", value, eType, restrictions);
+            strResult = "passed";
+        } catch (const COxException& e) {
+            strResult = e.GetFullMessage();
+        }
+    }
+    if (strOutcome[0] != strOutcome[1]) std::abort();
+}
+
 template <class T>
 void ReadBytes(std::string& bytes) {
     CSmartPtr<T> object = T::CreateInstance();
@@ -184,7 +240,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
     uint8_t nSelector = pData[1];
     std::string text(reinterpret_cast<const char*>(pData + 2), nSize - 2);
     try {
-        switch (nMode % 7) {
+        switch (nMode % 8) {
             case 0:
                 VariantRoundTrip(text, static_cast<ItemType>(nSelector % 29), kRules[(nSelector / 29) % 3],
                                  kFloatFormats[(nSelector / 87) % 3]);
@@ -208,6 +264,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
                 break;
             case 6:
                 DateRoundTrip(text, nSelector);
+                break;
+            case 7:
+                CheckFacets(text, nSelector);
                 break;
         }
     } catch (const COxException&) {

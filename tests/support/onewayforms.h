@@ -6,7 +6,10 @@
 
 #include <orvexxml/orvexxml.h>
 
+#include <cmath>
 #include <cstddef>
+#include <cstdint>
+#include <cstdlib>
 #include <functional>
 #include <string>
 #include <vector>
@@ -30,6 +33,27 @@ inline bool IsCutFloatText(OrvexXml::ItemType eType, const std::string& strText)
 inline bool IsRoundedFloatType(OrvexXml::ItemType eType) {
     return eType == OrvexXml::ItemType_r4 || eType == OrvexXml::ItemType_r8;
 }
+
+// A float text keeps fewer digits than the value can need, and rounding may carry it past the
+// largest finite value of its kind ("%.16g" of the largest double gives 1.797693134862316e+308);
+// read without a range test, such a text is infinity. Only a text with an exponent can, since a
+// fixed-point text that long is cut first.
+inline bool IsOverflowingFloatText(OrvexXml::ItemType eType, const std::string& strText) {
+    if (!IsRoundedFloatType(eType) || strText.find_first_of("eE") == std::string::npos) return false;
+    try {
+        OrvexXml::OxVariant value;
+        value.FromString(strText, eType, OrvexXml::CWhitespaceUtils::WhitespaceRule_preserve);
+        return std::isinf(eType == OrvexXml::ItemType_r4 ? value.GetR4() : value.GetR8());
+    } catch (const OrvexXml::COxException&) {
+        return false;
+    }
+}
+
+// A year (ItemType_year, 16 bits without sign) is written "%u", unpadded, and read as a gYear
+// of four digits at least, between -9999 and 9999. So a year below 1000 writes a text too
+// short, and one above 9999 (a negative year read wraps into 16 bits) a text out of range:
+// neither reads back.
+inline bool IsUnreadableYear(uint16_t nYear) { return nYear < 1000 || nYear > 9999; }
 
 // The character 0 is written as the empty text, which a char refuses by definition.
 inline bool IsUnreadableCharText(OrvexXml::ItemType eType, const std::string& strText) {
@@ -59,6 +83,40 @@ inline bool HasCutFloatText(const std::string& strDocument) {
             }
         }
         nPos = nEnd;
+    }
+    return false;
+}
+
+// The texts of the elements of a written document, in document order (no attributes).
+inline std::vector<std::string> ElementTexts(const std::string& strDocument) {
+    std::vector<std::string> texts;
+    size_t nPos = 0;
+    while ((nPos = strDocument.find('>', nPos)) != std::string::npos) {
+        size_t nEnd = strDocument.find('<', ++nPos);
+        if (nEnd == std::string::npos) break;
+        texts.push_back(strDocument.substr(nPos, nEnd - nPos));
+        nPos = nEnd;
+    }
+    return texts;
+}
+
+// A written document holds a float text that reads back as infinity, as IsOverflowingFloatText
+// says for r8, or for r4 with a magnitude that only a rounded float gives (below twice the
+// largest float); a string of that shape is taken for one too.
+inline bool HasOverflowingFloatText(const std::string& strDocument) {
+    for (const std::string& strText : ElementTexts(strDocument)) {
+        if (IsOverflowingFloatText(OrvexXml::ItemType_r8, strText)) return true;
+        if (IsOverflowingFloatText(OrvexXml::ItemType_r4, strText) &&
+            std::fabs(std::strtod(strText.c_str(), nullptr)) < 6.8e38)
+            return true;
+    }
+    return false;
+}
+
+// A written document holds the text of an all-zero duration, as IsEmptyDurationText says.
+inline bool HasEmptyDurationText(const std::string& strDocument) {
+    for (const std::string& strText : ElementTexts(strDocument)) {
+        if (IsEmptyDurationText(strText)) return true;
     }
     return false;
 }
