@@ -13,6 +13,7 @@
 #include "invoiceline.h"
 #include "note.h"
 #include "order.h"
+#include "order/orderbook.h"
 #include "person.h"
 #include "primitiveset.h"
 #include "remittance.h"
@@ -70,7 +71,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
     }
     const CSerializationContext& ctx = s_contexts[pData[0] % 4];
     std::string text(reinterpret_cast<const char*>(pData + 1), nSize - 1);
-    switch ((pData[0] >> 2) % 12) {
+    switch ((pData[0] >> 2) % 13) {
         case 0:
             ReadInto<Samples::CPerson>(text, ctx);
             break;
@@ -104,8 +105,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
         case 10:
             ReadInto<Samples::COrder>(text, ctx);
             break;
-        default:
+        case 11:
             ReadInto<Samples::CShop>(text, ctx);
+            break;
+        default:
+            ReadInto<OrderBook::COrderBook>(text, ctx);
             break;
     }
     return 0;
