@@ -6,10 +6,12 @@
 
 #include <stdlib.h>
 
+#include <atomic>
 #include <cstdio>
 #include <fstream>
 #include <sstream>
 #include <typeinfo>
+#include <vector>
 
 #include "bindinghelpers.h"
 #include "support/ordercensus.h"
@@ -132,6 +134,25 @@ TEST_F(OrderBookDocument, WrittenDocumentIsValidAgainstTheSchema) {
     CSerializationContext lenient;
     lenient.SetIgnoreInvalidCollectionCounts(true);
     EXPECT_NE(SchemaCheck(book->ToXml(true, true, EOLType_LF, lenient)), 0);
+}
+
+TEST_F(OrderBookDocument, ThreadsReadAndWriteTheirOwnBooksAtOnce) {
+    // Each thread reads the same text into its own book and writes it back: the tables, the
+    // compiled article-number pattern and the default context are shared among them.
+    const std::string strSource = ReadText(Generate(60, 11));
+    std::vector<std::string> vecWritten(4), vecCensus(4);
+    std::atomic<int> nNext(0);
+    OnSmallStacks(4, [&] {
+        const int n = nNext++;
+        CSmartPtr<COrderBook> book = COrderBook::CreateInstance();
+        book->FromXml(strSource.c_str(), DefaultCtx());
+        vecCensus[n] = OrvexOrderCensus::OrderBookCensus(*book);
+        vecWritten[n] = book->ToXml(true, true, EOLType_LF, DefaultCtx());
+    });
+    for (int n = 0; n < 4; ++n) {
+        EXPECT_EQ(vecCensus[n], m_strCensus);
+        EXPECT_EQ(vecWritten[n], vecWritten[0]);
+    }
 }
 
 // Two orders, the second of which the cases below break.
