@@ -1,7 +1,7 @@
-// Peak memory of reading a large file with FromXmlFile (a reading log, and a batch of
-// attribute-heavy children), and of writing a large document with the direct file route,
-// each measured in a child process of its own so that the peaks don't mix. Prints the peak
-// growth in MB and as a ratio to the file's size.
+// Peak memory of reading a large file with FromXmlFile (a reading log, a batch of
+// attribute-heavy children, and the order document of the generator script), and of writing a large document with the
+// direct file route, each measured in a child process of its own so that the peaks don't mix. Prints the peak growth in
+// MB and as a ratio to the file's size.
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -12,6 +12,8 @@
 #include <string>
 
 #include "benchdocument.h"
+#include "order/orderbook.h"
+#include "orderdocument.h"
 
 using namespace OrvexXml;
 
@@ -97,7 +99,20 @@ int main(int argc, char** argv) {
     for (bool bAsync : {false, true})
         ReadInChild("FromXmlFile, attribute batch", strBatchFile, bAsync, [&] { return emptyBatch->CreateEmpty(); });
 
+    // The order document of the generator script, about 24.7 MB for 30000 orders, read into
+    // its generated classes (five levels of objects, dates, decimals, an enumeration).
+    const std::string strOrderFile = strFile + ".orders";
+    if (GenerateOrderDocument(strOrderFile, static_cast<int>(nMegabytes * 1200)).empty()) {
+        std::printf("order document: the generator could not be run\n");
+    } else {
+        std::printf("order document file: %.1f MB\n", FileSize(strOrderFile) / 1e6);
+        for (bool bAsync : {false, true})
+            ReadInChild("FromXmlFile, order document", strOrderFile, bAsync,
+                        [] { return OrderBook::COrderBook::CreateInstance(); });
+    }
+
     std::remove(strFile.c_str());
+    std::remove(strOrderFile.c_str());
     std::remove((strFile + ".out").c_str());
     std::remove(strBatchFile.c_str());
     return 0;

@@ -14,6 +14,7 @@
 #include "invoiceline.h"
 #include "note.h"
 #include "order.h"
+#include "order/orderbook.h"
 #include "person.h"
 #include "primitiveset.h"
 #include "remittance.h"
@@ -91,7 +92,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
     }
     const CSerializationContext& ctx = s_contexts[pData[0] % 4];
     std::string text(reinterpret_cast<const char*>(pData + 1), nSize - 1);
-    switch ((pData[0] >> 2) % 13) {
+    switch ((pData[0] >> 2) % 14) {
         case 0:
             ReadInto<Samples::CPerson>(text, ctx);
             break;
@@ -125,11 +126,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
         case 10:
             ReadInto<Samples::COrder>(text, ctx);
             break;
+        case 11:
+            ReadInto<Samples::CShop>(text, ctx);
+            break;
         case 12:
             ReadInto<Samples::CAllTypes>(text, ctx);
             break;
         default:
-            ReadInto<Samples::CShop>(text, ctx);
+            ReadInto<OrderBook::COrderBook>(text, ctx);
             break;
     }
     return 0;

@@ -1,0 +1,236 @@
+// Throughput of reading and writing the order document (bench/order: an order book of
+// generated classes five levels deep, with dates, decimals, doubles, an enumeration, a
+// pattern facet and optional parts) in MB/s, next to expat alone on the same bytes in the
+// same run, in one call and in 64 KiB pieces, and a plain write of the bytes to a file.
+// The document comes from the project's generator script; before any timing it is read
+// once and the census counted from the tree must equal the generator's own, or the program
+// stops. Ratios to expat are printed at the end.
+//
+//     orvexxml_orderbook_bench [--orders=N] [benchmark options]     (default 30000 orders)
+#include "order/orderbook.h"
+
+#include <benchmark/benchmark.h>
+#include <expat.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "orderdocument.h"
+#include "support/ordercensus.h"
+
+using namespace OrvexXml;
+using OrderBook::COrderBook;
+
+namespace {
+
+struct OrderFixture {
+    std::string strFile;
+    std::string strXml;
+    CSmartPtr<COrderBook> book;
+};
+
+OrderFixture& Doc() {
+    static OrderFixture s_fixture;
+    return s_fixture;
+}
+
+const CSerializationContext& Ctx() { return CSerializationContext::GetDefaultContext(); }
+
+void SetBytes(benchmark::State& state) {
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(Doc().strXml.size()));
+}
+
+// --- baselines ---------------------------------------------------------------------------
+
+void XMLCALL EmptyStart(void*, const XML_Char*, const XML_Char**) {}
+void XMLCALL EmptyEnd(void*, const XML_Char*) {}
+void XMLCALL EmptyText(void*, const XML_Char*, int) {}
+
+XML_Parser NewBaselineParser() {
+    XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
+    XML_SetElementHandler(parser, EmptyStart, EmptyEnd);
+    XML_SetCharacterDataHandler(parser, EmptyText);
+    return parser;
+}
+
+void Baseline_ExpatOneCall(benchmark::State& state) {
+    const std::string& xml = Doc().strXml;
+    for (auto _ : state) {
+        XML_Parser parser = NewBaselineParser();
+        if (XML_Parse(parser, xml.data(), static_cast<int>(xml.size()), 1) != XML_STATUS_OK)
+            state.SkipWithError("parse");
+        XML_ParserFree(parser);
+    }
+    SetBytes(state);
+}
+
+void Baseline_Expat64KiB(benchmark::State& state) {
+    const std::string& xml = Doc().strXml;
+    for (auto _ : state) {
+        XML_Parser parser = NewBaselineParser();
+        for (size_t nPos = 0; nPos < xml.size(); nPos += 65536) {
+            size_t nLen = std::min<size_t>(65536, xml.size() - nPos);
+            if (XML_Parse(parser, xml.data() + nPos, static_cast<int>(nLen), nPos + nLen == xml.size()) !=
+                XML_STATUS_OK)
+                state.SkipWithError("parse");
+        }
+        XML_ParserFree(parser);
+    }
+    SetBytes(state);
+}
+
+void Baseline_WriteFile(benchmark::State& state) {
+    const std::string& xml = Doc().strXml;
+    const std::string strOut = Doc().strFile + ".out";
+    for (auto _ : state) {
+        int fd = open(strOut.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+        size_t nDone = 0;
+        while (nDone < xml.size()) {
+            ssize_t n = write(fd, xml.data() + nDone, xml.size() - nDone);
+            if (n <= 0) break;
+            nDone += static_cast<size_t>(n);
+        }
+        close(fd);
+    }
+    std::remove(strOut.c_str());
+    SetBytes(state);
+}
+
+// --- reading -----------------------------------------------------------------------------
+
+void Read_FromXml(benchmark::State& state) {
+    CSmartPtr<COrderBook> target = COrderBook::CreateInstance();
+    for (auto _ : state) target->FromXml(Doc().strXml.c_str(), Ctx());
+    SetBytes(state);
+}
+
+void ReadFile(benchmark::State& state, bool bAsync) {
+    CSmartPtr<COrderBook> target = COrderBook::CreateInstance();
+    AsyncFromXmlFile(bAsync);
+    for (auto _ : state) target->FromXmlFile(Doc().strFile.c_str(), Ctx());
+    AsyncFromXmlFile(false);
+    SetBytes(state);
+}
+void Read_FromXmlFileWhole(benchmark::State& state) { ReadFile(state, false); }
+void Read_FromXmlFileChunked(benchmark::State& state) { ReadFile(state, true); }
+
+// --- writing -----------------------------------------------------------------------------
+// Written with tabs, as the generator indents, so that the text written has about the size of
+// the document read and the rates compare.
+
+const CSerializationContext& TabCtx() {
+    static CSerializationContext s_ctx;
+    static const bool s_bTabs = (s_ctx.SetIndentChars("\t"), true);
+    (void)s_bTabs;
+    return s_ctx;
+}
+
+void Write_ToXml(benchmark::State& state) {
+    for (auto _ : state) benchmark::DoNotOptimize(Doc().book->ToXml(true, true, EOLType_LF, TabCtx()));
+    SetBytes(state);
+}
+
+void WriteFile(benchmark::State& state, bool bAsync) {
+    const std::string strOut = Doc().strFile + ".out";
+    AsyncToXmlFile(bAsync);
+    for (auto _ : state) {
+        Doc().book->ToXmlFile(strOut.c_str(), true, true, XmlEncoding_UTF8, EOLType_LF, TabCtx(), CompressionType_None);
+    }
+    AsyncToXmlFile(false);
+    std::remove(strOut.c_str());
+    SetBytes(state);
+}
+void Write_ToXmlFileInMemory(benchmark::State& state) { WriteFile(state, false); }
+void Write_ToXmlFileDirect(benchmark::State& state) { WriteFile(state, true); }
+
+// Prints each result as usual and keeps the median throughput (or the single run) of each
+// benchmark for the table of ratios to expat at the end.
+class CRatioReporter : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run>& runs) override {
+        ConsoleReporter::ReportRuns(runs);
+        for (const Run& run : runs) {
+            if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median") continue;
+            auto it = run.counters.find("bytes_per_second");
+            if (it != run.counters.end()) m_mapRates[run.run_name.function_name] = it->second.value / 1e6;
+        }
+    }
+    void PrintRatios() const {
+        auto it = m_mapRates.find("Order_Baseline_ExpatOneCall");
+        const double dExpat = it == m_mapRates.end() ? 0.0 : it->second;
+        std::printf("\nOrder document: %zu bytes, %d orders.\n%-32s %10s %14s\n", Doc().strXml.size(),
+                    Doc().book->GetOrder().GetCount(), "benchmark", "MB/s", "/ expat alone");
+        for (const auto& entry : m_mapRates) {
+            std::printf("%-32s %10.1f %14.2f\n", entry.first.c_str(), entry.second,
+                        dExpat > 0 ? entry.second / dExpat : 0.0);
+        }
+    }
+
+private:
+    std::map<std::string, double> m_mapRates;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    int nOrders = 30000;
+    std::vector<char*> args;
+    for (int i = 0; i < argc; ++i) {
+        if (std::strncmp(argv[i], "--orders=", 9) == 0)
+            nOrders = std::atoi(argv[i] + 9);
+        else
+            args.push_back(argv[i]);
+    }
+    int nArgs = static_cast<int>(args.size());
+
+    // The document, and its census checked once against the generator's before any timing.
+    OrderFixture& doc = Doc();
+    doc.strFile = "/tmp/orvexxml-orders-" + std::to_string(getpid()) + ".xml";
+    const std::string strCensus = GenerateOrderDocument(doc.strFile, nOrders);
+    if (strCensus.empty()) {
+        std::fprintf(stderr, "the generator could not be run (python3 %s/bench/order/gen_order.py)\n",
+                     ORVEXXML_SOURCE_DIR);
+        return 1;
+    }
+    std::ostringstream text;
+    text << std::ifstream(doc.strFile, std::ios::binary).rdbuf();
+    doc.strXml = text.str();
+    doc.book = COrderBook::CreateInstance();
+    doc.book->FromXmlFile(doc.strFile.c_str(), Ctx());
+    const std::string strRead = OrvexOrderCensus::OrderBookCensus(*doc.book);
+    std::printf("generator: %s\nread:      %s\n", strCensus.c_str(), strRead.c_str());
+    if (strRead != strCensus) {
+        std::fprintf(stderr, "the census read differs from the generator's\n");
+        std::remove(doc.strFile.c_str());
+        return 1;
+    }
+
+    const std::pair<const char*, void (*)(benchmark::State&)> aBenchmarks[] = {
+        {"Order_Baseline_ExpatOneCall", Baseline_ExpatOneCall},
+        {"Order_Baseline_Expat64KiB", Baseline_Expat64KiB},
+        {"Order_Baseline_WriteFile", Baseline_WriteFile},
+        {"Order_Read_FromXml", Read_FromXml},
+        {"Order_Read_FromXmlFileWhole", Read_FromXmlFileWhole},
+        {"Order_Read_FromXmlFileChunked", Read_FromXmlFileChunked},
+        {"Order_Write_ToXml", Write_ToXml},
+        {"Order_Write_ToXmlFileInMemory", Write_ToXmlFileInMemory},
+        {"Order_Write_ToXmlFileDirect", Write_ToXmlFileDirect}};
+    for (const auto& entry : aBenchmarks)
+        benchmark::RegisterBenchmark(entry.first, entry.second)->Unit(benchmark::kMillisecond);
+    benchmark::Initialize(&nArgs, args.data());
+    CRatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    reporter.PrintRatios();
+    benchmark::Shutdown();
+    std::remove(doc.strFile.c_str());
+    return 0;
+}
