@@ -24,6 +24,7 @@
 #include <string>
 #include <vector>
 
+#include "baselines.h"
 #include "orderdocument.h"
 #include "support/ordercensus.h"
 
@@ -51,55 +52,24 @@ void SetBytes(benchmark::State& state) {
 
 // --- baselines ---------------------------------------------------------------------------
 
-void XMLCALL EmptyStart(void*, const XML_Char*, const XML_Char**) {}
-void XMLCALL EmptyEnd(void*, const XML_Char*) {}
-void XMLCALL EmptyText(void*, const XML_Char*, int) {}
-
-XML_Parser NewBaselineParser() {
-    XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
-    XML_SetElementHandler(parser, EmptyStart, EmptyEnd);
-    XML_SetCharacterDataHandler(parser, EmptyText);
-    return parser;
-}
-
 void Baseline_ExpatOneCall(benchmark::State& state) {
-    const std::string& xml = Doc().strXml;
     for (auto _ : state) {
-        XML_Parser parser = NewBaselineParser();
-        if (XML_Parse(parser, xml.data(), static_cast<int>(xml.size()), 1) != XML_STATUS_OK)
-            state.SkipWithError("parse");
-        XML_ParserFree(parser);
+        if (!Baselines::ExpatParse(Doc().strXml)) state.SkipWithError("parse");
     }
     SetBytes(state);
 }
 
 void Baseline_Expat64KiB(benchmark::State& state) {
-    const std::string& xml = Doc().strXml;
     for (auto _ : state) {
-        XML_Parser parser = NewBaselineParser();
-        for (size_t nPos = 0; nPos < xml.size(); nPos += 65536) {
-            size_t nLen = std::min<size_t>(65536, xml.size() - nPos);
-            if (XML_Parse(parser, xml.data() + nPos, static_cast<int>(nLen), nPos + nLen == xml.size()) !=
-                XML_STATUS_OK)
-                state.SkipWithError("parse");
-        }
-        XML_ParserFree(parser);
+        if (!Baselines::ExpatParse(Doc().strXml, 65536)) state.SkipWithError("parse");
     }
     SetBytes(state);
 }
 
 void Baseline_WriteFile(benchmark::State& state) {
-    const std::string& xml = Doc().strXml;
     const std::string strOut = Doc().strFile + ".out";
     for (auto _ : state) {
-        int fd = open(strOut.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        size_t nDone = 0;
-        while (nDone < xml.size()) {
-            ssize_t n = write(fd, xml.data() + nDone, xml.size() - nDone);
-            if (n <= 0) break;
-            nDone += static_cast<size_t>(n);
-        }
-        close(fd);
+        if (!Baselines::WriteFile(strOut, Doc().strXml)) state.SkipWithError("write");
     }
     std::remove(strOut.c_str());
     SetBytes(state);

@@ -23,6 +23,7 @@
 #include <utility>
 #include <vector>
 
+#include "baselines.h"
 #include "benchdocument.h"
 
 // --- counting allocator --------------------------------------------------------------------
@@ -185,23 +186,7 @@ void SetBytes(benchmark::State& state) { SetBytes(state, Doc().strXml.size()); }
 
 // --- baselines ---------------------------------------------------------------------------
 
-void XMLCALL EmptyStart(void*, const XML_Char*, const XML_Char**) {}
-void XMLCALL EmptyEnd(void*, const XML_Char*) {}
-void XMLCALL EmptyText(void*, const XML_Char*, int) {}
-
-XML_Parser NewBaselineParser() {
-    XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
-    XML_SetElementHandler(parser, EmptyStart, EmptyEnd);
-    XML_SetCharacterDataHandler(parser, EmptyText);
-    return parser;
-}
-
-bool ExpatParse(const std::string& xml) {
-    XML_Parser parser = NewBaselineParser();
-    bool bOk = XML_Parse(parser, xml.data(), static_cast<int>(xml.size()), 1) == XML_STATUS_OK;
-    XML_ParserFree(parser);
-    return bOk;
-}
+using Baselines::ExpatParse;
 
 void Baseline_ExpatOneCall(benchmark::State& state) {
     for (auto _ : state) {
@@ -211,30 +196,16 @@ void Baseline_ExpatOneCall(benchmark::State& state) {
 }
 
 void Baseline_Expat64KiB(benchmark::State& state) {
-    const std::string& xml = Doc().strXml;
     for (auto _ : state) {
-        XML_Parser parser = NewBaselineParser();
-        for (size_t nPos = 0; nPos < xml.size(); nPos += 65536) {
-            size_t nLen = std::min<size_t>(65536, xml.size() - nPos);
-            XML_Parse(parser, xml.data() + nPos, static_cast<int>(nLen), nPos + nLen == xml.size());
-        }
-        XML_ParserFree(parser);
+        if (!ExpatParse(Doc().strXml, 65536)) state.SkipWithError("parse");
     }
     SetBytes(state);
 }
 
 void Baseline_WriteFile(benchmark::State& state) {
-    const std::string& xml = Doc().strXml;
-    std::string strOut = Doc().strFile + ".out";
+    const std::string strOut = Doc().strFile + ".out";
     for (auto _ : state) {
-        int fd = open(strOut.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        size_t nDone = 0;
-        while (nDone < xml.size()) {
-            ssize_t n = write(fd, xml.data() + nDone, xml.size() - nDone);
-            if (n <= 0) break;
-            nDone += static_cast<size_t>(n);
-        }
-        close(fd);
+        if (!Baselines::WriteFile(strOut, Doc().strXml)) state.SkipWithError("write");
     }
     std::remove(strOut.c_str());
     SetBytes(state);
