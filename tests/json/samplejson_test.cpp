@@ -27,6 +27,7 @@
 #include "settings.h"
 #include "shape.h"
 #include "shop.h"
+#include "support/jsonsyntax.h"
 #include "tally.h"
 
 using namespace OrvexXml;
@@ -186,6 +187,7 @@ TEST_F(SampleJson, EverySampleInEveryModeIsStrictJson) {
                         ctx.GetNamespaceAliases().Add(alias.first, alias.second);
                     const std::string strText = object->ToJson(bFormatted, EOLType_LF, ctx);
                     EXPECT_EQ(strText, object->ToJson(bFormatted, EOLType_LF, ctx));
+                    EXPECT_TRUE(OrvexTest::CJsonSyntax::IsValid(strText));
                     const std::string strFile =
                         std::string(sample.pszName) + "_" + mode.second + (bFormatted ? "_f" : "_c") + ".json";
                     WriteFile(m_strDir + strFile, strText);
@@ -249,4 +251,51 @@ TEST_F(SampleJson, StreamsAndFilesHoldTheTextOfToJson) {
         });
     }
     EXPECT_EQ("", RunChecks());
+}
+
+// The fuzzers' JSON checker gives Python's verdict on texts at the edges of the grammar.
+TEST_F(SampleJson, SyntaxCheckerAgreesWithPython) {
+    const std::vector<std::string> texts = {"{}",
+                                            " [1, -0, 0.5e+3, 1E-2, true, false, null, \"\\u00e9\\/\\b\"] ",
+                                            "{\"a\": {\"b\": []}}",
+                                            "\"\xC3\xA9\xF0\x9F\x98\x80\"",
+                                            "",
+                                            "{",
+                                            "{\"a\" 1}",
+                                            "{\"a\": 1,}",
+                                            "[1,]",
+                                            "[01]",
+                                            "[1.]",
+                                            "[.5]",
+                                            "[+1]",
+                                            "[1e]",
+                                            "[NaN]",
+                                            "[Infinity]",
+                                            "[-]",
+                                            "{} {}",
+                                            "{'a': 1}",
+                                            "[\"\t\"]",
+                                            "[\"\\x\"]",
+                                            "[\"\\u12G4\"]",
+                                            "[\"abc]",
+                                            "/* c */ {}",
+                                            "[\"\xC0\xAF\"]",
+                                            "[\"\xED\xA0\x80\"]",
+                                            "[\"\xF4\x90\x80\x80\"]",
+                                            "[\"\xE2\x82\"]",
+                                            "[\"\xFF\"]",
+                                            "{1: 2}",
+                                            "[tru]",
+                                            "nul",
+                                            "\"x\"\x00"};
+    for (size_t i = 0; i < texts.size(); ++i) {
+        WriteFile(m_strDir + "t" + std::to_string(i), texts[i]);
+        Check("t" + std::to_string(i), "utf-8");
+    }
+    const std::string strRefused = RunChecks();
+    for (size_t i = 0; i < texts.size(); ++i) {
+        SCOPED_TRACE(texts[i]);
+        const bool bPython = strRefused.find(m_strDir + "t" + std::to_string(i) + ":") == std::string::npos;
+        EXPECT_EQ(bPython, OrvexTest::CJsonSyntax::IsValid(texts[i]));
+    }
 }
