@@ -154,13 +154,13 @@ void CJsonTextWriter::WriteInLineSchema(const std::string&) {}
 
 void CJsonTextWriter::WriteXsiNil() {}
 
-void CJsonTextWriter::WriteMemberName(const char* pszMarker, const std::string& strPrefix, const std::string& strName) {
-    m_pStream->WriteChar('"');
-    m_pStream->WriteString(pszMarker);
-    if (!strPrefix.empty()) {
-        m_pStream->WriteString(strPrefix);
-        m_pStream->WriteChar(':');
-    }
+void CJsonTextWriter::WriteMemberName(bool bAttribute, const std::string& strPrefix, const std::string& strName) {
+    if (bAttribute)
+        PutLiteral(m_pStream, "\"@");
+    else
+        m_pStream->WriteChar('"');
+    // An empty string would take the buffer's slow path.
+    if (!strPrefix.empty()) m_pStream->WriteString(strPrefix);
     m_pStream->WriteString(strName);
     PutLiteral(m_pStream, "\": ");
 }
@@ -246,42 +246,54 @@ void CJsonTextWriter::WriteStartElement(const std::string& strName, const std::s
         bWriteName = m_pContext->m_nCollectionState != 2;
         BeginMember(m_pContext);
     }
-    const bool bRoot = !m_pContext;
+    const CXmlWriterContext* pParent = m_pContext;
     CXmlWriterContext* pNew = CreateContext(strName, strNamespace);
     try {
-        if (bRoot) pNew->m_nDepth = 1;
+        if (!pParent) pNew->m_nDepth = 1;
         if (m_bFormatted) WriteIndent(pNew->m_nDepth);
         m_bScalarWritten = false;
         m_bValuePending = true;
         if (m_eRoundTrip != JsonRoundTrip_Full) {
-            if (bWriteName) WriteMemberName("", std::string(), strName);
-        } else if (bWriteName) {
-            if (strNamespace.empty() || strNamespace == pNew->GetDefaultNamespace()) {
-                WriteMemberName("", std::string(), strName);
-            } else {
-                const NamespaceMap& mapNamespaces = pNew->GetNamespaceMap();
-                NamespaceMap::const_iterator it = mapNamespaces.find(strNamespace);
-                if (it != mapNamespaces.end()) {
-                    WriteMemberName("", it->second, strName);
-                } else {
-                    // Only the root can declare a prefix: the members of an object can't
-                    // precede its name, so a declaration below it would come too late.
-                    if (!bRoot) throw COxException(FormatString("Unknown Namespace: %s.", strNamespace.c_str()));
-                    std::string strPrefix = GenerateNamespacePrefix(mapNamespaces);
-                    pNew->SetNamespaceMapValue(strNamespace, strPrefix);
-                    WriteMemberName("", strPrefix, strName);
-                    WriteDeclaration(pNew, strPrefix, strNamespace);
-                }
+            if (bWriteName) WriteMemberName(false, std::string(), strName);
+        } else if (pParent && !pParent->m_strPrefix.empty() &&
+                   pParent->m_nPrefixGeneration == CXmlWriterContext::ScopeGeneration() &&
+                   pParent->m_strNamespace == strNamespace) {
+            // A child in its parent's namespace, with no scope changed since the parent took
+            // its prefix: the lookup would give the same prefix.
+            pNew->m_strPrefix.assign(pParent->m_strPrefix);
+            pNew->m_nPrefixGeneration = pParent->m_nPrefixGeneration;
+            if (bWriteName) WriteMemberName(false, pNew->m_strPrefix, strName);
+        } else if (strNamespace.empty() || strNamespace == pNew->GetDefaultNamespace()) {
+            if (bWriteName) WriteMemberName(false, std::string(), strName);
+        } else {
+            const NamespaceMap& mapNamespaces = pNew->GetNamespaceMap();
+            NamespaceMap::const_iterator it = mapNamespaces.find(strNamespace);
+            if (it != mapNamespaces.end()) {
+                pNew->m_strPrefix.assign(it->second).push_back(':');
+                pNew->m_nPrefixGeneration = CXmlWriterContext::ScopeGeneration();
+                if (bWriteName) WriteMemberName(false, pNew->m_strPrefix, strName);
+            } else if (!pParent) {
+                std::string strPrefix = GenerateNamespacePrefix(mapNamespaces);
+                pNew->SetNamespaceMapValue(strNamespace, strPrefix);
+                pNew->m_strPrefix.assign(strPrefix).push_back(':');
+                pNew->m_nPrefixGeneration = CXmlWriterContext::ScopeGeneration();
+                WriteMemberName(false, pNew->m_strPrefix, strName);
+                WriteDeclaration(pNew, strPrefix, strNamespace);
+            } else if (bWriteName) {
+                // Only the root can declare a prefix: the members of an object can't precede
+                // its name, so a declaration below it would come too late. An item of an
+                // array has no name to prefix.
+                throw COxException(FormatString("Unknown Namespace: %s.", strNamespace.c_str()));
             }
-            if (bRoot) {
-                // The declarations registered for the document, the default one first, then by
-                // ascending URI; "xml" is implicit.
-                if (!m_strDefaultNamespace.empty()) WriteDeclaration(pNew, std::string(), m_strDefaultNamespace);
-                const size_t nXmlLength = std::strlen(XmlNamespaceURI);
-                for (NamespaceMap::const_iterator it = m_mapNamespaces.begin(); it != m_mapNamespaces.end(); ++it) {
-                    if (it->first.compare(0, nXmlLength, XmlNamespaceURI) == 0) continue;
-                    WriteDeclaration(pNew, it->second, it->first);
-                }
+        }
+        if (!pParent && m_eRoundTrip == JsonRoundTrip_Full) {
+            // The declarations registered for the document, the default one first, then by
+            // ascending URI; "xml" is implicit.
+            if (!m_strDefaultNamespace.empty()) WriteDeclaration(pNew, std::string(), m_strDefaultNamespace);
+            const size_t nXmlLength = std::strlen(XmlNamespaceURI);
+            for (NamespaceMap::const_iterator it = m_mapNamespaces.begin(); it != m_mapNamespaces.end(); ++it) {
+                if (it->first.compare(0, nXmlLength, XmlNamespaceURI) == 0) continue;
+                WriteDeclaration(pNew, it->second, it->first);
             }
         }
         FlushIfLarge();
@@ -299,10 +311,15 @@ void CJsonTextWriter::WriteAttribute(const std::string& strName, const std::stri
     if (!strNamespace.empty() && m_eRoundTrip == JsonRoundTrip_Full) pPrefix = &PrefixOf(m_pContext, strNamespace);
     BeginMember(m_pContext);
     if (m_bFormatted) WriteIndent(m_pContext->m_nDepth + 1);
-    if (pPrefix)
-        WriteMemberName("@", *pPrefix, strName);
-    else
-        WriteMemberName(m_eRoundTrip == JsonRoundTrip_None ? "" : "@", std::string(), strName);
+    if (pPrefix) {
+        PutLiteral(m_pStream, "\"@");
+        m_pStream->WriteString(*pPrefix);
+        m_pStream->WriteChar(':');
+        m_pStream->WriteString(strName);
+        PutLiteral(m_pStream, "\": ");
+    } else {
+        WriteMemberName(m_eRoundTrip != JsonRoundTrip_None, std::string(), strName);
+    }
     WriteValue(strValue, eType);
     m_bValuePending = false;
 }

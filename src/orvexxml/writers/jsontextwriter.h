@@ -18,9 +18,9 @@ namespace OrvexXml {
 // binding engine through SetCollectionState) form an array behind one name, whose "[" is
 // written with the first item's content and whose "]" ends the collection.
 //
-// The writer's contexts use m_nDepth as the indentation level of the element's member line
-// and m_nCollectionState as 0 (no collection), 1 (collection begun, array not open yet) or 2
-// (array open).
+// The writer's contexts use m_nDepth as the indentation level of the element's member line,
+// m_nCollectionState as 0 (no collection), 1 (collection begun, array not open yet) or 2
+// (array open), and m_strPrefix ("p:") as in the XML writer, under the full mode only.
 //
 // Usage: StartDocument, the setters, WriteHeader, the elements, WriteFooter, EndDocument.
 // Not reachable from the umbrella header: the ToJson entry points of the objects make it;
@@ -77,8 +77,9 @@ public:
 private:
     void WriteEOL() { m_pStream->WriteString(m_strEOL.data(), m_strEOL.size()); }
     void WriteIndent(uint32_t nDepth);
-    // Writes "name": with the given marker ("@", "@xmlns:" ...) and prefix in front.
-    void WriteMemberName(const char* pszMarker, const std::string& strPrefix, const std::string& strName);
+    // Writes "name": with "@" in front for an attribute and strPrefix ("p:" or empty) before
+    // the name.
+    void WriteMemberName(bool bAttribute, const std::string& strPrefix, const std::string& strName);
     // "@xmlns" or "@xmlns:prefix" with the URI as its value, as a member of pContext.
     void WriteDeclaration(CXmlWriterContext* pContext, const std::string& strPrefix, const std::string& strNamespace);
     // The separator before a member of pContext: "{" (after "[" for the first item of an
