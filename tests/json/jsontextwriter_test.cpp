@@ -459,5 +459,14 @@ TEST(JsonTextWriter, Refusals) {
         e.Close();
     };
     EXPECT_EQ("{\"a\": {\"c\": \"1\",\"@b\": \"2\"}}", Write(JsonRoundTrip_Simple, false, late));
+    // An array item has no name to prefix: its namespace is not asked for, even in the full mode.
+    EXPECT_EQ("{\"a\": {\"i\": [\"1\",\"2\"]}}", Write(JsonRoundTrip_Full, false, [](CEvents& e) {
+                  e.Open("a");
+                  e.Collection([&] {
+                      e.Leaf("i", "1");
+                      e.Leaf("i", "2", ItemType_string, "urn:late");
+                  });
+                  e.Close();
+              }));
     EXPECT_EQ("{\"a\": {\"c\": \"1\",\"b\": \"2\"}}", Write(JsonRoundTrip_None, false, late));
 }

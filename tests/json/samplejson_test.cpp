@@ -218,6 +218,40 @@ TEST_F(SampleJson, FullModeRefusesNamespacesWithoutPrefix) {
     }
 }
 
+// Compression is refused until it is built: by the file entry point for ZLib as for XML,
+// otherwise by the stream; a stream without an encoding has no bytes. No file is left behind.
+TEST_F(SampleJson, CompressionRefusedAtTheEntryPoints) {
+    CSmartPtr<CXmlObjectBase> object = AllSamples()[0].make();
+    const CSerializationContext& ctx = CSerializationContext::GetDefaultContext();
+    const std::string strFile = m_strDir + "compressed.json";
+    struct Case {
+        std::function<void()> call;
+        const char* pszMessage;
+    };
+    const std::string kNotBuilt = "Compressed output is not supported by this build of the library";
+    const Case cases[] = {
+        {[&] { object->ToJsonStream(true, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_GZip); },
+         kNotBuilt.c_str()},
+        {[&] { object->ToJsonStream(false, XmlEncoding_UTF16, EOLType_LF, ctx, CompressionType_ZLib); },
+         kNotBuilt.c_str()},
+        {[&] { object->ToJsonFile(strFile.c_str(), true, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_ZLib); },
+         "ZLIB Compression only available for To Stream methods."},
+        {[&] { object->ToJsonFile(strFile.c_str(), true, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_GZip); },
+         kNotBuilt.c_str()},
+        {[&] { object->ToJsonStream(true, XmlEncoding_None, EOLType_LF, ctx, CompressionType_None); },
+         "Unknown Encoding, select UTF-8 (contact our support team)"},
+    };
+    for (const Case& c : cases) {
+        try {
+            c.call();
+            ADD_FAILURE() << "no refusal";
+        } catch (const COxException& e) {
+            EXPECT_EQ(c.pszMessage, e.GetMessage());
+        }
+    }
+    EXPECT_FALSE(std::ifstream(strFile).good());
+}
+
 // The stream in UTF-8 and UTF-16 and the file by both routes hold ToJson's text; only the
 // direct route's UTF-16 file begins with a byte order mark.
 TEST_F(SampleJson, StreamsAndFilesHoldTheTextOfToJson) {
