@@ -10,6 +10,7 @@
 #include <limits>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -332,4 +333,36 @@ TEST_F(SampleJson, SyntaxCheckerAgreesWithPython) {
         const bool bPython = strRefused.find(m_strDir + "t" + std::to_string(i) + ":") == std::string::npos;
         EXPECT_EQ(bPython, OrvexTest::CJsonSyntax::IsValid(texts[i]));
     }
+}
+
+// Threads write the same objects at once, two of them with one shared context (its JSON
+// settings made by an earlier call), two with contexts of their own in another mode; every
+// text is the one a single thread writes.
+TEST(SampleJsonThreads, ConcurrentWritersGiveTheSingleThreadedText) {
+    CSerializationContext shared;
+    CSerializationContext plain;
+    plain.GetJsonContext().SetSupportRoundtrip(JsonRoundTrip_None);
+    std::vector<CSmartPtr<CXmlObjectBase>> vecObjects;
+    std::vector<std::string> vecExpected[2];
+    for (const Sample& sample : AllSamples()) {
+        if (!sample.vecAliases.empty()) continue;
+        vecObjects.push_back(sample.make());
+        vecExpected[0].push_back(vecObjects.back()->ToJson(true, EOLType_LF, shared));
+        vecExpected[1].push_back(vecObjects.back()->ToJson(true, EOLType_LF, plain));
+    }
+    std::vector<int> vecMismatches(4, 0);
+    std::vector<std::thread> vecThreads;
+    for (int t = 0; t < 4; ++t) {
+        vecThreads.emplace_back([&, t] {
+            CSerializationContext own(plain);
+            const CSerializationContext& ctx = t % 2 ? own : shared;
+            for (int nRound = 0; nRound < 20; ++nRound) {
+                for (size_t i = 0; i < vecObjects.size(); ++i) {
+                    if (vecObjects[i]->ToJson(true, EOLType_LF, ctx) != vecExpected[t % 2][i]) ++vecMismatches[t];
+                }
+            }
+        });
+    }
+    for (std::thread& thread : vecThreads) thread.join();
+    EXPECT_EQ(std::vector<int>(4, 0), vecMismatches);
 }
