@@ -7,7 +7,8 @@
 // levels of generated objects, a derived class chosen by xsi:type, model groups). Each library benchmark
 // also reports the allocations it makes per XML element, counted by the replaced global
 // operator new below. The ratios are printed at the end, so that they mean something on a
-// noisy machine.
+// noisy machine. The JSON writer runs on the same objects, measured in MB/s of its own output
+// (JSON in the full mode, formatted like the XML), and its rate is set against the XML writer's.
 #include <benchmark/benchmark.h>
 #include <expat.h>
 #include <fcntl.h>
@@ -184,6 +185,34 @@ void SetBytes(benchmark::State& state, size_t nBytes) {
 }
 void SetBytes(benchmark::State& state) { SetBytes(state, Doc().strXml.size()); }
 
+// A context for JSON in the full mode that can write every namespace the XML text declares:
+// below the root a namespace needs a prefix registered before the document starts.
+CSerializationContext JsonContextFor(const std::string& strXml) {
+    CSerializationContext ctx;
+    int nAlias = 0;
+    for (size_t nPos = strXml.find(" xmlns:"); nPos != std::string::npos; nPos = strXml.find(" xmlns:", nPos + 1)) {
+        const size_t nStart = strXml.find('"', nPos) + 1;
+        const std::string strNamespace = strXml.substr(nStart, strXml.find('"', nStart) - nStart);
+        if (!ctx.GetNamespaceAliases().DoesNamespaceExist(strNamespace.c_str()))
+            ctx.GetNamespaceAliases().Add(("j" + std::to_string(nAlias++)).c_str(), strNamespace.c_str());
+    }
+    return ctx;
+}
+
+// Runs ToJson of object in the loop and counts the bytes of its text.
+template <class T>
+void WriteJson(benchmark::State& state, const T& object, const std::string& strXml, size_t nElements) {
+    static std::map<const void*, CSerializationContext> s_mapContexts;
+    auto it = s_mapContexts.find(&strXml);
+    if (it == s_mapContexts.end()) it = s_mapContexts.emplace(&strXml, JsonContextFor(strXml)).first;
+    const CSerializationContext& ctx = it->second;
+    const size_t nBytes = object->ToJson(true, EOLType_LF, ctx).size();
+    CAllocationCount allocations;
+    for (auto _ : state) benchmark::DoNotOptimize(object->ToJson(true, EOLType_LF, ctx));
+    allocations.Report(state, nElements);
+    SetBytes(state, nBytes);
+}
+
 // --- baselines ---------------------------------------------------------------------------
 
 using Baselines::ExpatParse;
@@ -226,6 +255,19 @@ void Write_ToXmlStreamUtf8(benchmark::State& state) {
             Doc().log->ToXmlStream(true, true, XmlEncoding_UTF8, EOLType_LF, Ctx(), CompressionType_None));
     }
     SetBytes(state);
+}
+
+void Write_ToJson(benchmark::State& state) { WriteJson(state, Doc().log, Doc().strXml, Doc().nElements); }
+
+void Write_ToJsonStreamUtf8(benchmark::State& state) {
+    const CSerializationContext ctx = JsonContextFor(Doc().strXml);
+    const size_t nBytes =
+        Doc().log->ToJsonStream(true, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None).GetLength();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(
+            Doc().log->ToJsonStream(true, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None));
+    }
+    SetBytes(state, nBytes);
 }
 
 void WriteFile(benchmark::State& state, bool bAsync) {
@@ -317,6 +359,10 @@ void Batch_Write_ToXml(benchmark::State& state, BatchFixture& fixture) {
     SetBytes(state, fixture.strXml.size());
 }
 
+void Batch_Write_ToJson(benchmark::State& state, BatchFixture& fixture) {
+    WriteJson(state, fixture.batch, fixture.strXml, fixture.nElements);
+}
+
 void Batch_Read_FromXml(benchmark::State& state, BatchFixture& fixture) {
     CSmartPtr<CBenchBatch> target = fixture.batch->CreateEmpty();
     CAllocationCount allocations;
@@ -343,6 +389,10 @@ void Nested_Write_ToXml(benchmark::State& state) {
     SetBytes(state, Nested().strXml.size());
 }
 
+void Nested_Write_ToJson(benchmark::State& state) {
+    WriteJson(state, Nested().shop, Nested().strXml, Nested().nElements);
+}
+
 void Nested_Read_FromXml(benchmark::State& state) {
     CSmartPtr<Samples::CShop> target = Samples::CShop::CreateInstance();
     CAllocationCount allocations;
@@ -359,6 +409,7 @@ void RegisterBatch(const std::string& strGroup, BatchFixture& fixture) {
     const std::pair<const char*, void (*)(benchmark::State&, BatchFixture&)> aBenchmarks[] = {
         {"Baseline_Expat", Batch_Baseline_Expat},
         {"Write_ToXml", Batch_Write_ToXml},
+        {"Write_ToJson", Batch_Write_ToJson},
         {"Read_FromXml", Batch_Read_FromXml}};
     for (const auto& entry : aBenchmarks) {
         auto pfnRun = entry.second;
@@ -418,6 +469,16 @@ public:
             else
                 std::printf(" %12s\n", "");
         }
+        // Each JSON writer beside the XML writer on the same object, output bytes each.
+        std::printf("\n%-28s %10s\n", "JSON writing", "/ XML");
+        for (const auto& entry : m_mapRates) {
+            const size_t nPos = entry.first.find("ToJson");
+            if (nPos == std::string::npos) continue;
+            std::string strXmlName = entry.first;
+            strXmlName.replace(nPos, 6, "ToXml");
+            const double dXml = rate(strXmlName);
+            std::printf("%-28s %10.2f\n", entry.first.c_str(), dXml > 0 ? entry.second / dXml : 0.0);
+        }
     }
 
 private:
@@ -439,6 +500,8 @@ int main(int argc, char** argv) {
     benchmark::RegisterBenchmark("Baseline_WriteFile", Baseline_WriteFile)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Write_ToXml", Write_ToXml)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Write_ToXmlStreamUtf8", Write_ToXmlStreamUtf8)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Write_ToJson", Write_ToJson)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Write_ToJsonStreamUtf8", Write_ToJsonStreamUtf8)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Write_ToXmlFileInMemory", Write_ToXmlFileInMemory)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Write_ToXmlFileDirect", Write_ToXmlFileDirect)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Read_FromXml", Read_FromXml)->Unit(benchmark::kMillisecond);
@@ -452,6 +515,7 @@ int main(int argc, char** argv) {
     RegisterBatch("Attributes_", Invoices());
     benchmark::RegisterBenchmark("Nested_Baseline_Expat", Nested_Baseline_Expat)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Nested_Write_ToXml", Nested_Write_ToXml)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Nested_Write_ToJson", Nested_Write_ToJson)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Nested_Read_FromXml", Nested_Read_FromXml)->Unit(benchmark::kMillisecond);
     benchmark::Initialize(&argc, argv);
     CRatioReporter reporter;

@@ -1,7 +1,9 @@
 // Feeds arbitrary bytes to the XML reading path: the document loader and the walks that
 // read a tree into generated objects. Any outcome but a COxException is a finding, and so
 // is an object whose written text doesn't read back into the same text, unless that text
-// holds one of the forms the library writes one way on purpose.
+// holds one of the forms the library writes one way on purpose. Every object that reads is
+// also written as JSON in each mode, and the text must be one strict JSON text; the full mode
+// may refuse a namespace that has no prefix, and nothing else.
 #include <orvexxml/orvexxml.h>
 
 #include <cstddef>
@@ -22,6 +24,7 @@
 #include "settings.h"
 #include "shape.h"
 #include "shop.h"
+#include "support/jsonsyntax.h"
 #include "support/onewayforms.h"
 #include "tally.h"
 
@@ -44,8 +47,29 @@ bool HoldsOneWayValue(Samples::CAllTypes& object) {
     return false;
 }
 
+// Writes the object as JSON with each of the contexts, one per mode; aborts on a text that
+// isn't JSON or a refusal other than the full mode's unknown namespace.
+static void CheckJson(const CXmlObjectBase& object, const CSerializationContext* pJsonContexts) {
+    for (int nMode = 0; nMode < 3; ++nMode) {
+        const CSerializationContext& ctx = pJsonContexts[nMode];
+        for (bool bFormatted : {true, false}) {
+            std::string strJson;
+            try {
+                strJson = object.ToJson(bFormatted, EOLType_LF, ctx);
+            } catch (const COxException& e) {
+                if (ctx.GetJsonContext().GetSupportRoundtrip() == JsonRoundTrip_Full &&
+                    e.GetFullMessage().find("\nUnknown Namespace: ") != std::string::npos)
+                    return;
+                std::abort();
+            }
+            if (!OrvexTest::CJsonSyntax::IsValid(strJson)) std::abort();
+        }
+    }
+}
+
 template <class T>
-static void ReadInto(const std::string& text, const CSerializationContext& ctx) {
+static void ReadInto(const std::string& text, const CSerializationContext& ctx,
+                     const CSerializationContext* pJsonContexts) {
     CSmartPtr<T> object = T::CreateInstance();
     std::string strWritten;
     try {
@@ -55,6 +79,7 @@ static void ReadInto(const std::string& text, const CSerializationContext& ctx) 
     } catch (const COxException&) {
         return;
     }
+    CheckJson(*object, pJsonContexts);
     // And what was written must read back into an object that writes the same text. A float
     // cut at the end of its buffer is another number, or no number, when read back; a CDATA
     // section written from a value loses its markers when read with CDATA stripped; without
@@ -80,6 +105,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
     if (nSize == 0) return 0;
     // The first byte picks the settings, the rest is the document.
     static CSerializationContext s_contexts[4];
+    // The same settings with each JSON mode.
+    static CSerializationContext s_jsonContexts[4][3];
     static bool s_bInit = false;
     if (!s_bInit) {
         s_bInit = true;
@@ -89,51 +116,58 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
         s_contexts[2].SetStripCDATA(false);
         s_contexts[3].SetSchemaType(SchemaType_DTD);
         s_contexts[3].SetIgnoreMissingChoice(true);
+        for (int i = 0; i < 4; ++i) {
+            for (int nMode = 0; nMode < 3; ++nMode) {
+                s_jsonContexts[i][nMode] = s_contexts[i];
+                s_jsonContexts[i][nMode].GetJsonContext().SetSupportRoundtrip(static_cast<JsonRoundTrip>(nMode));
+            }
+        }
     }
     const CSerializationContext& ctx = s_contexts[pData[0] % 4];
+    const CSerializationContext* pJsonContexts = s_jsonContexts[pData[0] % 4];
     std::string text(reinterpret_cast<const char*>(pData + 1), nSize - 1);
     switch ((pData[0] >> 2) % 14) {
         case 0:
-            ReadInto<Samples::CPerson>(text, ctx);
+            ReadInto<Samples::CPerson>(text, ctx, pJsonContexts);
             break;
         case 1:
-            ReadInto<Samples::CPrimitiveSet>(text, ctx);
+            ReadInto<Samples::CPrimitiveSet>(text, ctx, pJsonContexts);
             break;
         case 2:
-            ReadInto<Samples::CShape>(text, ctx);
+            ReadInto<Samples::CShape>(text, ctx, pJsonContexts);
             break;
         case 3:
-            ReadInto<Samples::CNote>(text, ctx);
+            ReadInto<Samples::CNote>(text, ctx, pJsonContexts);
             break;
         case 4:
-            ReadInto<Samples::CTally>(text, ctx);
+            ReadInto<Samples::CTally>(text, ctx, pJsonContexts);
             break;
         case 5:
-            ReadInto<Samples::CSettings>(text, ctx);
+            ReadInto<Samples::CSettings>(text, ctx, pJsonContexts);
             break;
         case 6:
-            ReadInto<Samples::CSelection>(text, ctx);
+            ReadInto<Samples::CSelection>(text, ctx, pJsonContexts);
             break;
         case 7:
-            ReadInto<Samples::CEnvelope>(text, ctx);
+            ReadInto<Samples::CEnvelope>(text, ctx, pJsonContexts);
             break;
         case 8:
-            ReadInto<Samples::CInvoiceLine>(text, ctx);
+            ReadInto<Samples::CInvoiceLine>(text, ctx, pJsonContexts);
             break;
         case 9:
-            ReadInto<Samples::CRemittance>(text, ctx);
+            ReadInto<Samples::CRemittance>(text, ctx, pJsonContexts);
             break;
         case 10:
-            ReadInto<Samples::COrder>(text, ctx);
+            ReadInto<Samples::COrder>(text, ctx, pJsonContexts);
             break;
         case 11:
-            ReadInto<Samples::CShop>(text, ctx);
+            ReadInto<Samples::CShop>(text, ctx, pJsonContexts);
             break;
         case 12:
-            ReadInto<Samples::CAllTypes>(text, ctx);
+            ReadInto<Samples::CAllTypes>(text, ctx, pJsonContexts);
             break;
         default:
-            ReadInto<OrderBook::COrderBook>(text, ctx);
+            ReadInto<OrderBook::COrderBook>(text, ctx, pJsonContexts);
             break;
     }
     return 0;

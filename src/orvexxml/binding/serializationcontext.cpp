@@ -82,6 +82,30 @@ CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() co
     return m_rootAttributes.m_pAttributes;
 }
 
+CSerializationContext::CJsonContextHolder::CJsonContextHolder(const CJsonContextHolder& other)
+    : m_pContext(other.m_pContext ? new CJsonContext(*other.m_pContext) : nullptr) {}
+
+CSerializationContext::CJsonContextHolder& CSerializationContext::CJsonContextHolder::operator=(
+    const CJsonContextHolder& other) {
+    if (this == &other) return *this;
+    if (!other.m_pContext) {
+        delete m_pContext;
+        m_pContext = nullptr;
+    } else if (m_pContext) {
+        *m_pContext = *other.m_pContext;
+    } else {
+        m_pContext = new CJsonContext(*other.m_pContext);
+    }
+    return *this;
+}
+
+CSerializationContext::CJsonContextHolder::~CJsonContextHolder() { delete m_pContext; }
+
+CJsonContext& CSerializationContext::GetJsonContext() const {
+    if (!m_jsonContext.m_pContext) m_jsonContext.m_pContext = new CJsonContext;
+    return *m_jsonContext.m_pContext;
+}
+
 void CSerializationContext::SetMaxDepth(int32_t nDepth) {
     if (nDepth < 1) throw COxInvalidParamException("MaxDepth must be at least 1, the level of the root element");
     m_nMaxDepth = nDepth;

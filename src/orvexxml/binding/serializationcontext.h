@@ -7,6 +7,7 @@
 #include "orvexxml/binding/attributecol.h"
 #include "orvexxml/export.h"
 #include "orvexxml/infrastructure/smartptr.h"
+#include "orvexxml/writers/jsoncontext.h"
 #include "orvexxml/xml/namespacealiasmap.h"
 
 namespace OrvexXml {
@@ -106,8 +107,12 @@ public:
     // gets a copy of the collection, so two contexts never share one list.
     CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
 
-    // The JSON and Fast Infoset sub-contexts join this class with the subsystems that define
-    // them.
+    // The JSON settings: created on first use, also through a const context, without a lock,
+    // so a context shared between threads needs one call from one thread first. A copy of the
+    // context gets a copy of them.
+    CJsonContext& GetJsonContext() const;
+
+    // The Fast Infoset sub-context joins this class with the subsystem that defines it.
 
 private:
     // Holds the additional root attributes: null until asked for, cloned when copied.
@@ -118,6 +123,17 @@ private:
         CRootAttributes& operator=(const CRootAttributes& other);
 
         CSmartPtr<CAttributeCol> m_pAttributes;
+    };
+
+    // Holds the JSON settings: null until asked for, copied with the context.
+    class ORVEXXML_API CJsonContextHolder {
+    public:
+        CJsonContextHolder() : m_pContext(nullptr) {}
+        CJsonContextHolder(const CJsonContextHolder& other);
+        CJsonContextHolder& operator=(const CJsonContextHolder& other);
+        ~CJsonContextHolder();
+
+        CJsonContext* m_pContext;  // owned
     };
 
     std::string m_strDefaultNamespaceURI;
@@ -140,6 +156,7 @@ private:
     int32_t m_nMaxDepth;
     // Created on first use, through a const reference too.
     mutable CRootAttributes m_rootAttributes;
+    mutable CJsonContextHolder m_jsonContext;
 };
 
 }  // namespace OrvexXml

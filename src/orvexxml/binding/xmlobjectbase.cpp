@@ -12,6 +12,7 @@
 #include "orvexxml/infrastructure/filetextstream.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/textstream.h"
+#include "orvexxml/writers/jsontextwriter.h"
 #include "orvexxml/writers/xmltextwriter.h"
 #include "orvexxml/xml/xmldocument.h"
 #include "orvexxml/xml/xmlelement.h"
@@ -114,12 +115,14 @@ void CXmlObjectBase::WriteDocument(CXmlTextWriter& writer, bool bHeader, bool bF
 // program tends to write documents of one kind. A wrong guess costs a growth step, or, when
 // far too large, one copy of the text into a string of its size.
 static std::atomic<size_t> g_nLastToXmlLength(0);
+// The same for ToJson.
+static std::atomic<size_t> g_nLastToJsonLength(0);
 
 // The room reserved for the next text: the last length and an eighth more, so that a
 // document that grows a little from call to call doesn't pay a growth step (a copy of all
 // its text) every time. Room that is never written costs address space, not memory.
-static size_t GuessToXmlRoom() {
-    const size_t nLast = g_nLastToXmlLength.load(std::memory_order_relaxed);
+static size_t GuessRoom(const std::atomic<size_t>& nLastLength) {
+    const size_t nLast = nLastLength.load(std::memory_order_relaxed);
     return nLast + nLast / 8;
 }
 
@@ -127,7 +130,7 @@ std::string CXmlObjectBase::ToXml(bool bHeader, bool bFormatted, EOLType eEOL, c
     CheckVersion();
     CTextStream stream(XmlEncoding_None);
     // The text is built in the string that is returned, so it is never copied as a whole.
-    stream.KeepContiguous(GuessToXmlRoom());
+    stream.KeepContiguous(GuessRoom(g_nLastToXmlLength));
     CXmlTextWriter writer(&stream);
     WriteDocument(writer, bHeader, bFormatted, eEOL, ctx);
     std::string strText = stream.TakeText();
@@ -168,6 +171,59 @@ void CXmlObjectBase::ToXmlFile(const char* pszFileName, bool bHeader, bool bForm
     }
     CFileBinaryStream file(pszFileName, eEncoding,
                            ToXmlStream(bHeader, bFormatted, eEncoding, eEOL, ctx, eCompression));
+    file.WriteToFile();
+}
+
+void CXmlObjectBase::WriteJsonDocument(CJsonTextWriter& writer, bool bFormatted, EOLType eEOL,
+                                       const CSerializationContext& ctx) const {
+    writer.StartDocument();
+    writer.SetFormatted(bFormatted);
+    writer.SetIndentChars(ctx.GetIndentChars().c_str());
+    writer.SetEOLType(eEOL);
+    writer.SetSupportRoundtrip(ctx.GetJsonContext().GetSupportRoundtrip());
+    writer.WriteHeader();
+    std::string strNamespace = GetTargetNamespace();
+    ToXml_Int(&writer, true, strNamespace.c_str(), ctx, false);
+    writer.WriteFooter();
+    writer.EndDocument();
+}
+
+std::string CXmlObjectBase::ToJson(bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const {
+    CheckVersion();
+    CTextStream stream(XmlEncoding_None);
+    stream.KeepContiguous(GuessRoom(g_nLastToJsonLength));
+    CJsonTextWriter writer(&stream);
+    WriteJsonDocument(writer, bFormatted, eEOL, ctx);
+    std::string strText = stream.TakeText();
+    g_nLastToJsonLength.store(strText.size(), std::memory_order_relaxed);
+    return strText;
+}
+
+CBinaryData CXmlObjectBase::ToJsonStream(bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
+                                         const CSerializationContext& ctx, CompressionType eCompression) const {
+    CheckVersion();
+    CTextStream stream(eEncoding);
+    CJsonTextWriter writer(&stream);
+    WriteJsonDocument(writer, bFormatted, eEOL, ctx);
+    CBinaryData data = stream.GetEncodedData();
+    Compress(data, eCompression);
+    return data;
+}
+
+void CXmlObjectBase::ToJsonFile(const char* pszFileName, bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
+                                const CSerializationContext& ctx, CompressionType eCompression) const {
+    if (eCompression == CompressionType_ZLib) {
+        throw COxException("ZLIB Compression only available for To Stream methods.");
+    }
+    if (GetAsyncToXmlFile() && eCompression == CompressionType_None) {
+        CheckVersion();
+        CFileTextStream stream(pszFileName, eEncoding);
+        CJsonTextWriter writer(&stream);
+        WriteJsonDocument(writer, bFormatted, eEOL, ctx);
+        return;
+    }
+    // The file gets the encoded text alone: UTF-8 for the stream means no byte order mark.
+    CFileBinaryStream file(pszFileName, XmlEncoding_UTF8, ToJsonStream(bFormatted, eEncoding, eEOL, ctx, eCompression));
     file.WriteToFile();
 }
 

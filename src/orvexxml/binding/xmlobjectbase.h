@@ -18,6 +18,7 @@ class CXmlWriter;
 class CXmlElement;
 class CXmlDocument;
 class CXmlTextWriter;
+class CJsonTextWriter;
 class CSerializationContext;
 class CXmlObjectBase;
 class CXmlCollectionBase;
@@ -60,7 +61,7 @@ ORVEXXML_API void TestNamespace(const std::string& strNamespace, const std::stri
 // an object starts with a count of 0 and deletes itself when the count falls back to 0.
 //
 // The order of the virtual operations is part of the interface with generated code.
-// Entry points of subsystems that are not present yet (JSON, Fast Infoset) take their slots in this order when they
+// Entry points of subsystems that are not present yet (Fast Infoset) take their slots in this order when they
 // arrive.
 class ORVEXXML_API CXmlObjectBase : public IEventSink {
     // The metadata classes drive the protected walks of the objects they describe.
@@ -82,11 +83,21 @@ public:
     // otherwise the document is built in memory and written with one call.
     virtual void ToXmlFile(const char* pszFileName, bool bHeader, bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
                            const CSerializationContext& ctx, CompressionType eCompression) const;
+    // Writes the object as a JSON document into a file, by the rules of ToXmlFile. The file
+    // holds the encoded text only: a UTF-16 file written from memory has no byte order mark.
+    virtual void ToJsonFile(const char* pszFileName, bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
+                            const CSerializationContext& ctx, CompressionType eCompression) const;
     // Writes the object as an XML document in the local encoding.
     virtual std::string ToXml(bool bHeader, bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const;
+    // Writes the object as a JSON document in the local encoding: one object with one member
+    // named after the root element, in the mode of ctx.GetJsonContext().
+    virtual std::string ToJson(bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const;
     // Writes the object as an XML document in the given encoding, as bytes.
     virtual CBinaryData ToXmlStream(bool bHeader, bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
                                     const CSerializationContext& ctx, CompressionType eCompression) const;
+    // Writes the object as a JSON document in the given encoding, as bytes.
+    virtual CBinaryData ToJsonStream(bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
+                                     const CSerializationContext& ctx, CompressionType eCompression) const;
     // Reads the object from a file.
     virtual void FromXmlFile(const char* pszFileName, const CSerializationContext& ctx);
     // Reads the object from XML text: wide text (converted to UTF-16 for the parser), or
@@ -160,6 +171,9 @@ protected:
     // The body of every text write: settings, declaration, the walk, the end of the document.
     void WriteDocument(CXmlTextWriter& writer, bool bHeader, bool bFormatted, EOLType eEOL,
                        const CSerializationContext& ctx) const;
+    // The same for a JSON document.
+    void WriteJsonDocument(CJsonTextWriter& writer, bool bFormatted, EOLType eEOL,
+                           const CSerializationContext& ctx) const;
 
     // Helpers that keep the one-of rule of a choice. 'selected' is the generated class's
     // record of the member that is set (its element name), empty when none is.

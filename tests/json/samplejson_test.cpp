@@ -1,0 +1,368 @@
+// Every sample class, read from the documents of the reading fuzzer's corpus, written as JSON
+// in each mode and through each entry point; Python's json module judges the texts.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <functional>
+#include <limits>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "alltypes.h"
+#include "envelope.h"
+#include "invoiceline.h"
+#include "note.h"
+#include "order.h"
+#include "order/orderbook.h"
+#include "person.h"
+#include "primitiveset.h"
+#include "readinglog.h"
+#include "remittance.h"
+#include "selection.h"
+#include "settings.h"
+#include "shape.h"
+#include "shop.h"
+#include "support/jsonsyntax.h"
+#include "tally.h"
+
+using namespace OrvexXml;
+
+namespace {
+
+const std::string kCorpus = std::string(ORVEXXML_SOURCE_DIR) + "/fuzz/corpus/read_xml/";
+const std::string kChecker = std::string(ORVEXXML_SOURCE_DIR) + "/tests/json/check_json.py";
+
+std::string ReadFile(const std::string& strPath) {
+    std::ifstream in(strPath, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+void WriteFile(const std::string& strPath, const std::string& strData) {
+    std::ofstream out(strPath, std::ios::binary);
+    out.write(strData.data(), static_cast<std::streamsize>(strData.size()));
+}
+
+std::string Bytes(const CBinaryData& data) {
+    return std::string(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
+}
+
+// Runs the checker on a manifest; its output, empty when all files pass.
+std::string RunChecker(const std::string& strManifest) {
+    std::string strOutput;
+    FILE* pPipe = popen(("python3 '" + kChecker + "' '" + strManifest + "' 2>&1").c_str(), "r");
+    if (!pPipe) return "python3 could not be started";
+    char buf[4096];
+    size_t n;
+    while ((n = fread(buf, 1, sizeof(buf), pPipe)) > 0) strOutput.append(buf, n);
+    const int nStatus = pclose(pPipe);
+    if (nStatus != 0 && strOutput.empty()) strOutput = "checker status " + std::to_string(nStatus);
+    return strOutput;
+}
+
+// An object read from a corpus document: the first byte picks the settings as the fuzzer does.
+template <class T>
+CSmartPtr<CXmlObjectBase> FromCorpus(const char* pszFile) {
+    const std::string strData = ReadFile(kCorpus + pszFile);
+    CSerializationContext ctx;
+    if (strData[0] % 4 == 1) {
+        ctx.SetIgnoreUnknownElements(true);
+        ctx.SetIgnoreUnknownAttributes(true);
+    } else if (strData[0] % 4 == 2) {
+        ctx.SetIgnoreMissingMandatoryElements(true);
+        ctx.SetStripCDATA(false);
+    }
+    CSmartPtr<T> object = T::CreateInstance();
+    object->FromXml(strData.substr(1).c_str(), ctx);
+    return CSmartPtr<CXmlObjectBase>(object->GetBase());
+}
+
+// A reading log with every collection filled, the doubles with infinities and NaN among them.
+CSmartPtr<CXmlObjectBase> ReadingLog() {
+    CSmartPtr<Samples::CReadingLog> log = Samples::CReadingLog::CreateInstance();
+    log->SetStation("North \"Ridge\"\t\\ 7");
+    const double adValues[] = {1.5, -std::numeric_limits<double>::infinity(), std::nan(""), 1e300, -0.0};
+    for (int i = 0; i < 5; ++i) {
+        log->GetSensor().Add("s" + std::to_string(i));
+        log->GetSequence().Add(int64_t(i) * -1000000007LL);
+        log->GetValue().Add(adValues[i]);
+        log->GetLevel().Add(i - 2);
+        log->GetValid().Add(i % 2 == 0);
+        log->GetNote().Add(i == 3 ? "line\nbreak\x01" : "ok");
+    }
+    return CSmartPtr<CXmlObjectBase>(log->GetBase());
+}
+
+const char* const kXsi = "http://www.w3.org/2001/XMLSchema-instance";
+
+struct Sample {
+    const char* pszName;
+    std::function<CSmartPtr<CXmlObjectBase>()> make;
+    // Below the root every namespace needs a prefix before the full mode can write it: the
+    // aliases the sample needs, the first one being the first namespace the walk meets.
+    std::vector<std::pair<const char*, const char*>> vecAliases;
+};
+
+const std::vector<Sample>& AllSamples() {
+    static const std::vector<Sample> s_samples = {
+        {"person", [] { return FromCorpus<Samples::CPerson>("person.xml"); }, {}},
+        {"primitives", [] { return FromCorpus<Samples::CPrimitiveSet>("primitives.xml"); }, {}},
+        {"shape", [] { return FromCorpus<Samples::CShape>("shape.xml"); }, {}},
+        {"note", [] { return FromCorpus<Samples::CNote>("note.xml"); }, {}},
+        {"tally", [] { return FromCorpus<Samples::CTally>("tally.xml"); }, {}},
+        {"settings", [] { return FromCorpus<Samples::CSettings>("settings.xml"); }, {}},
+        {"selection", [] { return FromCorpus<Samples::CSelection>("selection.xml"); }, {}},
+        {"envelope",
+         [] { return FromCorpus<Samples::CEnvelope>("envelope.xml"); },
+         {{"tr", "urn:trace"}, {"sig", "urn:orvex:sig2"}, {"m", "urn:m"}}},
+        {"invoiceline", [] { return FromCorpus<Samples::CInvoiceLine>("invoiceline.xml"); }, {}},
+        {"remittance", [] { return FromCorpus<Samples::CRemittance>("remittance.xml"); }, {}},
+        {"order", [] { return FromCorpus<Samples::COrder>("order.xml"); }, {{"xsi", kXsi}, {"n", "urn:notes"}}},
+        {"shop", [] { return FromCorpus<Samples::CShop>("shop.xml"); }, {{"xsi", kXsi}}},
+        {"alltypes", [] { return FromCorpus<Samples::CAllTypes>("alltypes.xml"); }, {}},
+        {"orderbook", [] { return FromCorpus<OrderBook::COrderBook>("orderbook.xml"); }, {}},
+        {"readinglog", ReadingLog, {}},
+    };
+    return s_samples;
+}
+
+// Runs fn, turning an exception of the library into a failure that shows its message.
+template <class Fn>
+void Guarded(Fn fn) {
+    try {
+        fn();
+    } catch (const COxException& e) {
+        ADD_FAILURE() << e.GetFullMessage();
+    }
+}
+
+const std::pair<JsonRoundTrip, const char*> kModes[] = {
+    {JsonRoundTrip_None, "none"}, {JsonRoundTrip_Simple, "simple"}, {JsonRoundTrip_Full, "full"}};
+
+class SampleJson : public ::testing::Test {
+protected:
+    void SetUp() override {
+        m_strDir = ::testing::TempDir() + "samplejson_" + std::to_string(::getpid()) + "/";
+        ASSERT_EQ(0, std::system(("mkdir -p '" + m_strDir + "'").c_str()));
+    }
+    void TearDown() override {
+        AsyncToXmlFile(false);
+        std::system(("rm -rf '" + m_strDir + "'").c_str());
+    }
+    // Adds a file to the manifest.
+    void Check(const std::string& strFile, const char* pszForm, const std::string& strReference = "") {
+        m_manifest << m_strDir << strFile << ' ' << pszForm;
+        if (!strReference.empty()) m_manifest << ' ' << m_strDir << strReference;
+        m_manifest << '\n';
+    }
+    std::string RunChecks() {
+        WriteFile(m_strDir + "manifest", m_manifest.str());
+        return RunChecker(m_strDir + "manifest");
+    }
+
+    std::string m_strDir;
+    std::ostringstream m_manifest;
+};
+
+}  // namespace
+
+// Each sample in each mode, formatted and compact, is one strict JSON text, and writing the
+// same object twice gives the same bytes.
+TEST_F(SampleJson, EverySampleInEveryModeIsStrictJson) {
+    for (const Sample& sample : AllSamples()) {
+        Guarded([&] {
+            CSmartPtr<CXmlObjectBase> object = sample.make();
+            for (const auto& mode : kModes) {
+                for (bool bFormatted : {true, false}) {
+                    SCOPED_TRACE(std::string(sample.pszName) + " " + mode.second + (bFormatted ? " formatted" : ""));
+                    CSerializationContext ctx;
+                    ctx.GetJsonContext().SetSupportRoundtrip(mode.first);
+                    for (const auto& alias : sample.vecAliases)
+                        ctx.GetNamespaceAliases().Add(alias.first, alias.second);
+                    const std::string strText = object->ToJson(bFormatted, EOLType_LF, ctx);
+                    EXPECT_EQ(strText, object->ToJson(bFormatted, EOLType_LF, ctx));
+                    EXPECT_TRUE(OrvexTest::CJsonSyntax::IsValid(strText));
+                    const std::string strFile =
+                        std::string(sample.pszName) + "_" + mode.second + (bFormatted ? "_f" : "_c") + ".json";
+                    WriteFile(m_strDir + strFile, strText);
+                    Check(strFile, "utf-8");
+                }
+            }
+        });
+    }
+    EXPECT_EQ("", RunChecks());
+}
+
+// Without the aliases the full mode refuses the object with the namespace it can't write,
+// and writes nothing.
+TEST_F(SampleJson, FullModeRefusesNamespacesWithoutPrefix) {
+    for (const Sample& sample : AllSamples()) {
+        if (sample.vecAliases.empty()) continue;
+        SCOPED_TRACE(sample.pszName);
+        CSmartPtr<CXmlObjectBase> object = sample.make();
+        const std::string strExpected = std::string("\nUnknown Namespace: ") + sample.vecAliases[0].second + ".";
+        try {
+            object->ToJson(true, EOLType_LF, CSerializationContext());
+            ADD_FAILURE() << "written without a prefix";
+        } catch (const COxException& e) {
+            const std::string strMessage = e.GetFullMessage();
+            ASSERT_GE(strMessage.size(), strExpected.size());
+            EXPECT_EQ(strExpected, strMessage.substr(strMessage.size() - strExpected.size()));
+        }
+    }
+}
+
+// Compression is refused until it is built: by the file entry point for ZLib as for XML,
+// otherwise by the stream; a stream without an encoding has no bytes. No file is left behind.
+TEST_F(SampleJson, CompressionRefusedAtTheEntryPoints) {
+    CSmartPtr<CXmlObjectBase> object = AllSamples()[0].make();
+    const CSerializationContext& ctx = CSerializationContext::GetDefaultContext();
+    const std::string strFile = m_strDir + "compressed.json";
+    struct Case {
+        std::function<void()> call;
+        const char* pszMessage;
+    };
+    const std::string kNotBuilt = "Compressed output is not supported by this build of the library";
+    const Case cases[] = {
+        {[&] { object->ToJsonStream(true, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_GZip); },
+         kNotBuilt.c_str()},
+        {[&] { object->ToJsonStream(false, XmlEncoding_UTF16, EOLType_LF, ctx, CompressionType_ZLib); },
+         kNotBuilt.c_str()},
+        {[&] { object->ToJsonFile(strFile.c_str(), true, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_ZLib); },
+         "ZLIB Compression only available for To Stream methods."},
+        {[&] { object->ToJsonFile(strFile.c_str(), true, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_GZip); },
+         kNotBuilt.c_str()},
+        {[&] { object->ToJsonStream(true, XmlEncoding_None, EOLType_LF, ctx, CompressionType_None); },
+         "Unknown Encoding, select UTF-8 (contact our support team)"},
+    };
+    for (const Case& c : cases) {
+        try {
+            c.call();
+            ADD_FAILURE() << "no refusal";
+        } catch (const COxException& e) {
+            EXPECT_EQ(c.pszMessage, e.GetMessage());
+        }
+    }
+    EXPECT_FALSE(std::ifstream(strFile).good());
+}
+
+// The stream in UTF-8 and UTF-16 and the file by both routes hold ToJson's text; only the
+// direct route's UTF-16 file begins with a byte order mark.
+TEST_F(SampleJson, StreamsAndFilesHoldTheTextOfToJson) {
+    for (const Sample& sample : AllSamples()) {
+        SCOPED_TRACE(sample.pszName);
+        CSerializationContext ctx;
+        for (const auto& alias : sample.vecAliases) ctx.GetNamespaceAliases().Add(alias.first, alias.second);
+        Guarded([&] {
+            CSmartPtr<CXmlObjectBase> object = sample.make();
+            const std::string strName = sample.pszName;
+            for (EOLType eEOL : {EOLType_LF, EOLType_CRLF}) {
+                const std::string strBase = strName + (eEOL == EOLType_LF ? "_lf" : "_crlf");
+                WriteFile(m_strDir + strBase + ".json", object->ToJson(true, eEOL, ctx));
+                WriteFile(m_strDir + strBase + "_s8",
+                          Bytes(object->ToJsonStream(true, XmlEncoding_UTF8, eEOL, ctx, CompressionType_None)));
+                WriteFile(m_strDir + strBase + "_s16",
+                          Bytes(object->ToJsonStream(true, XmlEncoding_UTF16, eEOL, ctx, CompressionType_None)));
+                Check(strBase + "_s8", "utf-8", strBase + ".json");
+                Check(strBase + "_s16", "utf-16", strBase + ".json");
+                for (bool bAsync : {false, true}) {
+                    AsyncToXmlFile(bAsync);
+                    const std::string strFile = strBase + (bAsync ? "_direct" : "_memory");
+                    object->ToJsonFile((m_strDir + strFile + "8").c_str(), true, XmlEncoding_UTF8, eEOL, ctx,
+                                       CompressionType_None);
+                    object->ToJsonFile((m_strDir + strFile + "16").c_str(), true, XmlEncoding_UTF16, eEOL, ctx,
+                                       CompressionType_None);
+                    Check(strFile + "8", "utf-8", strBase + ".json");
+                    Check(strFile + "16", bAsync ? "utf-16-bom" : "utf-16", strBase + ".json");
+                }
+            }
+        });
+    }
+    EXPECT_EQ("", RunChecks());
+}
+
+// The fuzzers' JSON checker gives Python's verdict on texts at the edges of the grammar.
+TEST_F(SampleJson, SyntaxCheckerAgreesWithPython) {
+    const std::vector<std::string> texts = {"{}",
+                                            " [1, -0, 0.5e+3, 1E-2, true, false, null, \"\\u00e9\\/\\b\"] ",
+                                            "{\"a\": {\"b\": []}}",
+                                            "\"\xC3\xA9\xF0\x9F\x98\x80\"",
+                                            "",
+                                            "{",
+                                            "{\"a\" 1}",
+                                            "{\"a\": 1,}",
+                                            "[1,]",
+                                            "[01]",
+                                            "[1.]",
+                                            "[.5]",
+                                            "[+1]",
+                                            "[1e]",
+                                            "[NaN]",
+                                            "[Infinity]",
+                                            "[-]",
+                                            "{} {}",
+                                            "{'a': 1}",
+                                            "[\"\t\"]",
+                                            "[\"\\x\"]",
+                                            "[\"\\u12G4\"]",
+                                            "[\"abc]",
+                                            "/* c */ {}",
+                                            "[\"\xC0\xAF\"]",
+                                            "[\"\xED\xA0\x80\"]",
+                                            "[\"\xF4\x90\x80\x80\"]",
+                                            "[\"\xE2\x82\"]",
+                                            "[\"\xFF\"]",
+                                            "{1: 2}",
+                                            "[tru]",
+                                            "nul",
+                                            "\"x\"\x00"};
+    for (size_t i = 0; i < texts.size(); ++i) {
+        WriteFile(m_strDir + "t" + std::to_string(i), texts[i]);
+        Check("t" + std::to_string(i), "utf-8");
+    }
+    const std::string strRefused = RunChecks();
+    for (size_t i = 0; i < texts.size(); ++i) {
+        SCOPED_TRACE(texts[i]);
+        const bool bPython = strRefused.find(m_strDir + "t" + std::to_string(i) + ":") == std::string::npos;
+        EXPECT_EQ(bPython, OrvexTest::CJsonSyntax::IsValid(texts[i]));
+    }
+}
+
+// Threads write the same objects at once, two of them with one shared context (its JSON
+// settings made by an earlier call), two with contexts of their own in another mode; every
+// text is the one a single thread writes.
+TEST(SampleJsonThreads, ConcurrentWritersGiveTheSingleThreadedText) {
+    CSerializationContext shared;
+    CSerializationContext plain;
+    plain.GetJsonContext().SetSupportRoundtrip(JsonRoundTrip_None);
+    std::vector<CSmartPtr<CXmlObjectBase>> vecObjects;
+    std::vector<std::string> vecExpected[2];
+    for (const Sample& sample : AllSamples()) {
+        if (!sample.vecAliases.empty()) continue;
+        vecObjects.push_back(sample.make());
+        vecExpected[0].push_back(vecObjects.back()->ToJson(true, EOLType_LF, shared));
+        vecExpected[1].push_back(vecObjects.back()->ToJson(true, EOLType_LF, plain));
+    }
+    std::vector<int> vecMismatches(4, 0);
+    std::vector<std::thread> vecThreads;
+    for (int t = 0; t < 4; ++t) {
+        vecThreads.emplace_back([&, t] {
+            CSerializationContext own(plain);
+            const CSerializationContext& ctx = t % 2 ? own : shared;
+            for (int nRound = 0; nRound < 20; ++nRound) {
+                for (size_t i = 0; i < vecObjects.size(); ++i) {
+                    if (vecObjects[i]->ToJson(true, EOLType_LF, ctx) != vecExpected[t % 2][i]) ++vecMismatches[t];
+                }
+            }
+        });
+    }
+    for (std::thread& thread : vecThreads) thread.join();
+    EXPECT_EQ(std::vector<int>(4, 0), vecMismatches);
+}
