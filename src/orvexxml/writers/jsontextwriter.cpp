@@ -5,6 +5,7 @@
 
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/writers/textlayout.h"
 
 namespace OrvexXml {
 
@@ -101,16 +102,7 @@ void CJsonTextWriter::EndDocument() {
 }
 
 void CJsonTextWriter::SetEOLType(EOLType eEOLType) {
-    switch (eEOLType) {
-        case EOLType_CRLF:
-            m_strEOL = "\r\n";
-            break;
-        case EOLType_LF:
-            m_strEOL = "\n";
-            break;
-        default:
-            throw COxException("Invalid EOL type.");
-    }
+    m_strEOL = EOLText(eEOLType);
     m_eEOLType = eEOLType;
 }
 
@@ -120,13 +112,7 @@ void CJsonTextWriter::SetIndentChars(const char* pszIndentChars) {
 }
 
 void CJsonTextWriter::WriteIndent(uint32_t nDepth) {
-    if (nDepth == 0 || m_strIndentChars.empty()) return;
-    size_t nLen = static_cast<size_t>(nDepth) * m_strIndentChars.size();
-    if (m_strIndentRun.size() < nLen) {
-        m_strIndentRun.reserve(nLen * 2);
-        while (m_strIndentRun.size() < nLen * 2) m_strIndentRun += m_strIndentChars;
-    }
-    m_pStream->WriteString(m_strIndentRun.data(), nLen);
+    WriteIndentRun(m_pStream, m_strIndentChars, m_strIndentRun, nDepth);
 }
 
 void CJsonTextWriter::WriteHeader() {

@@ -8,6 +8,7 @@
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/writers/textlayout.h"
 
 namespace OrvexXml {
 
@@ -74,16 +75,7 @@ void CXmlTextWriter::EndDocument() {
 }
 
 void CXmlTextWriter::SetEOLType(EOLType eEOLType) {
-    switch (eEOLType) {
-        case EOLType_CRLF:
-            m_strEOL = "\r\n";
-            break;
-        case EOLType_LF:
-            m_strEOL = "\n";
-            break;
-        default:
-            throw COxException("Invalid EOL type.");
-    }
+    m_strEOL = EOLText(eEOLType);
     m_eEOLType = eEOLType;
 }
 
@@ -93,13 +85,7 @@ void CXmlTextWriter::SetIndentChars(const char* pszIndentChars) {
 }
 
 void CXmlTextWriter::WriteIndent(uint32_t nDepth) {
-    if (nDepth == 0 || m_strIndentChars.empty()) return;
-    size_t nLen = static_cast<size_t>(nDepth) * m_strIndentChars.size();
-    if (m_strIndentRun.size() < nLen) {
-        m_strIndentRun.reserve(nLen * 2);
-        while (m_strIndentRun.size() < nLen * 2) m_strIndentRun += m_strIndentChars;
-    }
-    m_pStream->WriteString(m_strIndentRun.data(), nLen);
+    WriteIndentRun(m_pStream, m_strIndentChars, m_strIndentRun, nDepth);
 }
 
 void CXmlTextWriter::WriteNamespaceDeclaration(const std::string& strPrefix, const std::string& strNamespace) {
