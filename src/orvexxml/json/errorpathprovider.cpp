@@ -1,0 +1,7 @@
+#include "orvexxml/json/errorpathprovider.h"
+
+namespace OrvexXml {
+
+IErrorPathProvider::~IErrorPathProvider() {}
+
+}  // namespace OrvexXml
