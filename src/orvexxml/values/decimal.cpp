@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <vector>
 
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
@@ -23,8 +24,13 @@ constexpr unsigned kExponentCertainlyTooLarge = kMaxIntegerDigits + kMaxFraction
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Strict tests of the value, for which a negative zero is no negative number.
-bool Above0(const CBigInteger& x) { return x > CBigInteger(0); }
-bool Below0(const CBigInteger& x) { return x.GetAbs() != CBigInteger(0) && x < CBigInteger(0); }
+const CBigInteger& Zero() {
+    static const CBigInteger s_zero(0);
+    return s_zero;
+}
+bool Above0(const CBigInteger& x) { return x > Zero(); }
+// A negative zero sorts below 0 but is equal to it.
+bool Below0(const CBigInteger& x) { return x < Zero() && !(x == Zero()); }
 
 [[noreturn]] void ThrowInvalidChar(size_t nPosition, const char* text) {
     throw COxInvalidValueException(
@@ -157,8 +163,17 @@ void CDecimal::Parse(const char* text) {
     }
     if (pszText[nPos] != '\0') ThrowInvalidChar(nPos, pszText);
 
-    CBigInteger integer(strInteger.c_str());
-    CBigInteger fraction(strFraction.c_str());
+    // The sections hold digits only: their values are built from them directly, the same that
+    // reading them as integer texts would give.
+    auto fromDigits = [](const std::string& strDigits) {
+        std::vector<char> digits(strDigits.rbegin(), strDigits.rend());
+        for (char& c : digits) c = static_cast<char>(c - '0');
+        CBigInteger::Clean(digits);
+        if (digits.empty()) digits.push_back(0);
+        return CBigInteger(1, digits);
+    };
+    CBigInteger integer = fromDigits(strInteger);
+    CBigInteger fraction = fromDigits(strFraction);
     const int nDivider = strFraction.empty() ? 1 : static_cast<int>(strFraction.size());
     if (bNegative) {
         integer.Negate();
@@ -172,7 +187,7 @@ void CDecimal::Parse(const char* text) {
         for (char c : strExponent) {
             nExponent = nExponent > 100000000u ? nExponent : nExponent * 10 + static_cast<unsigned>(c - '0');
         }
-        const bool bZero = integer == CBigInteger(0) && fraction == CBigInteger(0);
+        const bool bZero = integer == Zero() && fraction == Zero();
         if (bNegativeExponent) {
             // Once the quotient falls below the last of the places that division keeps, it
             // is 0 with the same sign for every larger exponent: the division by 10 to that
@@ -266,7 +281,7 @@ void CDecimal::ChangeFractionalDivider(int nPlaces) {
         m_fractionPart -= unit;
         m_integerPart += CBigInteger(1);
     }
-    if (m_integerPart == CBigInteger(0)) m_integerPart = SignedZero(SignOf(m_fractionPart));
+    if (m_integerPart == Zero()) m_integerPart = SignedZero(SignOf(m_fractionPart));
 }
 
 CDecimal CDecimal::operator+(const CDecimal& other) const {
@@ -276,7 +291,6 @@ CDecimal CDecimal::operator+(const CDecimal& other) const {
     const CBigInteger unit = CBigInteger::Pow10(static_cast<unsigned>(nDivider));
     const CBigInteger negativeUnit = unit.GetNegative();
     const CBigInteger one(1);
-    const CBigInteger zero(0);
     CBigInteger fraction = a.m_fractionPart + b.m_fractionPart;
     CBigInteger integer = a.m_integerPart + b.m_integerPart;
     while (fraction >= unit) {
@@ -298,7 +312,7 @@ CDecimal CDecimal::operator+(const CDecimal& other) const {
         fraction -= unit;
         integer += one;
     }
-    if (integer == zero) integer = SignedZero(SignOf(fraction));
+    if (integer == Zero()) integer = SignedZero(SignOf(fraction));
     CDecimal result(integer, fraction, nDivider);
     result.Rationalise();
     return result;
@@ -381,7 +395,7 @@ bool CDecimal::operator>(const CDecimal& other) const { return other < *this; }
 bool CDecimal::operator>=(const CDecimal& other) const { return other <= *this; }
 
 std::string CDecimal::ToString() const {
-    if (m_fractionPart == CBigInteger(0)) return m_integerPart.ToString();
+    if (m_fractionPart == Zero()) return m_integerPart.ToString();
     std::string strText = SignOf(m_integerPart) == -1 ? "-" : "";
     strText += m_integerPart.GetAbs().ToString();
     strText += '.';
