@@ -165,24 +165,31 @@ ORVEXXML_BINARY_TRAITS(base64Binary, SetBase64Binary, "Cbase64BinaryCol", Valida
 
 #undef ORVEXXML_BINARY_TRAITS
 
-template <>
-struct CItemTypeTraits<ItemType_duration> {
-    typedef CDateTimeSpan ValueType;
-    static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_owned;
-    static constexpr bool HasFromText = true;
-    static constexpr bool HasValidate = true;
-    static constexpr const char* CollectionName = "CdurationCol";
-    static CDateTimeSpan*& Slot(OxVariant& v) { return v.m_pDateTimeSpan; }
-    static CDateTimeSpan* const& Slot(const OxVariant& v) { return v.m_pDateTimeSpan; }
-    static void Store(OxVariant& v, const CDateTimeSpan& value) { v.SetDuration(value); }
-    static std::string ToText(const CDateTimeSpan& value, const char*) { return CConversions::durationToString(value); }
-    static CDateTimeSpan FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::durationFromString(text, rule);
+// A value class held as an owned copy, whose text form takes no format.
+#define ORVEXXML_VALUECLASS_TRAITS(kind, type, member, setter, collection)                                        \
+    template <>                                                                                                   \
+    struct CItemTypeTraits<ItemType_##kind> {                                                                     \
+        typedef type ValueType;                                                                                   \
+        static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_owned;                           \
+        static constexpr bool HasFromText = true;                                                                 \
+        static constexpr bool HasValidate = true;                                                                 \
+        static constexpr const char* CollectionName = collection;                                                 \
+        static void Validate(const char* pszName, const type& value, const CPrimitiveRestrictions& r) {           \
+            ValidateValue(pszName, value, r);                                                                     \
+        }                                                                                                         \
+        static type*& Slot(OxVariant& v) { return v.member; }                                                     \
+        static type* const& Slot(const OxVariant& v) { return v.member; }                                         \
+        static void Store(OxVariant& v, const type& value) { v.setter(value); }                                   \
+        static std::string ToText(const type& value, const char*) { return CConversions::kind##ToString(value); } \
+        static type FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {                    \
+            return CConversions::kind##FromString(text, rule);                                                    \
+        }                                                                                                         \
     }
-    static void Validate(const char* pszName, const CDateTimeSpan& value, const CPrimitiveRestrictions& restrictions) {
-        ValidateValue(pszName, value, restrictions);
-    }
-};
+
+ORVEXXML_VALUECLASS_TRAITS(duration, CDateTimeSpan, m_pDateTimeSpan, SetDuration, "CdurationCol");
+ORVEXXML_VALUECLASS_TRAITS(integer, CBigInteger, m_pBigInteger, SetInteger, "CintegerCol");
+
+#undef ORVEXXML_VALUECLASS_TRAITS
 
 // The five date kinds share their value class; each reads its own text.
 #define ORVEXXML_DATE_TRAITS(kind, setter, collection)                                                                 \
@@ -232,25 +239,6 @@ struct CItemTypeTraits<ItemType_decimal> {
     }
     static CDecimal FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
         return CConversions::decimalFromString(text, rule);
-    }
-};
-
-template <>
-struct CItemTypeTraits<ItemType_integer> {
-    typedef CBigInteger ValueType;
-    static constexpr CItemTypeInfo::Storage Storage = CItemTypeInfo::Storage_owned;
-    static constexpr bool HasFromText = true;
-    static constexpr bool HasValidate = true;
-    static constexpr const char* CollectionName = "CintegerCol";
-    static void Validate(const char* pszName, const CBigInteger& value, const CPrimitiveRestrictions& restrictions) {
-        ValidateValue(pszName, value, restrictions);
-    }
-    static CBigInteger*& Slot(OxVariant& v) { return v.m_pBigInteger; }
-    static CBigInteger* const& Slot(const OxVariant& v) { return v.m_pBigInteger; }
-    static void Store(OxVariant& v, const CBigInteger& value) { v.SetInteger(value); }
-    static std::string ToText(const CBigInteger& value, const char*) { return CConversions::integerToString(value); }
-    static CBigInteger FromText(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-        return CConversions::integerFromString(text, rule);
     }
 };
 
