@@ -4,7 +4,9 @@ set -euo pipefail
 
 packages=(build-essential cmake ninja-build pkg-config clang clang-format libclang-rt-14-dev locales
           libexpat1-dev zlib1g-dev libpcre2-dev
-          libgtest-dev libgmock-dev libbenchmark-dev libxml2-utils)
+          libgtest-dev libgmock-dev libbenchmark-dev libxml2-utils
+          default-jdk-headless libfastinfoset-java
+          libxerces-c-dev opensaml-schemas xmltooling-schemas docbook5-xml xmlstarlet)
 
 missing=()
 for p in "${packages[@]}"; do
