@@ -97,9 +97,10 @@ CSmartPtr<CElement> CElement::Clone() const {
 // whitespace is the indentation of a formatted document, not data: kept, it would grow by a
 // level of indentation with every formatted round trip.
 static std::string OwnText(const CXmlElement* pElement) {
-    const std::string& strText = pElement->GetText();
-    if (pElement->GetFirstElement() && strText.find_first_not_of(" \t\r\n") == std::string::npos) return std::string();
-    return strText;
+    const std::string_view text = pElement->GetTextView();
+    if (pElement->GetFirstElement() && text.find_first_not_of(" \t\r\n") == std::string_view::npos)
+        return std::string();
+    return std::string(text);
 }
 
 void CElement::CopyXmlElement(CXmlElement* pElement) {

@@ -174,8 +174,8 @@ void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGene
     // A nil element leaves the property as ResetToDefaults left it.
     if (!ReadSimpleElementAttributes(ctx, pElement)) {
         // An empty element stands for the default value, as the writer produces it.
-        const std::string& strText =
-            pElement->GetText().empty() && !m_strDefaultValue.empty() ? m_strDefaultValue : pElement->GetText();
+        std::string strText(pElement->GetTextView());
+        if (strText.empty()) strText = m_strDefaultValue;
         OxVariant value;
         value.FromString(strText, m_eItemType, m_eWhitespaceRule);
         InvokePropertySet(pClass, value, *pElement);
@@ -188,8 +188,8 @@ void CElementInfo::ElementFromXmlEnum(const CSerializationContext& ctx, CXmlGene
     CXmlElement* pElement = *ppCurrent;
     if (!ReadSimpleElementAttributes(ctx, pElement)) {
         // The generated function refuses unknown text; no whitespace rule is applied.
-        const std::string& strText =
-            pElement->GetText().empty() && !m_strDefaultValue.empty() ? m_strDefaultValue : pElement->GetText();
+        std::string strText(pElement->GetTextView());
+        if (strText.empty()) strText = m_strDefaultValue;
         OxVariant value;
         value.SetI4(m_pfnTextToEnum(strText.c_str()));
         InvokePropertySet(pClass, value, *pElement);

@@ -263,11 +263,11 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* pElement, CXmlElement*
         int nIndex = pInfo->GetPrimitiveValuePropertyIndex();
         if (nIndex != -1 && pInfo->GetPrimitiveDataType() != ItemType_invalid) {
             OxVariant value;
+            std::string strText(pElement->GetTextView());
             if (pInfo->GetOutputPrimitiveClassAsTextProperty()) {
-                value.SetString(pElement->GetText());
+                value.SetString(std::move(strText));
             } else {
-                value.FromString(pElement->GetText(), pInfo->GetPrimitiveDataType(),
-                                 CWhitespaceUtils::WhitespaceRule_none);
+                value.FromString(strText, pInfo->GetPrimitiveDataType(), CWhitespaceUtils::WhitespaceRule_none);
             }
             ExchangeProperty(nIndex, false, value);
         }

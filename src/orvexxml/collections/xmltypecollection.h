@@ -58,7 +58,7 @@ protected:
     CXmlElement* ReadItems(CXmlElement* pFirstChild, const CSerializationContext& ctx, TAddText addText) {
         CXmlElement* pCurrent = pFirstChild;
         while (pCurrent && IsItemElement(ctx, pCurrent)) {
-            addText(pCurrent->GetText());
+            addText(std::string(pCurrent->GetTextView()));
             pCurrent = pCurrent->GetNextSiblingElement();
         }
         return pCurrent;

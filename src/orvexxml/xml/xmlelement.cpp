@@ -1,5 +1,6 @@
 #include "orvexxml/xml/xmlelement.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <new>
 
@@ -31,6 +32,10 @@ CXmlElement::CXmlElement(const CXmlDocument* pDocument, const CXmlElement* pPare
       m_pFirstChild(nullptr),
       m_pLastChild(nullptr),
       m_pAttributes(nullptr),
+      m_pText(nullptr),
+      m_nTextLength(0),
+      m_nTextCapacity(0),
+      m_pTextString(nullptr),
       m_pElementName(CXmlNodeStore::EmptyNamespace()),
       m_pNamespace(CXmlNodeStore::EmptyNamespace()) {}
 
@@ -58,6 +63,7 @@ void CXmlElement::DestroyAttribute(const CXmlDocument* pDocument, CXmlAttribute*
 }
 
 CXmlElement::~CXmlElement() {
+    FreeText();
     // Delete the whole subtree without recursion. The pending nodes form one list linked
     // through m_pNextSibling. A node with children splices them in front of its successor
     // and is then deleted childless, so no destructor below this one has work to pass on.
@@ -185,12 +191,66 @@ void CXmlElement::AppendText(const char* pszText) {
 
 void CXmlElement::AppendText(const char* pText, OxULong nLength) {
     if (nLength == 0) return;
-    size_t nNewLength = m_strText.size() + nLength;
-    if (!m_strText.empty() && nNewLength > m_strText.capacity()) {
-        size_t nDouble = 2 * m_strText.capacity();
-        m_strText.reserve(nNewLength > nDouble ? nNewLength : nDouble);
+    const size_t nNewLength = m_nTextLength + nLength;
+    if (nNewLength > m_nTextCapacity) GrowText(nNewLength);
+    std::memcpy(m_pText + m_nTextLength, pText, nLength);
+    m_nTextLength = nNewLength;
+    // A string made of the former text no longer matches.
+    delete m_pTextString.exchange(nullptr, std::memory_order_acq_rel);
+}
+
+namespace {
+// Texts up to this length take their memory from the node store, which has no per-block
+// header and hands freed sizes to the next text; longer ones grow on the heap with realloc.
+const size_t kMaxStoredText = 512;
+}  // namespace
+
+void CXmlElement::GrowText(size_t nNeeded) {
+    // The capacity at least doubles, so that text arriving in many pieces (the line breaks and
+    // indentation between the children of an element) is copied a bounded number of times.
+    size_t nCapacity = m_nTextCapacity < 8 ? 16 : 2 * m_nTextCapacity;
+    if (nCapacity < nNeeded) nCapacity = nNeeded;
+    CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
+    if (nCapacity <= kMaxStoredText) {
+        nCapacity = (nCapacity + 15) & ~static_cast<size_t>(15);
+        char* pNew = static_cast<char*>(pStore->Allocate(nCapacity));
+        if (m_nTextLength) std::memcpy(pNew, m_pText, m_nTextLength);
+        if (m_pText) pStore->Free(m_pText, m_nTextCapacity);
+        m_pText = pNew;
+    } else if (m_nTextCapacity > kMaxStoredText) {
+        char* pNew = static_cast<char*>(std::realloc(m_pText, nCapacity));
+        if (!pNew) throw std::bad_alloc();
+        m_pText = pNew;
+    } else {
+        char* pNew = static_cast<char*>(std::malloc(nCapacity));
+        if (!pNew) throw std::bad_alloc();
+        if (m_nTextLength) std::memcpy(pNew, m_pText, m_nTextLength);
+        if (m_pText) pStore->Free(m_pText, m_nTextCapacity);
+        m_pText = pNew;
     }
-    m_strText.append(pText, nLength);
+    m_nTextCapacity = nCapacity;
+}
+
+void CXmlElement::FreeText() {
+    delete m_pTextString.exchange(nullptr, std::memory_order_acq_rel);
+    if (!m_pText) return;
+    if (m_nTextCapacity > kMaxStoredText)
+        std::free(m_pText);
+    else
+        m_pDocument->m_pNodeStore->Free(m_pText, m_nTextCapacity);
+    m_pText = nullptr;
+    m_nTextLength = m_nTextCapacity = 0;
+}
+
+const std::string& CXmlElement::GetText() const {
+    std::string* pString = m_pTextString.load(std::memory_order_acquire);
+    if (pString) return *pString;
+    if (m_nTextLength == 0) return EmptyString();
+    std::string* pNew = new std::string(m_pText, m_nTextLength);
+    if (m_pTextString.compare_exchange_strong(pString, pNew, std::memory_order_acq_rel, std::memory_order_acquire))
+        return *pNew;
+    delete pNew;  // another thread was first
+    return *pString;
 }
 
 CXmlElement* CXmlElement::CreateNewChildElement() {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "orvexxml/export.h"
@@ -37,7 +39,10 @@ public:
     CXmlElement* GetNextSiblingElement() const { return m_pNextSibling; }
     const std::string& GetLocalName() const { return *m_pElementName; }
     const std::string& GetNamespaceURI() const { return *m_pNamespace; }
-    const std::string& GetText() const { return m_strText; }
+    const std::string& GetText() const;
+    // The text without making a string of it: what the reading walk uses, so that the text
+    // between child elements, which nobody reads as a rule, never becomes a string.
+    std::string_view GetTextView() const { return std::string_view(m_pText, m_nTextLength); }
     // In document order.
     const std::vector<CXmlAttribute*>& GetAttributes() const { return m_pAttributes ? *m_pAttributes : NoAttributes(); }
     // The value of the first attribute with that local name and namespace (null counts as
@@ -90,7 +95,17 @@ private:
     // Null until the first attribute arrives: most elements have none. Lives in the node
     // store, like the attributes it lists; only its item array is on the heap.
     std::vector<CXmlAttribute*>* m_pAttributes;
-    std::string m_strText;
+    void GrowText(size_t nNeeded);
+    void FreeText();
+
+    // The text lives in the document's node store (on the heap past kMaxStoredText bytes) and
+    // becomes a string only when GetText asks for one; that string is kept until the text
+    // changes. Threads that read one tree may race to make it: one string wins, the others
+    // are deleted.
+    char* m_pText;
+    size_t m_nTextLength;
+    size_t m_nTextCapacity;
+    mutable std::atomic<std::string*> m_pTextString;
     // Names are stored once per document and shared by the elements that carry them.
     const std::string* m_pElementName;
     // The namespace URI, empty for none. The document stores each URI once; its elements and
