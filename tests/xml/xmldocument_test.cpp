@@ -7,6 +7,7 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <typeinfo>
 #include <vector>
 
@@ -349,3 +350,38 @@ TEST(XmlDocumentHostile, EveryTruncationOfADocumentFailsCleanly) {
 }
 
 }  // namespace
+
+// Element texts become strings only when first asked for. Threads that read one finished
+// tree at once each get the same, complete text, whatever the length (stored in the tree's
+// own memory or on the heap) and however many pieces the parser delivered it in.
+TEST(XmlElementTextThreads, ThreadsAskingForTheSameTextsAllGetThemWhole) {
+    std::string strXml = "<r>";
+    std::vector<std::string> vecExpected;
+    for (int i = 0; i < 40; ++i) {
+        std::string strText;
+        for (int j = 0; j < i * 29; ++j) strText += static_cast<char>('a' + (i + j) % 26);
+        vecExpected.push_back(strText + "&<x");
+        strXml += "<e>" + strText + "&amp;&lt;x</e>";
+    }
+    strXml += "</r>";
+    CXmlDocument doc;
+    doc.LoadXml(strXml.c_str());
+    std::vector<CXmlElement*> vecElements = Children(doc.GetDocumentElement());
+    ASSERT_EQ(vecElements.size(), vecExpected.size());
+    std::vector<std::thread> vecThreads;
+    std::vector<int> vecMismatches(4, 0);
+    for (int t = 0; t < 4; ++t) {
+        vecThreads.emplace_back([&, t] {
+            for (size_t i = 0; i < vecElements.size(); ++i) {
+                const std::string& strText = vecElements[(i + 7 * t) % vecElements.size()]->GetText();
+                if (strText != vecExpected[(i + 7 * t) % vecElements.size()]) ++vecMismatches[t];
+            }
+        });
+    }
+    for (std::thread& thread : vecThreads) thread.join();
+    EXPECT_EQ(vecMismatches, std::vector<int>(4, 0));
+    for (size_t i = 0; i < vecElements.size(); ++i) {
+        EXPECT_EQ(&vecElements[i]->GetText(), &vecElements[i]->GetText());  // made once, then kept
+        EXPECT_EQ(vecElements[i]->GetTextView(), vecExpected[i]);
+    }
+}
