@@ -170,18 +170,36 @@ void CDecimal::Parse(const char* text) {
         for (char& c : digits) c = static_cast<char>(c - '0');
         CBigInteger::Clean(digits);
         if (digits.empty()) digits.push_back(0);
-        return CBigInteger(1, digits);
+        return digits;
     };
-    CBigInteger integer = fromDigits(strInteger);
-    CBigInteger fraction = fromDigits(strFraction);
     const int nDivider = strFraction.empty() ? 1 : static_cast<int>(strFraction.size());
+    if (strExponent.empty()) {
+        // The usual text: the digit sections become the parts in place, with no temporary
+        // values. Nothing from here on can fail but an allocation, which happens before any
+        // part changes.
+        std::vector<char> integerDigits = fromDigits(strInteger);
+        std::vector<char> fractionDigits = fromDigits(strFraction);
+        m_integerPart.m_digits.swap(integerDigits);
+        m_fractionPart.m_digits.swap(fractionDigits);
+        m_integerPart.m_sign = m_fractionPart.m_sign = 1;
+        if (bNegative) {
+            m_integerPart.Negate();
+            m_fractionPart.Negate();
+        }
+        m_fractionDivider = nDivider;
+        Rationalise();
+        ApplyMaxDivider();
+        return;
+    }
+    CBigInteger integer(1, fromDigits(strInteger));
+    CBigInteger fraction(1, fromDigits(strFraction));
     if (bNegative) {
         integer.Negate();
         fraction.Negate();
     }
     CDecimal value(integer, fraction, nDivider);
 
-    if (!strExponent.empty()) {
+    {
         // Saturates far above any exponent that is used as it stands.
         unsigned nExponent = 0;
         for (char c : strExponent) {
