@@ -92,6 +92,8 @@
 #include "orvexxml/collections/yearcol.h"
 #include "orvexxml/collections/yearmonthcol.h"
 #include "orvexxml/export.h"
+#include "orvexxml/fastinfoset/fastinfosetcontext.h"
+#include "orvexxml/fastinfoset/fivocabulary.h"
 #include "orvexxml/infrastructure/binarystream.h"
 #include "orvexxml/infrastructure/criticalsection.h"
 #include "orvexxml/infrastructure/debugtrace.h"
