@@ -92,6 +92,7 @@
 #include "orvexxml/collections/yearcol.h"
 #include "orvexxml/collections/yearmonthcol.h"
 #include "orvexxml/export.h"
+#include "orvexxml/fastinfoset/fastinfosetbinarydata.h"
 #include "orvexxml/fastinfoset/fastinfosetcontext.h"
 #include "orvexxml/fastinfoset/fivocabulary.h"
 #include "orvexxml/infrastructure/binarystream.h"
