@@ -106,6 +106,30 @@ CJsonContext& CSerializationContext::GetJsonContext() const {
     return *m_jsonContext.m_pContext;
 }
 
+CSerializationContext::CFIContextHolder::CFIContextHolder(const CFIContextHolder& other)
+    : m_pContext(other.m_pContext ? new CFastInfosetContext(*other.m_pContext) : nullptr) {}
+
+CSerializationContext::CFIContextHolder& CSerializationContext::CFIContextHolder::operator=(
+    const CFIContextHolder& other) {
+    if (this == &other) return *this;
+    if (!other.m_pContext) {
+        delete m_pContext;
+        m_pContext = nullptr;
+    } else if (m_pContext) {
+        *m_pContext = *other.m_pContext;
+    } else {
+        m_pContext = new CFastInfosetContext(*other.m_pContext);
+    }
+    return *this;
+}
+
+CSerializationContext::CFIContextHolder::~CFIContextHolder() { delete m_pContext; }
+
+CFastInfosetContext& CSerializationContext::GetFIContext() const {
+    if (!m_fiContext.m_pContext) m_fiContext.m_pContext = new CFastInfosetContext;
+    return *m_fiContext.m_pContext;
+}
+
 void CSerializationContext::SetMaxDepth(int32_t nDepth) {
     if (nDepth < 1) throw COxInvalidParamException("MaxDepth must be at least 1, the level of the root element");
     m_nMaxDepth = nDepth;

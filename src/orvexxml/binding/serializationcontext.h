@@ -6,6 +6,7 @@
 
 #include "orvexxml/binding/attributecol.h"
 #include "orvexxml/export.h"
+#include "orvexxml/fastinfoset/fastinfosetcontext.h"
 #include "orvexxml/infrastructure/smartptr.h"
 #include "orvexxml/writers/jsoncontext.h"
 #include "orvexxml/xml/namespacealiasmap.h"
@@ -112,7 +113,9 @@ public:
     // context gets a copy of them.
     CJsonContext& GetJsonContext() const;
 
-    // The Fast Infoset sub-context joins this class with the subsystem that defines it.
+    // The Fast Infoset settings: created on first use like the JSON settings, and copied with
+    // the context, ready-made vocabulary included.
+    CFastInfosetContext& GetFIContext() const;
 
 private:
     // Holds the additional root attributes: null until asked for, cloned when copied.
@@ -136,6 +139,17 @@ private:
         CJsonContext* m_pContext;  // owned
     };
 
+    // Holds the Fast Infoset settings: null until asked for, copied with the context.
+    class ORVEXXML_API CFIContextHolder {
+    public:
+        CFIContextHolder() : m_pContext(nullptr) {}
+        CFIContextHolder(const CFIContextHolder& other);
+        CFIContextHolder& operator=(const CFIContextHolder& other);
+        ~CFIContextHolder();
+
+        CFastInfosetContext* m_pContext;  // owned
+    };
+
     std::string m_strDefaultNamespaceURI;
     bool m_bWriteTypeAttribute;
     CNamespaceAliasMap m_namespaceAliases;
@@ -157,6 +171,7 @@ private:
     // Created on first use, through a const reference too.
     mutable CRootAttributes m_rootAttributes;
     mutable CJsonContextHolder m_jsonContext;
+    mutable CFIContextHolder m_fiContext;
 };
 
 }  // namespace OrvexXml
