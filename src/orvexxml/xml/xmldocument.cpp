@@ -458,8 +458,7 @@ CXmlAttribute* CXmlDocument::AddElementAttribute(CXmlElement* pElement, const ch
 }
 
 void CXmlDocument::ReserveElementAttributes(CXmlElement* pElement, size_t nCount) {
-    std::vector<CXmlAttribute*>& vecAttributes = pElement->AttributeList();
-    vecAttributes.reserve(vecAttributes.size() + nCount);
+    pElement->ReserveAttributes(pElement->m_nAttributeCount + nCount);
 }
 
 void CXmlDocument::AppendTextExcludingCR(CXmlElement* pElement, const char* pszText) {

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <stdexcept>
 
 #include "orvexxml/xml/xmlattribute.h"
 #include "orvexxml/xml/xmldocument.h"
@@ -31,7 +32,9 @@ CXmlElement::CXmlElement(const CXmlDocument* pDocument, const CXmlElement* pPare
       m_pNextSibling(nullptr),
       m_pFirstChild(nullptr),
       m_pLastChild(nullptr),
-      m_pAttributes(nullptr),
+      m_ppAttributes(nullptr),
+      m_nAttributeCount(0),
+      m_nAttributeCapacity(0),
       m_pText(nullptr),
       m_nTextLength(0),
       m_nTextCapacity(0),
@@ -80,27 +83,28 @@ CXmlElement::~CXmlElement() {
         Destroy(pNode);
         pNode = pNext;
     }
-    if (m_pAttributes) {
-        for (CXmlAttribute* pAttribute : *m_pAttributes) DestroyAttribute(m_pDocument, pAttribute);
-        typedef std::vector<CXmlAttribute*> AttributeVector;
-        m_pAttributes->~AttributeVector();
-        m_pDocument->m_pNodeStore->Free(m_pAttributes, sizeof(AttributeVector));
+    if (m_ppAttributes) {
+        for (uint32_t i = 0; i < m_nAttributeCount; ++i) DestroyAttribute(m_pDocument, m_ppAttributes[i]);
+        m_pDocument->m_pNodeStore->Free(m_ppAttributes, m_nAttributeCapacity * sizeof(CXmlAttribute*));
     }
 }
 
-std::vector<CXmlAttribute*>& CXmlElement::AttributeList() {
-    // Taken from the node store rather than the heap: a document of many elements with
-    // attributes then pays one allocation per element for them (the item array), not two.
-    if (!m_pAttributes) {
-        m_pAttributes = new (m_pDocument->m_pNodeStore->Allocate(sizeof(std::vector<CXmlAttribute*>)))
-            std::vector<CXmlAttribute*>();
-    }
-    return *m_pAttributes;
+CXmlAttribute* CXmlElement::CAttributeList::at(size_t nIndex) const {
+    if (nIndex >= m_nCount) throw std::out_of_range("CXmlElement::CAttributeList::at");
+    return m_ppItems[nIndex];
 }
 
-const std::vector<CXmlAttribute*>& CXmlElement::NoAttributes() {
-    static const std::vector<CXmlAttribute*> s_vecEmpty;
-    return s_vecEmpty;
+void CXmlElement::ReserveAttributes(size_t nCount) {
+    // The array comes from the node store, like the attributes themselves: an element with
+    // attributes costs no heap allocation.
+    if (nCount <= m_nAttributeCapacity) return;
+    if (nCount > UINT32_MAX / 2) throw std::bad_alloc();
+    CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
+    CXmlAttribute** ppNew = static_cast<CXmlAttribute**>(pStore->Allocate(nCount * sizeof(CXmlAttribute*)));
+    if (m_nAttributeCount) std::memcpy(ppNew, m_ppAttributes, m_nAttributeCount * sizeof(CXmlAttribute*));
+    if (m_ppAttributes) pStore->Free(m_ppAttributes, m_nAttributeCapacity * sizeof(CXmlAttribute*));
+    m_ppAttributes = ppNew;
+    m_nAttributeCapacity = static_cast<uint32_t>(nCount);
 }
 
 const std::string& CXmlElement::GetAttribute(const char* pszLocalName, const char* pszNamespace) const {
@@ -274,9 +278,7 @@ CXmlAttribute* CXmlElement::AddAttribute(const char* pszLocalName, const char* p
 CXmlAttribute* CXmlElement::AddAttribute(const char* pLocalName, size_t nLocalNameLength, const char* pValue,
                                          size_t nValueLength, const char* pNamespace, size_t nNamespaceLength) {
     // Make room first, so that a failing push_back can't lose the new attribute.
-    std::vector<CXmlAttribute*>& vecAttributes = AttributeList();
-    if (vecAttributes.size() == vecAttributes.capacity())
-        vecAttributes.reserve(vecAttributes.empty() ? 4 : 2 * vecAttributes.size());
+    if (m_nAttributeCount == m_nAttributeCapacity) ReserveAttributes(m_nAttributeCount ? 2 * m_nAttributeCount : 4);
     CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
     const std::string* pStoredNamespace = pStore->InternNamespace(pNamespace, nNamespaceLength);
     void* pMemory = pStore->Allocate(sizeof(CXmlAttribute));
@@ -288,7 +290,7 @@ CXmlAttribute* CXmlElement::AddAttribute(const char* pLocalName, size_t nLocalNa
         pStore->Free(pMemory, sizeof(CXmlAttribute));
         throw;
     }
-    m_pAttributes->push_back(pAttribute);
+    m_ppAttributes[m_nAttributeCount++] = pAttribute;
     return pAttribute;
 }
 

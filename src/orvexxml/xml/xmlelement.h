@@ -27,6 +27,24 @@ class ORVEXXML_API CXmlElement : public CInstanceMonitor {
     friend class CXmlDocument;
 
 public:
+    // The attributes of an element in document order, iterated like a vector: a view of an
+    // array in the tree's own memory, valid as long as the element.
+    class CAttributeList {
+    public:
+        typedef CXmlAttribute* const* const_iterator;
+        CAttributeList(CXmlAttribute* const* ppItems, size_t nCount) : m_ppItems(ppItems), m_nCount(nCount) {}
+        const_iterator begin() const { return m_ppItems; }
+        const_iterator end() const { return m_ppItems + m_nCount; }
+        size_t size() const { return m_nCount; }
+        bool empty() const { return m_nCount == 0; }
+        CXmlAttribute* operator[](size_t nIndex) const { return m_ppItems[nIndex]; }
+        CXmlAttribute* at(size_t nIndex) const;  // std::out_of_range past the end
+
+    private:
+        CXmlAttribute* const* m_ppItems;
+        size_t m_nCount;
+    };
+
     // A copy would make a second owner of the same nodes: the tree is not copyable.
     CXmlElement(const CXmlElement&) = delete;
     CXmlElement& operator=(const CXmlElement&) = delete;
@@ -44,7 +62,7 @@ public:
     // between child elements, which nobody reads as a rule, never becomes a string.
     std::string_view GetTextView() const { return std::string_view(m_pText, m_nTextLength); }
     // In document order.
-    const std::vector<CXmlAttribute*>& GetAttributes() const { return m_pAttributes ? *m_pAttributes : NoAttributes(); }
+    CAttributeList GetAttributes() const { return CAttributeList(m_ppAttributes, m_nAttributeCount); }
     // The value of the first attribute with that local name and namespace (null counts as
     // empty). Without a match: a reference to a shared empty string that stays valid.
     const std::string& GetAttribute(const char* pszLocalName, const char* pszNamespace = "") const;
@@ -78,11 +96,10 @@ private:
     static void Destroy(CXmlElement* pElement);
     static void DestroyAttribute(const CXmlDocument* pDocument, CXmlAttribute* pAttribute);
     // The list of attributes, made empty in the node store on first use.
-    std::vector<CXmlAttribute*>& AttributeList();
+    void ReserveAttributes(size_t nCount);
 
     // The prefix of the namespace, ":" and the local name; the local name alone when the
     // element has no namespace or the namespace has no prefix.
-    static const std::vector<CXmlAttribute*>& NoAttributes();
     std::string GetQName() const;
     // The qualified name, with "[n]" when siblings share it.
     std::string GetNameWithPredicate() const;
@@ -94,7 +111,9 @@ private:
     CXmlElement* m_pLastChild;
     // Null until the first attribute arrives: most elements have none. Lives in the node
     // store, like the attributes it lists; only its item array is on the heap.
-    std::vector<CXmlAttribute*>* m_pAttributes;
+    CXmlAttribute** m_ppAttributes;  // in the node store
+    uint32_t m_nAttributeCount;
+    uint32_t m_nAttributeCapacity;
     void GrowText(size_t nNeeded);
     void FreeText();
 
