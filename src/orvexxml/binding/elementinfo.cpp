@@ -177,7 +177,7 @@ void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGene
         std::string strText(pElement->GetTextView());
         if (strText.empty()) strText = m_strDefaultValue;
         OxVariant value;
-        value.FromString(strText, m_eItemType, m_eWhitespaceRule);
+        value.FromString(std::move(strText), m_eItemType, m_eWhitespaceRule);
         InvokePropertySet(pClass, value, *pElement);
     }
     *ppCurrent = pElement->GetNextSiblingElement();

@@ -267,7 +267,8 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* pElement, CXmlElement*
             if (pInfo->GetOutputPrimitiveClassAsTextProperty()) {
                 value.SetString(std::move(strText));
             } else {
-                value.FromString(strText, pInfo->GetPrimitiveDataType(), CWhitespaceUtils::WhitespaceRule_none);
+                value.FromString(std::move(strText), pInfo->GetPrimitiveDataType(),
+                                 CWhitespaceUtils::WhitespaceRule_none);
             }
             ExchangeProperty(nIndex, false, value);
         }

@@ -311,4 +311,12 @@ void OxVariant::FromString(const std::string& text, ItemType type, CWhitespaceUt
     pfnFromText(*this, text, rule);
 }
 
+void OxVariant::FromString(std::string&& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule) {
+    if (type == ItemType_string && CWhitespaceUtils::IsUnchangedByRule(rule, text)) {
+        SetString(std::move(text));
+        return;
+    }
+    FromString(static_cast<const std::string&>(text), type, rule);
+}
+
 }  // namespace OrvexXml

@@ -153,6 +153,9 @@ public:
     // Converts text as the given type and stores the result through that type's setter.
     // A refused text throws before anything is changed.
     void FromString(const std::string& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
+    // The same for a text the caller gives up: a string that the rule leaves as it is becomes
+    // the value without a copy.
+    void FromString(std::string&& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
 };
 
 }  // namespace OrvexXml
