@@ -50,6 +50,8 @@ public:
 
     // After Parse: the tree.
     OrvexXml::CXmlDocument& GetDocument() { return *m_spDocument; }
+    // Frees the tree once what it holds has been taken over.
+    void ReleaseTree() { m_spDocument.reset(); }
     Counts Count() const;
     // The path of the first element with both text and child elements, empty if none.
     std::string FindMixedContent() const;

@@ -121,6 +121,7 @@ void Convert(const std::string& strIn, const std::string& strOut, const WriteSet
     try {
         CSmartPtr<CElement> pElement = new CElement("");
         pElement->FromXmlElement(input.GetDocument().GetDocumentElement(), ctx);
+        input.ReleaseTree();  // the elements hold copies of everything; the peak drops by the tree
         CSmartPtr<CDocumentRoot> pRoot = new CDocumentRoot(pElement, vecPrefixes, strDefault);
         if (actual.eForm == OutputForm_Json) {
             ctx.GetJsonContext().SetSupportRoundtrip(actual.eJsonMode);
