@@ -351,6 +351,33 @@ TEST_F(Orvex, MachineDocumentsKeepTheirInfoset) {
     EXPECT_EQ(Shell("python3 '" + kInfoset + "' count" + strCountFiles + " 2>&1"), strInfo);
 }
 
+// A large input shows a progress line on a terminal (script gives the program one) and
+// nothing on a file or a pipe; the line is cleared before the result appears.
+TEST_F(Orvex, ProgressOnATerminalOnly) {
+    WriteFile(Path("big.xml"), "<a>" + std::string(51u * 1000 * 1000, 'x') + "</a>");
+    const Result quiet = Run("info '" + Path("big.xml") + "'");
+    EXPECT_EQ(0, quiet.nStatus);
+    EXPECT_EQ("", quiet.strErr);
+    const std::string kInfo =
+        "form: xml\ncompression: none\nsize: 51000007\nuncompressed size: 51000007\n"
+        "elements: 1\nattributes: 0\ndepth: 1\n";
+    EXPECT_EQ(kInfo, quiet.strOut);
+    if (std::system("script --version > /dev/null 2>&1") != 0) GTEST_SKIP() << "no script program for a terminal";
+    const std::string strTerminal =
+        Shell("script -qec \"'" + kOrvex + "' info '" + Path("big.xml") + "'\" /dev/null 2>&1");
+    EXPECT_NE(std::string::npos, strTerminal.find("orvex: reading " + Path("big.xml") + ": 51 of 51 MB (100%)"));
+    EXPECT_NE(std::string::npos, strTerminal.find("orvex: parsing..."));
+    // The terminal turns each line end into CR LF.
+    std::string strExpected = kInfo;
+    for (size_t n = 0; (n = strExpected.find('\n', n)) != std::string::npos; n += 2) strExpected.replace(n, 1, "\r\n");
+    EXPECT_EQ("\r\033[K" + strExpected, strTerminal.substr(strTerminal.rfind("\r\033[K")));
+    // Compressed data don't go to a terminal.
+    WriteFile(Path("a.xml"), "<a/>");
+    EXPECT_EQ(
+        "orvex: compressed data not written to a terminal; use -o or a redirection\r\n2\r\n",
+        Shell("script -qec \"'" + kOrvex + "' convert '" + Path("a.xml") + "' --to xml --gzip; echo \\$?\" /dev/null"));
+}
+
 // XML to full JSON and back is the same infoset. It needs JSON input, which this build
 // refuses; the test runs by itself once the refusal is gone.
 TEST_F(Orvex, XmlToFullJsonAndBackKeepsTheInfoset) {
