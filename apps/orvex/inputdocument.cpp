@@ -2,6 +2,7 @@
 
 #include <errno.h>
 #include <fcntl.h>
+#include <string.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -37,7 +38,8 @@ CInputDocument::CInputDocument(const std::string& strName)
       m_pContent(nullptr),
       m_nContentLength(0),
       m_eCompression(CompressionType_None),
-      m_eForm(InputForm_Xml) {}
+      m_eForm(InputForm_Xml),
+      m_bUtf16(false) {}
 
 CInputDocument::~CInputDocument() {}
 
@@ -67,7 +69,8 @@ void CInputDocument::Read(CProgress& progress) {
 void CInputDocument::ReadBytes(int hFile, uint64_t nExpected, CProgress& progress) {
     if (nExpected > CBinaryData::MAX_LENGTH)
         throw CToolError(ExitStatus_BadDocument, m_strDisplayName + ": too large; a document holds at most 4 GiB");
-    m_vecRaw.reserve(static_cast<size_t>(nExpected));
+    // Room for the whole file and the one read past its end that finds the end.
+    m_vecRaw.reserve(static_cast<size_t>(nExpected) + kReadChunk);
     size_t nTotal = 0;
     for (;;) {
         if (m_vecRaw.size() < nTotal + kReadChunk) m_vecRaw.resize(nTotal + kReadChunk);
@@ -98,9 +101,12 @@ void CInputDocument::Detect() {
     } catch (const COxException& e) {
         throw CToolError(ExitStatus_BadDocument, m_strDisplayName + ": " + OneLine(e));
     }
-    // Fast Infoset: its four-byte header, or an XML declaration that names it in front.
     const unsigned char* p = m_pContent;
     const uint64_t n = m_nContentLength;
+    // UTF-16 by its byte order mark or by its first character.
+    m_bUtf16 = n >= 2 && ((p[0] == 0xFF && p[1] == 0xFE) || (p[0] == 0xFE && p[1] == 0xFF) ||
+                          (p[0] == '<' && p[1] == 0) || (p[0] == 0 && p[1] == '<'));
+    // Fast Infoset: its four-byte header, or an XML declaration that names it in front.
     if (n >= 4 && p[0] == 0xE0 && p[1] == 0 && p[2] == 0 && p[3] == 1) {
         m_eForm = InputForm_FastInfoset;
         return;
@@ -122,13 +128,6 @@ void CInputDocument::Detect() {
     if (i < n && (p[i] == '{' || p[i] == '[')) m_eForm = InputForm_Json;
 }
 
-bool CInputDocument::IsUtf16() const {
-    const unsigned char* p = m_pContent;
-    if (m_nContentLength < 2) return false;
-    return (p[0] == 0xFF && p[1] == 0xFE) || (p[0] == 0xFE && p[1] == 0xFF) || (p[0] == '<' && p[1] == 0) ||
-           (p[0] == 0 && p[1] == '<');
-}
-
 void CInputDocument::Parse(const CSerializationContext& ctx) {
     m_spDocument.reset(new CXmlDocument(ctx));
     try {
@@ -140,19 +139,24 @@ void CInputDocument::Parse(const CSerializationContext& ctx) {
     // The parser's table of prefixes can only be asked prefix by prefix: the candidates are
     // the names behind "xmlns:" in the text (in UTF-16 the zero bytes of ASCII are skipped).
     // A candidate that isn't a declaration (in a comment, in text) finds no namespace.
-    std::string strAscii;
-    const bool bUtf16 = IsUtf16();
-    strAscii.reserve(static_cast<size_t>(m_nContentLength));
-    for (uint64_t i = 0; i < m_nContentLength; ++i) {
-        if (!bUtf16 || m_pContent[i] != 0) strAscii += static_cast<char>(m_pContent[i]);
+    std::string strProjected;
+    const char* pText = reinterpret_cast<const char*>(m_pContent);
+    size_t nText = static_cast<size_t>(m_nContentLength);
+    if (m_bUtf16) {
+        strProjected.reserve(nText / 2);
+        for (size_t i = 0; i < nText; ++i) {
+            if (pText[i] != 0) strProjected += pText[i];
+        }
+        pText = strProjected.data();
+        nText = strProjected.size();
     }
-    for (size_t n = 0; (n = strAscii.find("xmlns:", n)) != std::string::npos;) {
-        n += 6;
-        size_t nEnd = n;
-        while (nEnd < strAscii.size() && !IsWhitespace(static_cast<unsigned char>(strAscii[nEnd])) &&
-               strAscii[nEnd] != '=')
-            ++nEnd;
-        if (nEnd > n) m_setPrefixCandidates.insert(strAscii.substr(n, nEnd - n));
+    const char* const pEnd = pText + nText;
+    for (const char* pFound = pText;
+         (pFound = static_cast<const char*>(::memmem(pFound, static_cast<size_t>(pEnd - pFound), "xmlns:", 6)));) {
+        pFound += 6;
+        const char* pName = pFound;
+        while (pFound < pEnd && !IsWhitespace(static_cast<unsigned char>(*pFound)) && *pFound != '=') ++pFound;
+        if (pFound > pName) m_setPrefixCandidates.insert(std::string(pName, pFound));
     }
     // The tree holds copies of everything; the bytes can go.
     std::vector<unsigned char>().swap(m_vecRaw);

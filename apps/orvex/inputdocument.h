@@ -44,7 +44,7 @@ public:
     OrvexXml::CompressionType GetCompression() const { return m_eCompression; }
     InputForm GetForm() const { return m_eForm; }
     // Whether the content is UTF-16 text (by its byte order mark or its first character).
-    bool IsUtf16() const;
+    bool IsUtf16() const { return m_bUtf16; }
     uint64_t GetInputSize() const { return m_vecRaw.size(); }
     uint64_t GetContentSize() const { return m_nContentLength; }
 
@@ -71,6 +71,7 @@ private:
     uint64_t m_nContentLength;
     OrvexXml::CompressionType m_eCompression;
     InputForm m_eForm;
+    bool m_bUtf16;
     std::unique_ptr<OrvexXml::CXmlDocument> m_spDocument;
     std::set<std::string> m_setPrefixCandidates;
 };
