@@ -67,13 +67,19 @@ static void CheckJson(const CXmlObjectBase& object, const CSerializationContext*
     }
 }
 
+// bBytes reads the input as bytes (FromXmlStream: gzip and zlib data are inflated, the
+// encoding comes from the bytes) instead of as text (FromXml).
 template <class T>
 static void ReadInto(const std::string& text, const CSerializationContext& ctx,
-                     const CSerializationContext* pJsonContexts) {
+                     const CSerializationContext* pJsonContexts, bool bBytes) {
     CSmartPtr<T> object = T::CreateInstance();
     std::string strWritten;
     try {
-        object->FromXml(text.c_str(), ctx);
+        if (bBytes)
+            object->FromXmlStream(reinterpret_cast<unsigned char*>(const_cast<char*>(text.data())),
+                                  static_cast<OxULong>(text.size()), ctx);
+        else
+            object->FromXml(text.c_str(), ctx);
         // Whatever was read must write out again.
         strWritten = object->ToXml(true, true, EOLType_LF, ctx);
     } catch (const COxException&) {
@@ -125,49 +131,55 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
     }
     const CSerializationContext& ctx = s_contexts[pData[0] % 4];
     const CSerializationContext* pJsonContexts = s_jsonContexts[pData[0] % 4];
-    std::string text(reinterpret_cast<const char*>(pData + 1), nSize - 1);
-    switch ((pData[0] >> 2) % 14) {
+    // A first byte from 0xE0 up reads the document as bytes, which may be compressed: the
+    // second byte then picks the class. Below it, the first byte picks it and the rest is text.
+    const bool bBytes = pData[0] >= 0xE0;
+    if (bBytes && nSize < 2) return 0;
+    const size_t nSkip = bBytes ? 2 : 1;
+    const int nClass = bBytes ? pData[1] % 14 : (pData[0] >> 2) % 14;
+    std::string text(reinterpret_cast<const char*>(pData + nSkip), nSize - nSkip);
+    switch (nClass) {
         case 0:
-            ReadInto<Samples::CPerson>(text, ctx, pJsonContexts);
+            ReadInto<Samples::CPerson>(text, ctx, pJsonContexts, bBytes);
             break;
         case 1:
-            ReadInto<Samples::CPrimitiveSet>(text, ctx, pJsonContexts);
+            ReadInto<Samples::CPrimitiveSet>(text, ctx, pJsonContexts, bBytes);
             break;
         case 2:
-            ReadInto<Samples::CShape>(text, ctx, pJsonContexts);
+            ReadInto<Samples::CShape>(text, ctx, pJsonContexts, bBytes);
             break;
         case 3:
-            ReadInto<Samples::CNote>(text, ctx, pJsonContexts);
+            ReadInto<Samples::CNote>(text, ctx, pJsonContexts, bBytes);
             break;
         case 4:
-            ReadInto<Samples::CTally>(text, ctx, pJsonContexts);
+            ReadInto<Samples::CTally>(text, ctx, pJsonContexts, bBytes);
             break;
         case 5:
-            ReadInto<Samples::CSettings>(text, ctx, pJsonContexts);
+            ReadInto<Samples::CSettings>(text, ctx, pJsonContexts, bBytes);
             break;
         case 6:
-            ReadInto<Samples::CSelection>(text, ctx, pJsonContexts);
+            ReadInto<Samples::CSelection>(text, ctx, pJsonContexts, bBytes);
             break;
         case 7:
-            ReadInto<Samples::CEnvelope>(text, ctx, pJsonContexts);
+            ReadInto<Samples::CEnvelope>(text, ctx, pJsonContexts, bBytes);
             break;
         case 8:
-            ReadInto<Samples::CInvoiceLine>(text, ctx, pJsonContexts);
+            ReadInto<Samples::CInvoiceLine>(text, ctx, pJsonContexts, bBytes);
             break;
         case 9:
-            ReadInto<Samples::CRemittance>(text, ctx, pJsonContexts);
+            ReadInto<Samples::CRemittance>(text, ctx, pJsonContexts, bBytes);
             break;
         case 10:
-            ReadInto<Samples::COrder>(text, ctx, pJsonContexts);
+            ReadInto<Samples::COrder>(text, ctx, pJsonContexts, bBytes);
             break;
         case 11:
-            ReadInto<Samples::CShop>(text, ctx, pJsonContexts);
+            ReadInto<Samples::CShop>(text, ctx, pJsonContexts, bBytes);
             break;
         case 12:
-            ReadInto<Samples::CAllTypes>(text, ctx, pJsonContexts);
+            ReadInto<Samples::CAllTypes>(text, ctx, pJsonContexts, bBytes);
             break;
         default:
-            ReadInto<OrderBook::COrderBook>(text, ctx, pJsonContexts);
+            ReadInto<OrderBook::COrderBook>(text, ctx, pJsonContexts, bBytes);
             break;
     }
     return 0;

@@ -105,6 +105,7 @@
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/instancemonitor.h"
 #include "orvexxml/infrastructure/localencoding.h"
+#include "orvexxml/infrastructure/oxzip.h"
 #include "orvexxml/infrastructure/smartptr.h"
 #include "orvexxml/infrastructure/stringbuffer.h"
 #include "orvexxml/infrastructure/textencoder.h"

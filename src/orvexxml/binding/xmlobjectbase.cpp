@@ -11,6 +11,7 @@
 #include "orvexxml/infrastructure/filebinarystream.h"
 #include "orvexxml/infrastructure/filetextstream.h"
 #include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/infrastructure/oxzip.h"
 #include "orvexxml/infrastructure/textstream.h"
 #include "orvexxml/writers/jsontextwriter.h"
 #include "orvexxml/writers/xmltextwriter.h"
@@ -138,12 +139,11 @@ std::string CXmlObjectBase::ToXml(bool bHeader, bool bFormatted, EOLType eEOL, c
     return strText;
 }
 
-// Compression of stream output joins here with the deflate support; until then a request
-// for it is refused rather than answered with uncompressed bytes.
-static void Compress(CBinaryData&, CompressionType eCompression) {
-    if (eCompression != CompressionType_None) {
-        throw COxInvalidParamException("Compressed output is not supported by this build of the library");
-    }
+// Stream output is compressed as a whole once it is complete, in place.
+static void Compress(CBinaryData& data, CompressionType eCompression) {
+    if (eCompression == CompressionType_None) return;
+    COxZip zip;
+    zip.Compress(data, eCompression);
 }
 
 CBinaryData CXmlObjectBase::ToXmlStream(bool bHeader, bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,

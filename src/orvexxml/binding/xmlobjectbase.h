@@ -80,7 +80,9 @@ public:
     virtual CXmlObjectBase* GetBase() = 0;
     // Writes the object as an XML document into a file, in the given encoding. With
     // AsyncToXmlFile(true) and no compression the text goes to the disk while it is written;
-    // otherwise the document is built in memory and written with one call.
+    // otherwise the document is built in memory and written with one call. GZip compresses
+    // the file; ZLib is refused for files ("ZLIB Compression only available for To Stream
+    // methods.").
     virtual void ToXmlFile(const char* pszFileName, bool bHeader, bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
                            const CSerializationContext& ctx, CompressionType eCompression) const;
     // Writes the object as a JSON document into a file, by the rules of ToXmlFile. The file
@@ -92,19 +94,23 @@ public:
     // Writes the object as a JSON document in the local encoding: one object with one member
     // named after the root element, in the mode of ctx.GetJsonContext().
     virtual std::string ToJson(bool bFormatted, EOLType eEOL, const CSerializationContext& ctx) const;
-    // Writes the object as an XML document in the given encoding, as bytes.
+    // Writes the object as an XML document in the given encoding, as bytes, compressed as
+    // gzip or zlib data if asked.
     virtual CBinaryData ToXmlStream(bool bHeader, bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
                                     const CSerializationContext& ctx, CompressionType eCompression) const;
-    // Writes the object as a JSON document in the given encoding, as bytes.
+    // Writes the object as a JSON document in the given encoding, as bytes, compressed if
+    // asked.
     virtual CBinaryData ToJsonStream(bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
                                      const CSerializationContext& ctx, CompressionType eCompression) const;
-    // Reads the object from a file.
+    // Reads the object from a file, which may hold gzip or zlib data (not with
+    // AsyncFromXmlFile(true), which reads plain XML only).
     virtual void FromXmlFile(const char* pszFileName, const CSerializationContext& ctx);
     // Reads the object from XML text: wide text (converted to UTF-16 for the parser), or
     // narrow text parsed in the encoding its declaration names, UTF-8 if none.
     virtual void FromXml(const wchar_t* pszXml, const CSerializationContext& ctx);
     virtual void FromXml(const char* pszXml, const CSerializationContext& ctx);
-    // Reads the object from bytes: XML in any encoding the parser recognises.
+    // Reads the object from bytes: XML in any encoding the parser recognises, or gzip or zlib
+    // data around it.
     virtual void FromXmlStream(const CBinaryData& data, const CSerializationContext& ctx);
     virtual void FromXmlStream(unsigned char* const pData, OxULong nLength, const CSerializationContext& ctx);
     // Reads the object from open content: the element is written as XML text with the

@@ -13,6 +13,7 @@
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/localencoding.h"
+#include "orvexxml/infrastructure/oxzip.h"
 #include "orvexxml/xml/expatreader.h"
 #include "orvexxml/xml/xmlnodestore.h"
 
@@ -372,9 +373,19 @@ void CXmlDocument::CancelChunk() {
 }
 
 void CXmlDocument::Parse() {
-    // Compressed input (gzip or zlib) is recognised and inflated in place at this point
-    // once compression is part of the library; until then every input passes unchanged.
-    //
+    // Compressed input (gzip or zlib) is inflated into a buffer of the document's own, which
+    // replaces the input; anything else passes unchanged at the cost of one header check.
+    COxZip zip;
+    CBinaryData inflated;
+    if (zip.Decompress(m_pBuffer, m_nBufferLength, inflated)) {
+        const OxULong nLength = inflated.GetLength();
+        unsigned char* pInflated = inflated.ReleaseData();
+        if (!pInflated) pInflated = new unsigned char[1];  // nothing inside: the parser says so
+        FreeBuffer();
+        m_pBuffer = pInflated;
+        m_nBufferLength = nLength;
+    }
+
     // Fast Infoset input is recognised and read into the tree at this point once the Fast
     // Infoset reader is part of the library; what it doesn't recognise goes on to the XML
     // text parser.

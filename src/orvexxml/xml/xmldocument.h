@@ -56,15 +56,17 @@ public:
     // Deletes the tree, frees the buffer, forgets the open elements and the prefixes.
     virtual void Cleanup();
 
-    // Reads a file: whole into memory by default, in overlapped chunks with
-    // AsyncFromXmlFile(true).
+    // Reads a file: whole into memory by default, where gzip or zlib data are inflated
+    // first, in overlapped chunks of plain XML with AsyncFromXmlFile(true).
     void Load(const char* pszFileName);
     // Parses a null-terminated narrow string byte for byte, in the encoding its declaration
     // names (UTF-8 without one).
     void LoadXml(const char* pszXml);
     // Parses a null-terminated wide string.
     void LoadXml(const wchar_t* pszXml);
-    // Parses bytes, which may be compressed or Fast Infoset. The bytes are copied.
+    // Parses bytes, which may be compressed (gzip or zlib, inflated first) or Fast Infoset.
+    // The bytes are copied. Compressed data that expand without measure are refused (see
+    // COxZip).
     void LoadXmlStream(unsigned char* const pData, OxULong nLength);
 
     // The root element, null before a load.
