@@ -10,6 +10,7 @@
 #include "orvexxml/export.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/instancemonitor.h"
+#include "orvexxml/values/binarydata.h"
 #include "orvexxml/xml/xmlattribute.h"
 #include "orvexxml/xml/xmlelement.h"
 
@@ -67,6 +68,16 @@ public:
     // Parses bytes, which may be compressed or Fast Infoset. The bytes are copied.
     void LoadXmlStream(unsigned char* const pData, OxULong nLength);
 
+    // JSON input: each converts a JSON document to an XML document in UTF-8 (the reverse of
+    // the JSON writer, in the mode of the context's CJsonContext) and returns it. The tree is
+    // not built; the caller reads the bytes as XML. Text is taken as local text, byte for
+    // byte; a wide string is converted to local text first.
+    CBinaryData LoadJson(const char* pszJson);
+    CBinaryData LoadJson(const wchar_t* pszJson);
+    // Files and bytes are UTF-8, with or without a byte order mark, and may be compressed.
+    CBinaryData LoadJsonFile(const char* pszFileName);
+    CBinaryData LoadJsonStream(unsigned char* const pData, OxULong nLength);
+
     // The root element, null before a load.
     CXmlElement* GetDocumentElement() const { return m_pDocumentElement; }
     // The URI declared for a prefix anywhere in the document (the default namespace has the
@@ -113,7 +124,14 @@ private:
     // Plain XML text in m_pBuffer, one final chunk.
     void ParseText();
 
+    // JSON bytes in m_pBuffer: decompressed, without a byte order mark, to local text.
+    CBinaryData ParseJson();
+    // JSON local text to XML bytes.
+    CBinaryData ParseJsonText(const std::string& strJson);
+
     void LoadWhole(const char* pszFileName);
+    // Reads the whole file into m_pBuffer and m_nBufferLength.
+    void ReadWholeFile(const char* pszFileName);
     void LoadOverlapped(const char* pszFileName);
     void AsyncParse(bool bFinal);
     void ReadChunkFromFile(unsigned char* pBuffer);
