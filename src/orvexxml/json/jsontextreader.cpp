@@ -69,12 +69,14 @@ int32_t HexUnit(const char* p, int& nBad) {
 
 }  // namespace
 
-CJsonTextReader::CJsonTextReader(const std::string& strText)
+CJsonTextReader::CJsonTextReader(const std::string& strText) : CJsonTextReader(std::string_view(strText)) {}
+
+CJsonTextReader::CJsonTextReader(std::string_view text)
     : CInstanceMonitor("CJsonTextReader"),
       m_pHandler(new CJsonReaderDefaultHandler),
       m_nMaxDepth(100),
       m_bAllowComments(true),
-      m_pText(&strText),
+      m_text(text),
       m_nPos(0),
       m_chCurrent('\0'),
       m_bEOF(false),
@@ -106,7 +108,7 @@ void CJsonTextReader::Parse() {
     m_pHandler->EndDocument();
 }
 
-CBinaryData CJsonTextReader::ConvertToXml(const std::string& strText, const CSerializationContext& context) {
+CBinaryData CJsonTextReader::ConvertToXml(std::string_view strText, const CSerializationContext& context) {
     const CJsonContext& json = context.GetJsonContext();
     CTextStream stream(XmlEncoding_UTF8);
     stream.KeepContiguous(strText.size() + strText.size() / 4);
@@ -130,7 +132,7 @@ CBinaryData CJsonTextReader::ConvertToXml(const std::string& strText, const CSer
 // bSkip, white space and (when allowed) comments are passed over too. A run of comments is
 // skipped by this loop, not by recursion, so that its length costs no stack.
 bool CJsonTextReader::ReadChar(bool bSkip) {
-    const std::string& strText = *m_pText;
+    const std::string_view strText = m_text;
     const size_t nLength = strText.size();
     for (;;) {
         if (m_nPos >= nLength) {
@@ -156,7 +158,7 @@ bool CJsonTextReader::ReadChar(bool bSkip) {
 // A comment that runs to the end of the text sets m_bEOF. Anything else after the "/" leaves
 // it in m_chCurrent for the caller to refuse.
 bool CJsonTextReader::SkipComment() {
-    const std::string& strText = *m_pText;
+    const std::string_view strText = m_text;
     const size_t nLength = strText.size();
     char chNext = m_nPos < nLength ? strText[m_nPos] : '\0';
     if (chNext == '/') {
@@ -184,7 +186,7 @@ bool CJsonTextReader::SkipComment() {
 }
 
 bool CJsonTextReader::ReadChars(char* pBuffer, int32_t nCount) {
-    const std::string& strText = *m_pText;
+    const std::string_view strText = m_text;
     size_t nAvailable = strText.size() - m_nPos;
     size_t nTaken = nAvailable < static_cast<size_t>(nCount) ? nAvailable : static_cast<size_t>(nCount);
     std::memcpy(pBuffer, strText.data() + m_nPos, nTaken);
@@ -289,7 +291,18 @@ void CJsonTextReader::ParseObject(int32_t nDepth) {
 // included, are kept as they are.
 std::string CJsonTextReader::ParseString() {
     std::string strValue;
+    const std::string_view text = m_text;
     for (;;) {
+        // A run of plain bytes goes in as one piece; the bytes that need a look (the quote,
+        // an escape, a line feed) and the end of the text go through ReadChar.
+        size_t nRun = m_nPos;
+        while (nRun < text.size() && text[nRun] != '"' && text[nRun] != '\\' && text[nRun] != '\n') ++nRun;
+        if (nRun > m_nPos) {
+            strValue.append(text.data() + m_nPos, nRun - m_nPos);
+            m_nPosition += static_cast<int32_t>(nRun - m_nPos);
+            m_nPos = nRun;
+            m_chCurrent = text[nRun - 1];
+        }
         if (!ReadChar(false)) FailAt(g_pszStringEnd);
         if (m_chCurrent == '"') break;
         if (m_chCurrent != '\\') {
@@ -346,7 +359,7 @@ void CJsonTextReader::ParseUnicodeEscape(std::string& strValue) {
     }
     char16_t achUnits[2] = {static_cast<char16_t>(nUnit), 0};
     size_t nUnits = 1;
-    const std::string& strText = *m_pText;
+    const std::string_view strText = m_text;
     if (nUnit >= 0xD800 && nUnit <= 0xDBFF && strText.size() - m_nPos >= 6 && strText[m_nPos] == '\\' &&
         strText[m_nPos + 1] == 'u') {
         int32_t nLow = HexUnit(strText.data() + m_nPos + 2, nBad);

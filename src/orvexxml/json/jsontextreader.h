@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "orvexxml/export.h"
 #include "orvexxml/infrastructure/instancemonitor.h"
@@ -35,6 +36,8 @@ class CSerializationContext;
 class ORVEXXML_API CJsonTextReader : public CInstanceMonitor {
 public:
     explicit CJsonTextReader(const std::string& strText);
+    // The same on text held elsewhere, which must outlive the reader and not change.
+    explicit CJsonTextReader(std::string_view text);
     ~CJsonTextReader() override;
     CJsonTextReader(const CJsonTextReader&) = delete;
     CJsonTextReader& operator=(const CJsonTextReader&) = delete;
@@ -54,7 +57,7 @@ public:
     // Converts JSON text in the local encoding to an XML document in UTF-8, by the reverse of
     // the JSON writer's mapping in the context's JsonRoundTrip mode (CJsonReaderToXmlHandler),
     // with the context's comment switch and root element name.
-    static CBinaryData ConvertToXml(const std::string& strText, const CSerializationContext& context);
+    static CBinaryData ConvertToXml(std::string_view strText, const CSerializationContext& context);
 
 private:
     bool ReadChar(bool bSkip);
@@ -78,7 +81,7 @@ private:
     int32_t m_nMaxDepth;
     bool m_bAllowComments;
     std::string m_strRootElementName;
-    const std::string* m_pText;
+    std::string_view m_text;
     // An index wide enough for any text in memory; line and position are what messages show.
     size_t m_nPos;
     char m_chCurrent;

@@ -397,7 +397,8 @@ void CXmlDocument::ParseText() {
 CBinaryData CXmlDocument::LoadJson(const char* pszJson) {
     Cleanup();
     if (!pszJson || *pszJson == '\0') throw COxException("JSON String is empty!");
-    return ParseJsonText(std::string(pszJson));
+    // The reader works on the caller's text in place, for the length of this call.
+    return ParseJsonText(std::string_view(pszJson));
 }
 
 CBinaryData CXmlDocument::LoadJson(const wchar_t* pszJson) {
@@ -433,7 +434,8 @@ CBinaryData CXmlDocument::ParseJson() {
         pBytes += 3;
         nLength -= 3;
     }
-    if (IsLocalEncodingUtf8()) return ParseJsonText(std::string(pBytes, nLength));
+    // Local text that is UTF-8 is the bytes themselves: the reader works on them in place.
+    if (IsLocalEncodingUtf8()) return ParseJsonText(std::string_view(pBytes, nLength));
     // The conversion ends at a null byte; converting the runs between null bytes keeps them,
     // so that the parser sees (and refuses, or keeps) every byte of the input.
     std::string strLocal;
@@ -449,8 +451,8 @@ CBinaryData CXmlDocument::ParseJson() {
     return ParseJsonText(strLocal);
 }
 
-CBinaryData CXmlDocument::ParseJsonText(const std::string& strJson) {
-    return CJsonTextReader::ConvertToXml(strJson, *m_pContext);
+CBinaryData CXmlDocument::ParseJsonText(std::string_view json) {
+    return CJsonTextReader::ConvertToXml(json, *m_pContext);
 }
 
 // --- tree building ------------------------------------------------------------------

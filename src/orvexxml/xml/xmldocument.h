@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "orvexxml/binding/serializationcontext.h"
@@ -127,7 +128,7 @@ private:
     // JSON bytes in m_pBuffer: decompressed, without a byte order mark, to local text.
     CBinaryData ParseJson();
     // JSON local text to XML bytes.
-    CBinaryData ParseJsonText(const std::string& strJson);
+    CBinaryData ParseJsonText(std::string_view json);
 
     void LoadWhole(const char* pszFileName);
     // Reads the whole file into m_pBuffer and m_nBufferLength.
