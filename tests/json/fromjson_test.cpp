@@ -8,7 +8,9 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <typeinfo>
+#include <vector>
 
 #include "invoiceline.h"
 #include "orvexxml/infrastructure/localencoding.h"
@@ -221,6 +223,46 @@ TEST_F(FromJson, HostileInputEndsInAnErrorOrAResult) {
     EXPECT_EQ(person->GetName(),
               "\xEF\xBF\xBD"
               "A");
+}
+
+}  // namespace
+
+namespace {
+
+// Threads read JSON at once: two through one shared context in the full mode, which the call
+// leaves untouched, two through contexts of their own in the simple mode, which the call
+// changes for its length; every object writes the single-threaded XML.
+TEST(FromJsonThreads, OwnContextsAndASharedFullModeContextReadAtOnce) {
+    CSerializationContext shared;
+    CSerializationContext simple;
+    simple.GetJsonContext().SetSupportRoundtrip(JsonRoundTrip_Simple);
+    CSmartPtr<Samples::CInvoiceLine> line = Samples::CInvoiceLine::CreateInstance();
+    line->FromXml(
+        "<InvoiceLine id=\"3\" status=\"shipped\"><Description>d</Description><Quantity>2</Quantity>"
+        "</InvoiceLine>",
+        shared);
+    const std::string strXml = line->ToXml(true, false, EOLType_LF, shared);
+    const std::string astrJson[2] = {line->ToJson(false, EOLType_LF, shared), line->ToJson(false, EOLType_LF, simple)};
+    int anMismatches[4] = {0, 0, 0, 0};
+    std::vector<std::thread> vecThreads;
+    for (int t = 0; t < 4; ++t) {
+        vecThreads.emplace_back([&, t] {
+            CSerializationContext own(simple);
+            const CSerializationContext& ctx = t % 2 ? own : shared;
+            for (int nRound = 0; nRound < 200; ++nRound) {
+                CSmartPtr<Samples::CInvoiceLine> copy = Samples::CInvoiceLine::CreateInstance();
+                try {
+                    copy->FromJson(astrJson[t % 2].c_str(), ctx);
+                    if (copy->ToXml(true, false, EOLType_LF, ctx) != strXml) ++anMismatches[t];
+                } catch (const COxException&) {
+                    ++anMismatches[t];
+                }
+            }
+        });
+    }
+    for (std::thread& thread : vecThreads) thread.join();
+    EXPECT_EQ(std::vector<int>(anMismatches, anMismatches + 4), std::vector<int>(4, 0));
+    EXPECT_FALSE(shared.GetIgnoreNamespaces());
 }
 
 }  // namespace
