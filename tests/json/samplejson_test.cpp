@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "alltypes.h"
+#include "amount.h"
 #include "envelope.h"
 #include "invoiceline.h"
 #include "note.h"
@@ -33,6 +34,7 @@
 #include "shop.h"
 #include "support/jsonsyntax.h"
 #include "tally.h"
+#include "transfer.h"
 
 using namespace OrvexXml;
 
@@ -116,6 +118,13 @@ struct Sample {
 };
 
 template <class T>
+CSmartPtr<CXmlObjectBase> FromText(const char* pszXml) {
+    CSmartPtr<T> object = T::CreateInstance();
+    object->FromXml(pszXml, CSerializationContext::GetDefaultContext());
+    return CSmartPtr<CXmlObjectBase>(object->GetBase());
+}
+
+template <class T>
 CSmartPtr<CXmlObjectBase> Fresh() {
     CSmartPtr<T> object = T::CreateInstance();
     return CSmartPtr<CXmlObjectBase>(object->GetBase());
@@ -156,6 +165,16 @@ const std::vector<Sample>& AllSamples() {
          {},
          Fresh<OrderBook::COrderBook>},
         {"readinglog", ReadingLog, {}, Fresh<Samples::CReadingLog>},
+        // Two classes no corpus document holds: simple content alone, and a payment choice.
+        {"amount", [] { return FromText<Samples::CAmount>("<Amount>-12.5</Amount>"); }, {}, Fresh<Samples::CAmount>},
+        {"transfer",
+         [] {
+             return FromText<Samples::CTransfer>(
+                 "<Transfer xmlns=\"urn:orvex:samples:shop\"><Iban>CH93 0076</Iban><Reference>r&amp;1</Reference>"
+                 "</Transfer>");
+         },
+         {},
+         Fresh<Samples::CTransfer>},
     };
     return s_samples;
 }
@@ -460,6 +479,8 @@ TEST(SampleJsonReading, EverySampleReadsBackInEachMode) {
           "remains un processed\nPath: /orderBook",
           kSame, kSame}},
         // A control byte that XML can't carry: refused on the way to XML, with its place.
+        {"amount", {kSame, kSame, kSame}},
+        {"transfer", {kSame, kSame, kSame}},
         {"readinglog",
          {kControlByte + "/ReadingLog/Note", kControlByte + "/ReadingLog/Note",
           kControlByte + "/AA:ReadingLog/AA:Note"}},
