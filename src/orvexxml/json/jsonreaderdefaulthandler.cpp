@@ -4,6 +4,12 @@
 
 namespace OrvexXml {
 
+namespace {
+// The most of a name or value that its trace line shows: DebugTrace formats into a buffer of
+// 32 KiB and requires the line to fit, and a value may be far longer.
+const int kTracedBytes = 32000;
+}  // namespace
+
 CJsonReaderDefaultHandler::CJsonReaderDefaultHandler() : m_pNext(nullptr), m_nDepth(0) {}
 
 CJsonReaderDefaultHandler::~CJsonReaderDefaultHandler() { delete m_pNext; }
@@ -43,7 +49,7 @@ void CJsonReaderDefaultHandler::EndDocument() {
 }
 
 void CJsonReaderDefaultHandler::Name(const std::string& strName) {
-    DebugTrace("Name: %s\n", strName.c_str());
+    DebugTrace("Name: %.*s\n", kTracedBytes, strName.c_str());
     // The previous member's name goes when the next one comes.
     if (m_nDepth > 0 && Top().kind == ItemKind_Name) Pop();
     Push(ItemKind_Name).name.assign(strName);
@@ -51,12 +57,12 @@ void CJsonReaderDefaultHandler::Name(const std::string& strName) {
 }
 
 void CJsonReaderDefaultHandler::String(const std::string& strValue) {
-    DebugTrace("String: %s\n", strValue.c_str());
+    DebugTrace("String: %.*s\n", kTracedBytes, strValue.c_str());
     if (m_pNext) m_pNext->String(strValue);
 }
 
 void CJsonReaderDefaultHandler::Number(const std::string& strValue) {
-    DebugTrace("Number: %s\n", strValue.c_str());
+    DebugTrace("Number: %.*s\n", kTracedBytes, strValue.c_str());
     if (m_pNext) m_pNext->Number(strValue);
 }
 
