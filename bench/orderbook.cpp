@@ -83,6 +83,17 @@ void Read_FromXml(benchmark::State& state) {
     SetBytes(state);
 }
 
+// The JSON form of the order book (full mode, formatted with tabs), made in the run from the
+// book read; the rate is counted in bytes of the XML form, as for FromXml.
+void Read_FromJson(benchmark::State& state) {
+    static const std::string s_strJson = Doc().book->ToJson(true, EOLType_LF, Ctx());
+    CSmartPtr<COrderBook> target = COrderBook::CreateInstance();
+    for (auto _ : state) target->FromJson(s_strJson.c_str(), Ctx());
+    SetBytes(state);
+    if (OrvexOrderCensus::OrderBookCensus(*target) != OrvexOrderCensus::OrderBookCensus(*Doc().book))
+        state.SkipWithError("census");
+}
+
 void ReadFile(benchmark::State& state, bool bAsync) {
     CSmartPtr<COrderBook> target = COrderBook::CreateInstance();
     AsyncFromXmlFile(bAsync);
@@ -143,6 +154,10 @@ public:
             std::printf("%-32s %10.1f %14.2f\n", entry.first.c_str(), entry.second,
                         dExpat > 0 ? entry.second / dExpat : 0.0);
         }
+        it = m_mapRates.find("Order_Read_FromJson");
+        auto itXml = m_mapRates.find("Order_Read_FromXml");
+        if (it != m_mapRates.end() && itXml != m_mapRates.end() && it->second > 0)
+            std::printf("\nFromJson time / FromXml time: %.2f\n", itXml->second / it->second);
     }
 
 private:
@@ -189,6 +204,7 @@ int main(int argc, char** argv) {
         {"Order_Baseline_Expat64KiB", Baseline_Expat64KiB},
         {"Order_Baseline_WriteFile", Baseline_WriteFile},
         {"Order_Read_FromXml", Read_FromXml},
+        {"Order_Read_FromJson", Read_FromJson},
         {"Order_Read_FromXmlFileWhole", Read_FromXmlFileWhole},
         {"Order_Read_FromXmlFileChunked", Read_FromXmlFileChunked},
         {"Order_Write_ToXml", Write_ToXml},

@@ -9,6 +9,8 @@
 // operator new below. The ratios are printed at the end, so that they mean something on a
 // noisy machine. The JSON writer runs on the same objects, measured in MB/s of its own output
 // (JSON in the full mode, formatted like the XML), and its rate is set against the XML writer's.
+// The JSON reader reads that JSON text back into the same classes; its rate is counted in bytes
+// of the XML form, so that it compares with FromXml on the same document as time against time.
 #include <benchmark/benchmark.h>
 #include <expat.h>
 #include <fcntl.h>
@@ -214,6 +216,37 @@ void WriteJson(benchmark::State& state, const T& object, const std::string& strX
     SetBytes(state, nBytes);
 }
 
+// The JSON form of a document (full mode, formatted), made once from its object, and the
+// context that wrote it, which also reads it.
+struct JsonForm {
+    CSerializationContext ctx;
+    std::string strJson;
+};
+
+template <class T>
+const JsonForm& JsonFormOf(const T& object, const std::string& strXml) {
+    static std::map<const void*, JsonForm> s_mapForms;
+    auto it = s_mapForms.find(&strXml);
+    if (it == s_mapForms.end()) {
+        it = s_mapForms.emplace(&strXml, JsonForm{JsonContextFor(strXml), std::string()}).first;
+        it->second.strJson = object->ToJson(true, EOLType_LF, it->second.ctx);
+    }
+    return it->second;
+}
+
+// Runs FromJson of the JSON form of a document into target in the loop; the bytes are those
+// of the XML form. What was read must write the XML again, or the figures measure a lossy read.
+template <class T, class TTarget>
+void ReadJson(benchmark::State& state, const T& object, const std::string& strXml, size_t nElements,
+              const TTarget& target) {
+    const JsonForm& form = JsonFormOf(object, strXml);
+    CAllocationCount allocations;
+    for (auto _ : state) target->FromJson(form.strJson.c_str(), form.ctx);
+    allocations.Report(state, nElements);
+    SetBytes(state, strXml.size());
+    if (target->ToXml(true, true, EOLType_LF, Ctx()) != strXml) state.SkipWithError("round trip");
+}
+
 // --- baselines ---------------------------------------------------------------------------
 
 using Baselines::ExpatParse;
@@ -360,6 +393,10 @@ void Read_FromXml(benchmark::State& state) {
     SetBytes(state);
 }
 
+void Read_FromJson(benchmark::State& state) {
+    ReadJson(state, Doc().log, Doc().strXml, Doc().nElements, Samples::CReadingLog::CreateInstance());
+}
+
 void Read_FromXmlStream(benchmark::State& state) {
     CSmartPtr<Samples::CReadingLog> target = Samples::CReadingLog::CreateInstance();
     std::string& xml = Doc().strXml;
@@ -410,6 +447,21 @@ void Small_Read_FromXml(benchmark::State& state) {
     SetBytes(state, Small().nBytes);
 }
 
+void Small_Read_FromJson(benchmark::State& state) {
+    static std::vector<JsonForm> s_vecForms;
+    if (s_vecForms.empty()) {
+        for (const CSmartPtr<Samples::CPrimitiveSet>& set : Small().vecSets)
+            s_vecForms.push_back(JsonFormOf(set, Small().vecXml[s_vecForms.size()]));
+    }
+    CSmartPtr<Samples::CPrimitiveSet> target = Samples::CPrimitiveSet::CreateInstance();
+    CAllocationCount allocations;
+    for (auto _ : state) {
+        for (const JsonForm& form : s_vecForms) target->FromJson(form.strJson.c_str(), form.ctx);
+    }
+    allocations.Report(state, Small().nElements);
+    SetBytes(state, Small().nBytes);
+}
+
 // --- one document of many child objects --------------------------------------------------
 
 void Batch_Baseline_Expat(benchmark::State& state, BatchFixture& fixture) {
@@ -438,6 +490,10 @@ void Batch_Read_FromXml(benchmark::State& state, BatchFixture& fixture) {
     SetBytes(state, fixture.strXml.size());
     // What was read must write the same bytes again, or the figures measure a lossy read.
     if (target->ToXml(true, true, EOLType_LF, Ctx()) != fixture.strXml) state.SkipWithError("round trip");
+}
+
+void Batch_Read_FromJson(benchmark::State& state, BatchFixture& fixture) {
+    ReadJson(state, fixture.batch, fixture.strXml, fixture.nElements, fixture.batch->CreateEmpty());
 }
 
 // --- one document of nested objects ------------------------------------------------------
@@ -470,14 +526,19 @@ void Nested_Read_FromXml(benchmark::State& state) {
     if (target->ToXml(true, true, EOLType_LF, Ctx()) != Nested().strXml) state.SkipWithError("round trip");
 }
 
-// The three benchmarks of a batch document, named after its group: "Children_" for the
+void Nested_Read_FromJson(benchmark::State& state) {
+    ReadJson(state, Nested().shop, Nested().strXml, Nested().nElements, Samples::CShop::CreateInstance());
+}
+
+// The benchmarks of a batch document, named after its group: "Children_" for the
 // primitive sets, "Attributes_" for the invoice lines.
 void RegisterBatch(const std::string& strGroup, BatchFixture& fixture) {
     const std::pair<const char*, void (*)(benchmark::State&, BatchFixture&)> aBenchmarks[] = {
         {"Baseline_Expat", Batch_Baseline_Expat},
         {"Write_ToXml", Batch_Write_ToXml},
         {"Write_ToJson", Batch_Write_ToJson},
-        {"Read_FromXml", Batch_Read_FromXml}};
+        {"Read_FromXml", Batch_Read_FromXml},
+        {"Read_FromJson", Batch_Read_FromJson}};
     for (const auto& entry : aBenchmarks) {
         auto pfnRun = entry.second;
         benchmark::RegisterBenchmark((strGroup + entry.first).c_str(), [pfnRun, &fixture](benchmark::State& state) {
@@ -554,6 +615,16 @@ public:
             const double dXml = rate(strXmlName);
             std::printf("%-28s %10.2f\n", entry.first.c_str(), dXml > 0 ? entry.second / dXml : 0.0);
         }
+        // Each JSON reader beside the XML reader on the same document: time against time.
+        std::printf("\n%-28s %10s\n", "JSON reading", "time / XML");
+        for (const auto& entry : m_mapRates) {
+            const size_t nPos = entry.first.find("FromJson");
+            if (nPos == std::string::npos) continue;
+            std::string strXmlName = entry.first;
+            strXmlName.replace(nPos, 8, "FromXml");
+            const double dXml = rate(strXmlName);
+            std::printf("%-28s %10.2f\n", entry.first.c_str(), entry.second > 0 ? dXml / entry.second : 0.0);
+        }
     }
 
 private:
@@ -584,18 +655,21 @@ int main(int argc, char** argv) {
     benchmark::RegisterBenchmark("Write_ToXmlStreamGZip", Write_ToXmlStreamGZip)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Read_FromXml", Read_FromXml)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Read_FromXmlStreamGZip", Read_FromXmlStreamGZip)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Read_FromJson", Read_FromJson)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Read_FromXmlStream", Read_FromXmlStream)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Read_FromXmlFileWhole", Read_FromXmlFileWhole)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Read_FromXmlFileChunked", Read_FromXmlFileChunked)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Small_Baseline_Expat", Small_Baseline_Expat)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Small_Write_ToXml", Small_Write_ToXml)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Small_Read_FromXml", Small_Read_FromXml)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Small_Read_FromJson", Small_Read_FromJson)->Unit(benchmark::kMillisecond);
     RegisterBatch("Children_", Batch());
     RegisterBatch("Attributes_", Invoices());
     benchmark::RegisterBenchmark("Nested_Baseline_Expat", Nested_Baseline_Expat)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Nested_Write_ToXml", Nested_Write_ToXml)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Nested_Write_ToJson", Nested_Write_ToJson)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Nested_Read_FromXml", Nested_Read_FromXml)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Nested_Read_FromJson", Nested_Read_FromJson)->Unit(benchmark::kMillisecond);
     benchmark::Initialize(&argc, argv);
     CRatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -53,7 +53,7 @@ protected:
 };
 
 // Each stream form, compressed, is exactly the uncompressed bytes of the same call inside
-// exactly the asked format; the XML forms read back without naming the compression.
+// exactly the asked format; the XML and JSON forms read back without naming the compression.
 TEST_F(Compression, StreamOutputInflatesToTheUncompressedBytes) {
     const struct {
         CompressionType eType;
@@ -76,6 +76,10 @@ TEST_F(Compression, StreamOutputInflatesToTheUncompressedBytes) {
             }
             const CBinaryData compressed = xml(format.eType);
             ExpectReadsBack([&](CTally& copy) { copy.FromXmlStream(compressed, DefaultCtx()); });
+            if (eEncoding == XmlEncoding_UTF8) {  // JSON is read as UTF-8 only
+                const CBinaryData compressedJson = json(format.eType);
+                ExpectReadsBack([&](CTally& copy) { copy.FromJsonStream(compressedJson, DefaultCtx()); });
+            }
         }
     }
 }
@@ -101,6 +105,7 @@ TEST_F(Compression, GZipFilesOfTheLibraryAndOfTheGZipProgram) {
         ASSERT_TRUE(InflateExactly(ReadFile(strJson), kGZipOnly, strInflated));
         EXPECT_EQ(strPlainJson, strInflated);
         ExpectReadsBack([&](CTally& copy) { copy.FromXmlFile(strXml.c_str(), DefaultCtx()); });
+        ExpectReadsBack([&](CTally& copy) { copy.FromJsonFile(strJson.c_str(), DefaultCtx()); });
     }
     ASSERT_EQ(0, std::system(("gzip -dc '" + Path("memory.xml.gz") + "' > '" + Path("gunzipped.xml") + "'").c_str()));
     EXPECT_EQ(strPlain, ReadFile(Path("gunzipped.xml")));

@@ -54,7 +54,8 @@ CParsed ParseText(const std::string& strText, bool bComments = true, const char*
     try {
         reader.Parse();
     } catch (const COxValidationException& e) {
-        result.strError = e.GetMessage();
+        // The path is the default handler's business, tested with it.
+        result.strError = e.GetMessage().substr(0, e.GetMessage().find("\nPath: "));
     }
     return result;
 }
@@ -161,22 +162,21 @@ TEST(JsonTextReader, SyntaxErrorsNameTheByteLineAndPosition) {
     }
 }
 
-TEST(JsonTextReader, FailureCarriesTheHandlersPathAfterTheEventsSoFar) {
+TEST(JsonTextReader, FailureCarriesThePathOfTheDefaultHandlerAfterTheEventsSoFar) {
     std::string strTrace;
     std::string strText = "{\"a\" 1}";
     CJsonTextReader reader(strText);
     CRecorder* pRecorder = new CRecorder(strTrace);
-    pRecorder->m_strPath = "/a";
+    pRecorder->m_strPath = "/not-asked";
     reader.SetHandler(pRecorder);
-    ASSERT_EQ(reader.GetErrorPathProvider(), pRecorder);
     try {
         reader.Parse();
         ADD_FAILURE() << "nothing was thrown";
     } catch (const COxException& e) {
         EXPECT_EQ(typeid(e), typeid(COxValidationException));
         EXPECT_EQ(e.GetMessage(),
-                  "Expected Object Name/Value separator character ':', found '1' at line 1, position 6.\nPath: /a");
-        EXPECT_EQ(e.GetPath(), "/a");
+                  "Expected Object Name/Value separator character ':', found '1' at line 1, position 6.\nPath: $.a");
+        EXPECT_EQ(e.GetPath(), "$.a");
     }
     // The name went out before its separator was looked at.
     EXPECT_EQ(strTrace, "< { name:a");

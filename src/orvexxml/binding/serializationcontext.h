@@ -24,6 +24,8 @@ enum SchemaType : int32_t { SchemaType_XSD = 0, SchemaType_XDR = 1, SchemaType_D
 class ORVEXXML_API CSerializationContext {
     // The root element reads the additional root attributes without creating them.
     friend class CXmlGeneratedClass;
+    // FromJson_Int saves and restores the stored IgnoreNamespaces flag around its call.
+    friend class CXmlObjectBase;
 
 public:
     CSerializationContext();

@@ -267,6 +267,65 @@ void CXmlObjectBase::FromXmlStream(unsigned char* const pData, OxULong nLength, 
     ReadDocument(doc, ctx);
 }
 
+void CXmlObjectBase::FromJson_Int(const CBinaryData& data, const CSerializationContext& ctx) {
+    // JSON outside JsonRoundTrip_Full carries no namespaces, so the names are matched without
+    // them for the length of this call. The context comes as const: this is the one place
+    // that changes it, and the stored flag (not GetIgnoreNamespaces(), which a DTD schema
+    // type also makes true) comes back however the call ends.
+    struct CScope {
+        CScope(const CSerializationContext& context, bool bIgnore)
+            : m_ctx(const_cast<CSerializationContext&>(context)),
+              m_bSaved(context.m_bIgnoreNamespaces),
+              m_bChanged(bIgnore) {
+            if (m_bChanged) m_ctx.SetIgnoreNamespaces(true);
+        }
+        ~CScope() {
+            if (m_bChanged) m_ctx.SetIgnoreNamespaces(m_bSaved);
+        }
+        CSerializationContext& m_ctx;
+        bool m_bSaved;
+        bool m_bChanged;
+    } scope(ctx, ctx.GetJsonContext().GetSupportRoundtrip() != JsonRoundTrip_Full);
+    try {
+        FromXmlStream(data, ctx);
+    } catch (const COxException& e) {
+        std::string strXml(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
+        throw COxException(FormatString("Error converting JSON to XML:\n%s", strXml.c_str()), e);
+    }
+}
+
+void CXmlObjectBase::FromJson(const wchar_t* pszJson, const CSerializationContext& ctx) {
+    CheckVersion();
+    CXmlDocument doc(ctx);
+    CBinaryData data = doc.LoadJson(pszJson);
+    FromJson_Int(data, ctx);
+}
+
+void CXmlObjectBase::FromJson(const char* pszJson, const CSerializationContext& ctx) {
+    CheckVersion();
+    CXmlDocument doc(ctx);
+    CBinaryData data = doc.LoadJson(pszJson);
+    FromJson_Int(data, ctx);
+}
+
+void CXmlObjectBase::FromJsonFile(const char* pszFileName, const CSerializationContext& ctx) {
+    CheckVersion();
+    CXmlDocument doc(ctx);
+    CBinaryData data = doc.LoadJsonFile(pszFileName);
+    FromJson_Int(data, ctx);
+}
+
+void CXmlObjectBase::FromJsonStream(const CBinaryData& data, const CSerializationContext& ctx) {
+    FromJsonStream(const_cast<unsigned char*>(data.GetData()), data.GetLength(), ctx);
+}
+
+void CXmlObjectBase::FromJsonStream(unsigned char* const pData, OxULong nLength, const CSerializationContext& ctx) {
+    CheckVersion();
+    CXmlDocument doc(ctx);
+    CBinaryData xml = doc.LoadJsonStream(pData, nLength);
+    FromJson_Int(xml, ctx);
+}
+
 void CXmlObjectBase::FromXmlElement(const CElement* pElement, const CSerializationContext& ctx) {
     CheckVersion();
     if (!pElement) throw COxInvalidParamException("The element to read from must not be null");

@@ -105,14 +105,26 @@ public:
     // Reads the object from a file, which may hold gzip or zlib data (not with
     // AsyncFromXmlFile(true), which reads plain XML only).
     virtual void FromXmlFile(const char* pszFileName, const CSerializationContext& ctx);
+    // Reads the object from a JSON file: UTF-8, with or without a byte order mark.
+    virtual void FromJsonFile(const char* pszFileName, const CSerializationContext& ctx);
     // Reads the object from XML text: wide text (converted to UTF-16 for the parser), or
     // narrow text parsed in the encoding its declaration names, UTF-8 if none.
     virtual void FromXml(const wchar_t* pszXml, const CSerializationContext& ctx);
     virtual void FromXml(const char* pszXml, const CSerializationContext& ctx);
+    // Reads the object from JSON text in the mode of ctx.GetJsonContext(): the JSON becomes XML
+    // text, which is read as FromXmlStream reads it. Outside JsonRoundTrip_Full the JSON has no
+    // namespaces, so names are matched without them: the call sets ctx's IgnoreNamespaces for
+    // its length, which is why a context can't serve JSON reading on two threads at a time.
+    // Narrow text is local text; a wide text is converted to it.
+    virtual void FromJson(const wchar_t* pszJson, const CSerializationContext& ctx);
+    virtual void FromJson(const char* pszJson, const CSerializationContext& ctx);
     // Reads the object from bytes: XML in any encoding the parser recognises, or gzip or zlib
     // data around it.
     virtual void FromXmlStream(const CBinaryData& data, const CSerializationContext& ctx);
     virtual void FromXmlStream(unsigned char* const pData, OxULong nLength, const CSerializationContext& ctx);
+    // Reads the object from JSON bytes: UTF-8, with or without a byte order mark.
+    virtual void FromJsonStream(const CBinaryData& data, const CSerializationContext& ctx);
+    virtual void FromJsonStream(unsigned char* const pData, OxULong nLength, const CSerializationContext& ctx);
     // Reads the object from open content: the element is written as XML text with the
     // default context, and that text is read with ctx.
     virtual void FromXmlElement(const CElement* pElement, const CSerializationContext& ctx);
@@ -209,6 +221,10 @@ protected:
     bool IsNamespaceValid(const char* pszNamespace, const char* pszRestriction, const char* pszTargetNamespace) const;
 
 private:
+    // Reads the XML text that a LoadJson form made of the JSON input, with namespaces ignored
+    // unless the mode keeps them; the context's setting is restored however the call ends.
+    void FromJson_Int(const CBinaryData& data, const CSerializationContext& ctx);
+
     // Deletes pObject. An object holds children that hold children, as deep as a document
     // nests, and freeing them by recursion would take stack at each level. So an object whose
     // count falls to 0 while another object is being deleted on this thread waits in a queue,

@@ -1,5 +1,6 @@
 #include "orvexxml/infrastructure/debugtrace.h"
 
+#include <atomic>
 #include <cassert>
 #include <cstdarg>
 #include <cstdio>
@@ -15,12 +16,16 @@ std::mutex& SinkMutex() {
 }
 DebugOutputSink g_pfnSink = nullptr;
 void* g_pSinkUser = nullptr;
+// Whether a sink is installed, readable without the lock: readers trace every event they
+// see, and with nobody listening that must cost no more than this load.
+std::atomic<bool> g_bSinkInstalled(false);
 }  // namespace
 
 void SetDebugOutputSink(DebugOutputSink pfnSink, void* pUser) {
     std::lock_guard<std::mutex> lock(SinkMutex());
     g_pfnSink = pfnSink;
     g_pSinkUser = pUser;
+    g_bSinkInstalled.store(pfnSink != nullptr, std::memory_order_relaxed);
 }
 
 void OutputDebugText(const char* pszText) {
@@ -29,6 +34,7 @@ void OutputDebugText(const char* pszText) {
 }
 
 void DebugTrace(const char* pszFormat, ...) {
+    if (!g_bSinkInstalled.load(std::memory_order_relaxed)) return;
     {
         std::lock_guard<std::mutex> lock(SinkMutex());
         if (!g_pfnSink) return;  // nobody listens: skip the formatting too

@@ -2,10 +2,14 @@
 
 #include <cstring>
 
+#include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/localencoding.h"
+#include "orvexxml/infrastructure/textstream.h"
+#include "orvexxml/json/jsonreadertoxmlhandler.h"
 #include "orvexxml/values/whitespaceutils.h"
+#include "orvexxml/writers/xmltextwriter.h"
 
 namespace OrvexXml {
 
@@ -65,12 +69,14 @@ int32_t HexUnit(const char* p, int& nBad) {
 
 }  // namespace
 
-CJsonTextReader::CJsonTextReader(const std::string& strText)
+CJsonTextReader::CJsonTextReader(const std::string& strText) : CJsonTextReader(std::string_view(strText)) {}
+
+CJsonTextReader::CJsonTextReader(std::string_view text)
     : CInstanceMonitor("CJsonTextReader"),
-      m_pHandler(nullptr),
+      m_pHandler(new CJsonReaderDefaultHandler),
       m_nMaxDepth(100),
       m_bAllowComments(true),
-      m_pText(&strText),
+      m_text(text),
       m_nPos(0),
       m_chCurrent('\0'),
       m_bEOF(false),
@@ -79,15 +85,7 @@ CJsonTextReader::CJsonTextReader(const std::string& strText)
 
 CJsonTextReader::~CJsonTextReader() { delete m_pHandler; }
 
-void CJsonTextReader::SetHandler(IJsonReaderHandler* pHandler) {
-    if (pHandler == m_pHandler) return;
-    delete m_pHandler;
-    m_pHandler = pHandler;
-}
-
-IErrorPathProvider* CJsonTextReader::GetErrorPathProvider() const {
-    return dynamic_cast<IErrorPathProvider*>(m_pHandler);
-}
+void CJsonTextReader::SetHandler(IJsonReaderHandler* pHandler) { m_pHandler->SetNextHandler(pHandler); }
 
 void CJsonTextReader::ApplyContext(const CJsonContext& context) {
     m_bAllowComments = context.GetAllowComments();
@@ -99,22 +97,42 @@ void CJsonTextReader::Parse() {
     m_bEOF = false;
     m_nLine = 1;
     m_nPosition = 0;
-    if (m_pHandler) m_pHandler->StartDocument();
+    m_pHandler->StartDocument();
     bool bRoot = !m_strRootElementName.empty();
-    if (bRoot && m_pHandler) {
+    if (bRoot) {
         m_pHandler->StartObject();
         m_pHandler->Name(m_strRootElementName);
     }
     if (ReadChar(true)) ParseValue(0);
-    if (bRoot && m_pHandler) m_pHandler->EndObject();
-    if (m_pHandler) m_pHandler->EndDocument();
+    if (bRoot) m_pHandler->EndObject();
+    m_pHandler->EndDocument();
+}
+
+CBinaryData CJsonTextReader::ConvertToXml(std::string_view strText, const CSerializationContext& context) {
+    const CJsonContext& json = context.GetJsonContext();
+    CTextStream stream(XmlEncoding_UTF8);
+    stream.KeepContiguous(strText.size() + strText.size() / 4);
+    CXmlTextWriter writer(&stream);
+    writer.StartDocument();
+    // The text is for the XML parser alone: no indentation, which would also put white space
+    // into mixed content. Bytes that XML can't carry (a null byte or other control bytes from
+    // a \u escape) are refused by the writer with their offset instead of being cut or left
+    // for the parser to stumble over.
+    writer.SetFormatted(false);
+    writer.SetCheckCharacters(true);
+    CJsonTextReader reader(strText);
+    reader.SetHandler(new CJsonReaderToXmlHandler(&writer, json.GetSupportRoundtrip(), reader.GetErrorPathProvider()));
+    reader.ApplyContext(json);
+    reader.Parse();
+    writer.EndDocument();
+    return stream.GetEncodedData();
 }
 
 // Delivers the next byte in m_chCurrent. Line feeds are counted and never delivered; with
 // bSkip, white space and (when allowed) comments are passed over too. A run of comments is
 // skipped by this loop, not by recursion, so that its length costs no stack.
 bool CJsonTextReader::ReadChar(bool bSkip) {
-    const std::string& strText = *m_pText;
+    const std::string_view strText = m_text;
     const size_t nLength = strText.size();
     for (;;) {
         if (m_nPos >= nLength) {
@@ -140,7 +158,7 @@ bool CJsonTextReader::ReadChar(bool bSkip) {
 // A comment that runs to the end of the text sets m_bEOF. Anything else after the "/" leaves
 // it in m_chCurrent for the caller to refuse.
 bool CJsonTextReader::SkipComment() {
-    const std::string& strText = *m_pText;
+    const std::string_view strText = m_text;
     const size_t nLength = strText.size();
     char chNext = m_nPos < nLength ? strText[m_nPos] : '\0';
     if (chNext == '/') {
@@ -168,7 +186,7 @@ bool CJsonTextReader::SkipComment() {
 }
 
 bool CJsonTextReader::ReadChars(char* pBuffer, int32_t nCount) {
-    const std::string& strText = *m_pText;
+    const std::string_view strText = m_text;
     size_t nAvailable = strText.size() - m_nPos;
     size_t nTaken = nAvailable < static_cast<size_t>(nCount) ? nAvailable : static_cast<size_t>(nCount);
     std::memcpy(pBuffer, strText.data() + m_nPos, nTaken);
@@ -187,39 +205,39 @@ void CJsonTextReader::ParseValue(int32_t nDepth) {
     if (nDepth > m_nMaxDepth) FailAt(g_pszDepth);
     switch (m_chCurrent) {
         case '{':
-            if (m_pHandler) m_pHandler->StartObject();
+            m_pHandler->StartObject();
             ParseObject(nDepth);
-            if (m_pHandler) m_pHandler->EndObject();
+            m_pHandler->EndObject();
             break;
         case '[':
-            if (m_pHandler) m_pHandler->StartArray();
+            m_pHandler->StartArray();
             ParseArray(nDepth);
-            if (m_pHandler) m_pHandler->EndArray();
+            m_pHandler->EndArray();
             break;
         case '"': {
             std::string strValue = ParseString();
-            if (m_pHandler) m_pHandler->String(strValue);
+            m_pHandler->String(strValue);
             break;
         }
         case 'n':
             ParseWord("ull", 3, "Unexpected End of File. Expected value 'NULL' at line %d, position %d.",
                       "Expected 'NULL' at line %d, position %d.");
-            if (m_pHandler) m_pHandler->Null();
+            m_pHandler->Null();
             break;
         case 't':
             ParseWord("rue", 3, "Unexpected End of File. Expected value 'true' at line %d, position %d.",
                       "Expected 'true' at line %d, position %d.");
-            if (m_pHandler) m_pHandler->Bool(true);
+            m_pHandler->Bool(true);
             break;
         case 'f':
             ParseWord("alse", 4, "Unexpected End of File. Expected value 'false' at line %d, position %d.",
                       "Expected 'false' at line %d, position %d.");
-            if (m_pHandler) m_pHandler->Bool(false);
+            m_pHandler->Bool(false);
             break;
         default: {
             if (m_chCurrent != '-' && !IsDigit(m_chCurrent)) FailWithChar(g_pszValue);
             std::string strValue = ParseNumber();
-            if (m_pHandler) m_pHandler->Number(strValue);
+            m_pHandler->Number(strValue);
             break;
         }
     }
@@ -253,7 +271,7 @@ void CJsonTextReader::ParseObject(int32_t nDepth) {
         if (m_chCurrent != '"') FailWithChar(g_pszNameQuote);
         // The name goes out before its separator is checked.
         std::string strName = ParseString();
-        if (m_pHandler) m_pHandler->Name(strName);
+        m_pHandler->Name(strName);
         if (m_bEOF) FailAt(g_pszColonEnd);
         if (m_chCurrent != ':') FailWithChar(g_pszColon);
         if (!ReadChar(true)) FailAt(g_pszMemberValueEnd);
@@ -273,7 +291,18 @@ void CJsonTextReader::ParseObject(int32_t nDepth) {
 // included, are kept as they are.
 std::string CJsonTextReader::ParseString() {
     std::string strValue;
+    const std::string_view text = m_text;
     for (;;) {
+        // A run of plain bytes goes in as one piece; the bytes that need a look (the quote,
+        // an escape, a line feed) and the end of the text go through ReadChar.
+        size_t nRun = m_nPos;
+        while (nRun < text.size() && text[nRun] != '"' && text[nRun] != '\\' && text[nRun] != '\n') ++nRun;
+        if (nRun > m_nPos) {
+            strValue.append(text.data() + m_nPos, nRun - m_nPos);
+            m_nPosition += static_cast<int32_t>(nRun - m_nPos);
+            m_nPos = nRun;
+            m_chCurrent = text[nRun - 1];
+        }
         if (!ReadChar(false)) FailAt(g_pszStringEnd);
         if (m_chCurrent == '"') break;
         if (m_chCurrent != '\\') {
@@ -330,7 +359,7 @@ void CJsonTextReader::ParseUnicodeEscape(std::string& strValue) {
     }
     char16_t achUnits[2] = {static_cast<char16_t>(nUnit), 0};
     size_t nUnits = 1;
-    const std::string& strText = *m_pText;
+    const std::string_view strText = m_text;
     if (nUnit >= 0xD800 && nUnit <= 0xDBFF && strText.size() - m_nPos >= 6 && strText[m_nPos] == '\\' &&
         strText[m_nPos + 1] == 'u') {
         int32_t nLow = HexUnit(strText.data() + m_nPos + 2, nBad);
@@ -393,8 +422,7 @@ void CJsonTextReader::ReadDigits(std::string& strValue) {
 }
 
 void CJsonTextReader::Fail(const std::string& strMessage) const {
-    IErrorPathProvider* pPath = GetErrorPathProvider();
-    throw COxValidationException(strMessage, pPath ? pPath->GetErrorPath() : std::string());
+    throw COxValidationException(strMessage, m_pHandler->GetErrorPath());
 }
 
 void CJsonTextReader::FailAt(const char* pszFormat) const { Fail(FormatString(pszFormat, m_nLine, m_nPosition)); }

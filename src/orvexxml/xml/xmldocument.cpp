@@ -14,6 +14,7 @@
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/localencoding.h"
 #include "orvexxml/infrastructure/oxzip.h"
+#include "orvexxml/json/jsontextreader.h"
 #include "orvexxml/xml/expatreader.h"
 #include "orvexxml/xml/xmlnodestore.h"
 
@@ -208,6 +209,14 @@ void CXmlDocument::Load(const char* pszFileName) {
 
 // The default form: the whole file is in memory before the first byte is parsed.
 void CXmlDocument::LoadWhole(const char* pszFileName) {
+    ReadWholeFile(pszFileName);
+    Parse();
+    // The tree holds copies of everything it needs: the raw bytes can go before the caller
+    // builds its objects from the tree.
+    FreeBuffer();
+}
+
+void CXmlDocument::ReadWholeFile(const char* pszFileName) {
     int hFile = ::open(pszFileName, O_RDONLY | O_CLOEXEC);
     if (hFile < 0) {
         int nError = errno;
@@ -253,10 +262,6 @@ void CXmlDocument::LoadWhole(const char* pszFileName) {
             FormatString("Failed to read the contents of the file [%s] Error [0x%08x]", pszFileName, nError));
     }
     m_nBufferLength = static_cast<OxULong>(nSize);
-    Parse();
-    // The tree holds copies of everything it needs: the raw bytes can go before the caller
-    // builds its objects from the tree.
-    FreeBuffer();
 }
 
 // The overlapped form: two buffers of kChunkSize, the next read in flight while expat
@@ -372,7 +377,7 @@ void CXmlDocument::CancelChunk() {
     m_pOverlapped->bInFlight = false;
 }
 
-void CXmlDocument::Parse() {
+void CXmlDocument::InflateBuffer() {
     // Compressed input (gzip or zlib) is inflated into a buffer of the document's own, which
     // replaces the input; anything else passes unchanged at the cost of one header check.
     COxZip zip;
@@ -385,6 +390,10 @@ void CXmlDocument::Parse() {
         m_pBuffer = pInflated;
         m_nBufferLength = nLength;
     }
+}
+
+void CXmlDocument::Parse() {
+    InflateBuffer();
 
     // Fast Infoset input is recognised and read into the tree at this point once the Fast
     // Infoset reader is part of the library; what it doesn't recognise goes on to the XML
@@ -396,6 +405,68 @@ void CXmlDocument::ParseText() {
     CExpatReader reader(*this);
     reader.Init();
     reader.ParseChunk(true);
+}
+
+// --- JSON ----------------------------------------------------------------------------
+
+CBinaryData CXmlDocument::LoadJson(const char* pszJson) {
+    Cleanup();
+    if (!pszJson || *pszJson == '\0') throw COxException("JSON String is empty!");
+    // The reader works on the caller's text in place, for the length of this call.
+    return ParseJsonText(std::string_view(pszJson));
+}
+
+CBinaryData CXmlDocument::LoadJson(const wchar_t* pszJson) {
+    Cleanup();
+    if (!pszJson || *pszJson == L'\0') throw COxException("JSON String is empty!");
+    std::u16string strUtf16 = WideToUtf16(pszJson);
+    return ParseJsonText(Utf16ToLocal(strUtf16.data(), strUtf16.size()));
+}
+
+CBinaryData CXmlDocument::LoadJsonStream(unsigned char* const pData, OxULong nLength) {
+    Cleanup();
+    if (!pData || nLength == 0) throw COxException("JSON Stream is empty!");
+    CBorrowedBuffer borrowed(*this, pData, nLength);
+    return ParseJson();
+}
+
+CBinaryData CXmlDocument::LoadJsonFile(const char* pszFileName) {
+    Cleanup();
+    // An empty file is no error here: it reaches the parser as an empty text.
+    ReadWholeFile(NotNull(pszFileName));
+    CBinaryData data = ParseJson();
+    FreeBuffer();
+    return data;
+}
+
+CBinaryData CXmlDocument::ParseJson() {
+    InflateBuffer();
+    const char* pBytes = reinterpret_cast<const char*>(m_pBuffer);
+    size_t nLength = m_nBufferLength;
+    if (nLength > 2 && static_cast<unsigned char>(pBytes[0]) == 0xEF && static_cast<unsigned char>(pBytes[1]) == 0xBB &&
+        static_cast<unsigned char>(pBytes[2]) == 0xBF) {
+        pBytes += 3;
+        nLength -= 3;
+    }
+    // Local text that is UTF-8 is the bytes themselves: the reader works on them in place.
+    if (IsLocalEncodingUtf8()) return ParseJsonText(std::string_view(pBytes, nLength));
+    // The conversion ends at a null byte; converting the runs between null bytes keeps them,
+    // so that the parser sees (and refuses, or keeps) every byte of the input.
+    std::string strLocal;
+    for (;;) {
+        const char* pNull = static_cast<const char*>(std::memchr(pBytes, '\0', nLength));
+        size_t nRun = pNull ? static_cast<size_t>(pNull - pBytes) : nLength;
+        if (nRun > 0) strLocal += Utf8ToLocal(pBytes, nRun);
+        if (!pNull) break;
+        strLocal.push_back('\0');
+        pBytes += nRun + 1;
+        nLength -= nRun + 1;
+    }
+    return ParseJsonText(strLocal);
+}
+
+CBinaryData CXmlDocument::ParseJsonText(std::string_view json) {
+    return CJsonTextReader::ConvertToXml(json, *m_pContext);
 }
 
 // --- tree building ------------------------------------------------------------------

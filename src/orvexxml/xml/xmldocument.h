@@ -4,12 +4,14 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/export.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/instancemonitor.h"
+#include "orvexxml/values/binarydata.h"
 #include "orvexxml/xml/xmlattribute.h"
 #include "orvexxml/xml/xmlelement.h"
 
@@ -69,6 +71,16 @@ public:
     // COxZip).
     void LoadXmlStream(unsigned char* const pData, OxULong nLength);
 
+    // JSON input: each converts a JSON document to an XML document in UTF-8 (the reverse of
+    // the JSON writer, in the mode of the context's CJsonContext) and returns it. The tree is
+    // not built; the caller reads the bytes as XML. Text is taken as local text, byte for
+    // byte; a wide string is converted to local text first.
+    CBinaryData LoadJson(const char* pszJson);
+    CBinaryData LoadJson(const wchar_t* pszJson);
+    // Files and bytes are UTF-8, with or without a byte order mark, and may be compressed.
+    CBinaryData LoadJsonFile(const char* pszFileName);
+    CBinaryData LoadJsonStream(unsigned char* const pData, OxULong nLength);
+
     // The root element, null before a load.
     CXmlElement* GetDocumentElement() const { return m_pDocumentElement; }
     // The URI declared for a prefix anywhere in the document (the default namespace has the
@@ -111,11 +123,19 @@ private:
     CXmlElement* GetCurrentElement() const { return m_pElementStack.empty() ? nullptr : m_pElementStack.back(); }
 
     // The input forms that may be compressed or Fast Infoset.
+    void InflateBuffer();
     void Parse();
     // Plain XML text in m_pBuffer, one final chunk.
     void ParseText();
 
+    // JSON bytes in m_pBuffer: decompressed, without a byte order mark, to local text.
+    CBinaryData ParseJson();
+    // JSON local text to XML bytes.
+    CBinaryData ParseJsonText(std::string_view json);
+
     void LoadWhole(const char* pszFileName);
+    // Reads the whole file into m_pBuffer and m_nBufferLength.
+    void ReadWholeFile(const char* pszFileName);
     void LoadOverlapped(const char* pszFileName);
     void AsyncParse(bool bFinal);
     void ReadChunkFromFile(unsigned char* pBuffer);

@@ -1,0 +1,152 @@
+// Feeds arbitrary bytes to the JSON reading path: the conversion of JSON text to XML text
+// (CXmlDocument::LoadJson) and FromJson into generated objects. Any outcome but a COxException
+// is a finding. An object that reads in the full mode is written as JSON again, and that text
+// must read back into an object that writes the same XML, unless the XML holds one of the
+// forms the library writes one way on purpose. The bytes of a successful plain conversion
+// must be read by the XML loader into a tree or refused with a COxException.
+#include <orvexxml/orvexxml.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "alltypes.h"
+#include "envelope.h"
+#include "invoiceline.h"
+#include "note.h"
+#include "order.h"
+#include "order/orderbook.h"
+#include "person.h"
+#include "primitiveset.h"
+#include "remittance.h"
+#include "selection.h"
+#include "settings.h"
+#include "shape.h"
+#include "shop.h"
+#include "support/onewayforms.h"
+#include "tally.h"
+
+using namespace OrvexXml;
+
+// Whether the object's XML holds a form that doesn't read back as it was written.
+static bool HasOneWayForm(const std::string& strXml, const CSerializationContext& ctx) {
+    return OrvexTest::HasCutFloatText(strXml) || OrvexTest::HasOverflowingFloatText(strXml) ||
+           OrvexTest::HasEmptyDurationText(strXml) || OrvexTest::HasStrippedCDataSection(strXml, ctx) ||
+           OrvexTest::HasFormattedMixedContent(strXml, ctx);
+}
+
+// ctx reads the input; the JSON written from what was read goes back through ctxAgain, the
+// full mode without a root element name, since the text names its root.
+template <class T>
+static void ReadInto(const char* pszJson, const CSerializationContext& ctx, const CSerializationContext& ctxAgain,
+                     bool bRoundTrip) {
+    CSmartPtr<T> object = T::CreateInstance();
+    std::string strXml;
+    std::string strJson;
+    try {
+        object->FromJson(pszJson, ctx);
+        strXml = object->ToXml(true, false, EOLType_LF, ctx);
+        strJson = object->ToJson(false, EOLType_LF, ctx);
+    } catch (const COxException&) {
+        return;
+    }
+    if (!bRoundTrip || ctx.GetJsonContext().GetSupportRoundtrip() != JsonRoundTrip_Full || HasOneWayForm(strXml, ctx))
+        return;
+    CSmartPtr<T> again = T::CreateInstance();
+    try {
+        again->FromJson(strJson.c_str(), ctxAgain);
+    } catch (const COxException&) {
+        std::abort();
+    }
+    if (again->ToXml(true, false, EOLType_LF, ctx) != strXml) std::abort();
+}
+
+static void Convert(const char* pszJson, const CSerializationContext& ctx) {
+    CBinaryData data;
+    try {
+        CXmlDocument doc(ctx);
+        data = doc.LoadJson(pszJson);
+    } catch (const COxException&) {
+        return;
+    }
+    try {
+        CXmlDocument xml(ctx);
+        xml.LoadXmlStream(const_cast<unsigned char*>(data.GetData()), data.GetLength());
+    } catch (const COxException&) {
+    }
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
+    if (nSize == 0) return 0;
+    // The first byte picks the settings: the mode, a root element name, comments; the second
+    // the target. The rest is the document, up to its first null byte.
+    static CSerializationContext s_contexts[12];
+    static bool s_bInit = false;
+    if (!s_bInit) {
+        s_bInit = true;
+        for (int i = 0; i < 12; ++i) {
+            CJsonContext& json = s_contexts[i].GetJsonContext();
+            json.SetSupportRoundtrip(static_cast<JsonRoundTrip>(i % 3));
+            json.SetRootElementName((i / 3) % 2 ? "Person" : "");
+            json.GetAllowComments(i / 6 == 0);
+        }
+    }
+    const CSerializationContext& ctx = s_contexts[pData[0] % 12];
+    const unsigned nTarget = nSize > 1 ? pData[1] % 16 : 0;
+    std::string text(reinterpret_cast<const char*>(pData) + (nSize > 1 ? 2 : 1), nSize > 1 ? nSize - 2 : 0);
+    const char* pszJson = text.c_str();
+    switch (nTarget) {
+        case 0:
+            Convert(pszJson, ctx);
+            break;
+        case 1:
+            ReadInto<Samples::CPerson>(pszJson, ctx, s_contexts[2], true);
+            break;
+        case 2:
+            ReadInto<Samples::CPrimitiveSet>(pszJson, ctx, s_contexts[2], true);
+            break;
+        case 3:
+            ReadInto<Samples::CShape>(pszJson, ctx, s_contexts[2], true);
+            break;
+        case 4:
+            ReadInto<Samples::CNote>(pszJson, ctx, s_contexts[2], true);
+            break;
+        case 5:
+            ReadInto<Samples::CTally>(pszJson, ctx, s_contexts[2], true);
+            break;
+        case 6:
+            ReadInto<Samples::CSettings>(pszJson, ctx, s_contexts[2], true);
+            break;
+        case 7:
+            ReadInto<Samples::CSelection>(pszJson, ctx, s_contexts[2], true);
+            break;
+        case 8:
+            // The JSON writer gives an untyped item whose name differs from the one before it
+            // no name of its own inside that one's array: no round trip for open content.
+            ReadInto<Samples::CEnvelope>(pszJson, ctx, s_contexts[2], false);
+            break;
+        case 9:
+            ReadInto<Samples::CInvoiceLine>(pszJson, ctx, s_contexts[2], true);
+            break;
+        case 10:
+            ReadInto<Samples::CRemittance>(pszJson, ctx, s_contexts[2], true);
+            break;
+        case 11:
+            ReadInto<Samples::COrder>(pszJson, ctx, s_contexts[2], true);
+            break;
+        case 12:
+            ReadInto<Samples::CShop>(pszJson, ctx, s_contexts[2], true);
+            break;
+        case 13:
+            ReadInto<Samples::CAllTypes>(pszJson, ctx, s_contexts[2], true);
+            break;
+        case 14:
+            ReadInto<OrderBook::COrderBook>(pszJson, ctx, s_contexts[2], true);
+            break;
+        default:
+            Convert(pszJson, ctx);
+            break;
+    }
+    return 0;
+}
