@@ -241,7 +241,8 @@ void CFastInfosetWriter::WriteXsiNil() {
 void CFastInfosetWriter::AppendQualifiedNameBit2(unsigned char byCurrent, const std::string& strPrefix,
                                                  const std::string& strNamespace, const std::string& strLocalName,
                                                  CFIVocabulary::IndexMap& map) {
-    std::string strKey = CFIVocabulary::MakeQNameKey(strPrefix, strNamespace, strLocalName);
+    std::string& strKey = m_strKeyScratch;
+    CFIVocabulary::MakeQNameKey(strPrefix, strNamespace, strLocalName, strKey);
     uint32_t dwIndex;
     if (CFIVocabulary::FindIndex(map, strKey, dwIndex)) {
         AppendIntegerBit2(byCurrent, dwIndex);
@@ -255,7 +256,8 @@ void CFastInfosetWriter::AppendQualifiedNameBit2(unsigned char byCurrent, const 
 void CFastInfosetWriter::AppendQualifiedNameBit3(unsigned char byCurrent, const std::string& strPrefix,
                                                  const std::string& strNamespace, const std::string& strLocalName,
                                                  CFIVocabulary::IndexMap& map) {
-    std::string strKey = CFIVocabulary::MakeQNameKey(strPrefix, strNamespace, strLocalName);
+    std::string& strKey = m_strKeyScratch;
+    CFIVocabulary::MakeQNameKey(strPrefix, strNamespace, strLocalName, strKey);
     uint32_t dwIndex;
     if (CFIVocabulary::FindIndex(map, strKey, dwIndex)) {
         AppendIntegerBit3(byCurrent, dwIndex);

@@ -108,6 +108,7 @@ private:
     CFIVocabulary* m_pVocabulary;          // owned: the tables of this document
     // Prefixes made for the pending element's xsi:type, declared by its namespace attributes.
     std::vector<std::pair<std::string, std::string>> m_vecPendingDeclarations;  // prefix, namespace
+    std::string m_strKeyScratch;  // the key of the name being looked up; its buffer is reused
 };
 
 }  // namespace OrvexXml
