@@ -310,3 +310,32 @@ TEST(FastInfosetWriter, DeclarationAndReadyMadeVocabulary) {
                   w.WriteEndElement();
               }));
 }
+
+// A full table of character chunks takes no more values: the value past the largest index is
+// written literally each time, never as an index the reader's table can't have, while the
+// last value that entered is the largest index, in the longest form.
+TEST(FastInfosetWriter, FullTableWritesLiterals) {
+    auto base36 = [](uint32_t n) {
+        std::string strText;
+        do {
+            strText.insert(strText.begin(), "0123456789abcdefghijklmnopqrstuvwxyz"[n % 36]);
+            n /= 36;
+        } while (n);
+        return strText;
+    };
+    const std::string strDropped = base36(CFIVocabulary::MaxTableEntries);  // "mh34", four octets
+    CDocument doc;
+    std::string strHex = doc.Run([&](CFastInfosetWriter& w) {
+        w.WriteStartElement("e", "");
+        for (uint32_t n = 0; n <= CFIVocabulary::MaxTableEntries; ++n)
+            w.WriteElementText(base36(n), ItemType_string, false);
+        w.WriteElementText(strDropped, ItemType_string, false);
+        w.WriteElementText(base36(CFIVocabulary::MaxTableEntries - 1), ItemType_string, false);
+        w.WriteEndElement();
+    });
+    ASSERT_EQ("mh34", strDropped);
+    // The dropped value twice as a literal with the add bit (90, length 4), then index 1048576.
+    const std::string strTail = "92 01 6D 68 33 34 92 01 6D 68 33 34 B8 0B FB EF FF";
+    ASSERT_GT(strHex.size(), strTail.size());
+    EXPECT_EQ(strTail, strHex.substr(strHex.size() - strTail.size()));
+}
