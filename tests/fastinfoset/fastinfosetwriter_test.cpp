@@ -259,6 +259,14 @@ TEST(FastInfosetWriter, RefusedEventOrder) {
          "Attributes must be added before elements"},
         {"open element", [](CFastInfosetWriter& w) { w.WriteStartElement("e", ""); },
          "An Element has not been closed."},
+        {"declaration out of range", [](CFastInfosetWriter& w) { w.WriteHeader(static_cast<FInfoDecl>(10)); },
+         "Failed to write FastInfoset. Unknown XML declaration [10]"},
+        {"type outside the table is a string, and the element is left open",
+         [](CFastInfosetWriter& w) {
+             w.WriteStartElement("e", "");
+             w.WriteElementText("x", static_cast<ItemType>(29), false);
+         },
+         "An Element has not been closed."},
         {"open written element",
          [](CFastInfosetWriter& w) {
              w.WriteStartElement("e", "");

@@ -70,7 +70,10 @@ void CFastInfosetWriter::WriteProcessingInstruction(const std::string&) { WriteP
 void CFastInfosetWriter::WriteInLineSchema(const std::string&) {}
 
 void CFastInfosetWriter::WriteHeader(FInfoDecl eDecl) {
-    if (eDecl > FInfoDecl_None && eDecl <= FInfoDecl_Version11StandaloneNo) {
+    if (eDecl < FInfoDecl_None || eDecl > FInfoDecl_Version11StandaloneNo)
+        throw COxInvalidParamException(
+            FormatString("Failed to write FastInfoset. Unknown XML declaration [%d]", static_cast<int>(eDecl)));
+    if (eDecl != FInfoDecl_None) {
         const char* pszDecl = s_apszDeclarations[eDecl];
         m_pStream->Append(LocalToUtf8(pszDecl, std::strlen(pszDecl)));
     }
@@ -322,16 +325,22 @@ void CFastInfosetWriter::AppendCharacterChunk(const std::string& strValue, ItemT
     CFIVocabulary::AddValueToMap(strValue, m_pVocabulary->m_characterChunksMap);
 }
 
+CFastInfosetContext::EncodedCharacterString CFastInfosetWriter::EncodingOf(ItemType eType) const {
+    // A type outside the context's table, which no walk passes, is written as a string.
+    if (static_cast<uint32_t>(eType) >= CFastInfosetContext::EncodingCount)
+        return {CFastInfosetContext::EncodingKind_DefaultString, 0};
+    return m_pFIContext->GetEncoding(static_cast<uint32_t>(eType));
+}
+
 bool CFastInfosetWriter::IsPlainUtf8(ItemType eType) const {
-    return m_pFIContext->GetEncoding(static_cast<uint32_t>(eType)).eKind ==
-               CFastInfosetContext::EncodingKind_DefaultString &&
+    return EncodingOf(eType).eKind == CFastInfosetContext::EncodingKind_DefaultString &&
            m_pFIContext->GetDefaultStringEncoding() == CFastInfosetContext::StringEncoding_UTF8 &&
            IsLocalEncodingUtf8();
 }
 
 CBinaryData CFastInfosetWriter::EncodeValue(const std::string& strValue, ItemType eType, const char* pszUnknownKind,
                                             CFastInfosetContext::EncodingKind& eKind, uint32_t& dwIndex) const {
-    CFastInfosetContext::EncodedCharacterString encoding = m_pFIContext->GetEncoding(static_cast<uint32_t>(eType));
+    CFastInfosetContext::EncodedCharacterString encoding = EncodingOf(eType);
     eKind = encoding.eKind;
     dwIndex = encoding.dwIndex;
     CBinaryData octets;

@@ -45,7 +45,8 @@ public:
     void WriteXsiNil() override;
 
     // The XML declaration if any, the identification and version, and the reference to the
-    // ready-made vocabulary when the context uses one.
+    // ready-made vocabulary when the context uses one. Throws COxInvalidParamException for a
+    // declaration outside FInfoDecl.
     void WriteHeader(FInfoDecl eDecl);
     // The end of the document, merged with a pending element end.
     void WriteFooter();
@@ -83,6 +84,8 @@ private:
     void AppendCharacterChunk(const std::string& strValue, ItemType eType);
     void AppendEncodedCharacterStringBit5(unsigned char byCurrent, const std::string& strValue, ItemType eType);
     void AppendEncodedCharacterStringBit7(unsigned char byCurrent, const std::string& strValue, ItemType eType);
+    // The encoding of values of eType in the context.
+    CFastInfosetContext::EncodedCharacterString EncodingOf(ItemType eType) const;
     // Whether values of eType are UTF-8 strings and the local text is UTF-8 already: the bytes
     // are written as they stand.
     bool IsPlainUtf8(ItemType eType) const;
