@@ -120,6 +120,26 @@ void Write_ToXml(benchmark::State& state) {
     SetBytes(state);
 }
 
+// Rates counted on the XML text, beside ToXml; "fi/xml" is the document's size as a fraction
+// of the XML text read.
+void WriteFastInfoset(benchmark::State& state, bool bSuggested) {
+    CSerializationContext ctx;
+    if (bSuggested) ctx.GetFIContext().SetSuggestedValues();
+    size_t nFiBytes = 0;
+    try {
+        nFiBytes = Doc().book->ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None).GetLength();
+    } catch (const COxException& e) {
+        state.SkipWithError(e.GetFullMessage().c_str());
+        return;
+    }
+    for (auto _ : state)
+        benchmark::DoNotOptimize(Doc().book->ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None));
+    state.counters["fi/xml"] = static_cast<double>(nFiBytes) / static_cast<double>(Doc().strXml.size());
+    SetBytes(state);
+}
+void Write_ToFastInfoset(benchmark::State& state) { WriteFastInfoset(state, false); }
+void Write_ToFastInfosetSuggested(benchmark::State& state) { WriteFastInfoset(state, true); }
+
 void WriteFile(benchmark::State& state, bool bAsync) {
     const std::string strOut = Doc().strFile + ".out";
     AsyncToXmlFile(bAsync);
@@ -143,6 +163,8 @@ public:
             if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median") continue;
             auto it = run.counters.find("bytes_per_second");
             if (it != run.counters.end()) m_mapRates[run.run_name.function_name] = it->second.value / 1e6;
+            it = run.counters.find("fi/xml");
+            if (it != run.counters.end()) m_mapSizes[run.run_name.function_name] = it->second.value;
         }
     }
     void PrintRatios() const {
@@ -158,10 +180,18 @@ public:
         auto itXml = m_mapRates.find("Order_Read_FromXml");
         if (it != m_mapRates.end() && itXml != m_mapRates.end() && it->second > 0)
             std::printf("\nFromJson time / FromXml time: %.2f\n", itXml->second / it->second);
+        auto xml = m_mapRates.find("Order_Write_ToXml");
+        std::printf("\n%-36s %10s %10s\n", "Fast Infoset writing", "/ ToXml", "size/XML");
+        for (const auto& entry : m_mapSizes) {
+            std::printf("%-36s %10.2f %10.3f\n", entry.first.c_str(),
+                        xml != m_mapRates.end() && xml->second > 0 ? m_mapRates.at(entry.first) / xml->second : 0.0,
+                        entry.second);
+        }
     }
 
 private:
     std::map<std::string, double> m_mapRates;
+    std::map<std::string, double> m_mapSizes;
 };
 
 }  // namespace
@@ -208,6 +238,8 @@ int main(int argc, char** argv) {
         {"Order_Read_FromXmlFileWhole", Read_FromXmlFileWhole},
         {"Order_Read_FromXmlFileChunked", Read_FromXmlFileChunked},
         {"Order_Write_ToXml", Write_ToXml},
+        {"Order_Write_ToFastInfoset", Write_ToFastInfoset},
+        {"Order_Write_ToFastInfosetSuggested", Write_ToFastInfosetSuggested},
         {"Order_Write_ToXmlFileInMemory", Write_ToXmlFileInMemory},
         {"Order_Write_ToXmlFileDirect", Write_ToXmlFileDirect}};
     for (const auto& entry : aBenchmarks)

@@ -247,6 +247,28 @@ void ReadJson(benchmark::State& state, const T& object, const std::string& strXm
     if (target->ToXml(true, true, EOLType_LF, Ctx()) != strXml) state.SkipWithError("round trip");
 }
 
+// Runs ToFastInfosetStream of object in the loop, with the default encodings or the suggested
+// ones. The rate counts the bytes of the XML text of the same object, so that it compares with
+// ToXml; "fi/xml" is the size of the Fast Infoset document as a fraction of that text.
+template <class T>
+void WriteFastInfoset(benchmark::State& state, const T& object, size_t nXmlBytes, size_t nElements, bool bSuggested) {
+    CSerializationContext ctx;
+    if (bSuggested) ctx.GetFIContext().SetSuggestedValues();
+    size_t nFiBytes = 0;
+    try {
+        nFiBytes = object->ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None).GetLength();
+    } catch (const COxException& e) {
+        state.SkipWithError(e.GetFullMessage().c_str());
+        return;
+    }
+    CAllocationCount allocations;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(object->ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None));
+    allocations.Report(state, nElements);
+    state.counters["fi/xml"] = static_cast<double>(nFiBytes) / static_cast<double>(nXmlBytes);
+    SetBytes(state, nXmlBytes);
+}
+
 // --- baselines ---------------------------------------------------------------------------
 
 using Baselines::ExpatParse;
@@ -302,6 +324,13 @@ void Write_ToJsonStreamUtf8(benchmark::State& state) {
             Doc().log->ToJsonStream(true, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None));
     }
     SetBytes(state, nBytes);
+}
+
+void Write_ToFastInfoset(benchmark::State& state) {
+    WriteFastInfoset(state, Doc().log, Doc().strXml.size(), Doc().nElements, false);
+}
+void Write_ToFastInfosetSuggested(benchmark::State& state) {
+    WriteFastInfoset(state, Doc().log, Doc().strXml.size(), Doc().nElements, true);
 }
 
 void WriteFile(benchmark::State& state, bool bAsync) {
@@ -516,6 +545,13 @@ void Nested_Write_ToJson(benchmark::State& state) {
     WriteJson(state, Nested().shop, Nested().strXml, Nested().nElements);
 }
 
+void Nested_Write_ToFastInfoset(benchmark::State& state) {
+    WriteFastInfoset(state, Nested().shop, Nested().strXml.size(), Nested().nElements, false);
+}
+void Nested_Write_ToFastInfosetSuggested(benchmark::State& state) {
+    WriteFastInfoset(state, Nested().shop, Nested().strXml.size(), Nested().nElements, true);
+}
+
 void Nested_Read_FromXml(benchmark::State& state) {
     CSmartPtr<Samples::CShop> target = Samples::CShop::CreateInstance();
     CAllocationCount allocations;
@@ -563,6 +599,8 @@ public:
             if (it != run.counters.end()) m_mapRates[strName] = it->second.value / 1e6;
             it = run.counters.find("allocs/elem");
             if (it != run.counters.end()) m_mapAllocations[strName] = it->second.value;
+            it = run.counters.find("fi/xml");
+            if (it != run.counters.end()) m_mapSizes[strName] = it->second.value;
         }
     }
     void PrintRatios() const {
@@ -625,11 +663,21 @@ public:
             const double dXml = rate(strXmlName);
             std::printf("%-28s %10.2f\n", entry.first.c_str(), entry.second > 0 ? dXml / entry.second : 0.0);
         }
+        // Each Fast Infoset writer beside the XML writer on the same object, both rates counted
+        // on the XML text, and the size of its document beside that text.
+        std::printf("\n%-36s %10s %10s\n", "Fast Infoset writing", "/ XML", "size/XML");
+        for (const auto& entry : m_mapSizes) {
+            const std::string strXmlName = entry.first.substr(0, entry.first.find("ToFastInfoset")) + "ToXml";
+            const double dXml = rate(strXmlName);
+            std::printf("%-36s %10.2f %10.3f\n", entry.first.c_str(), dXml > 0 ? rate(entry.first) / dXml : 0.0,
+                        entry.second);
+        }
     }
 
 private:
     std::map<std::string, double> m_mapRates;
     std::map<std::string, double> m_mapAllocations;
+    std::map<std::string, double> m_mapSizes;
 };
 
 }  // namespace
@@ -648,6 +696,9 @@ int main(int argc, char** argv) {
     benchmark::RegisterBenchmark("Write_ToXmlStreamUtf8", Write_ToXmlStreamUtf8)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Write_ToJson", Write_ToJson)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Write_ToJsonStreamUtf8", Write_ToJsonStreamUtf8)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Write_ToFastInfoset", Write_ToFastInfoset)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Write_ToFastInfosetSuggested", Write_ToFastInfosetSuggested)
+        ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Write_ToXmlFileInMemory", Write_ToXmlFileInMemory)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Write_ToXmlFileDirect", Write_ToXmlFileDirect)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Baseline_DeflateLevel1", Baseline_DeflateLevel1)->Unit(benchmark::kMillisecond);
@@ -668,6 +719,10 @@ int main(int argc, char** argv) {
     benchmark::RegisterBenchmark("Nested_Baseline_Expat", Nested_Baseline_Expat)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Nested_Write_ToXml", Nested_Write_ToXml)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Nested_Write_ToJson", Nested_Write_ToJson)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Nested_Write_ToFastInfoset", Nested_Write_ToFastInfoset)
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Nested_Write_ToFastInfosetSuggested", Nested_Write_ToFastInfosetSuggested)
+        ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Nested_Read_FromXml", Nested_Read_FromXml)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("Nested_Read_FromJson", Nested_Read_FromJson)->Unit(benchmark::kMillisecond);
     benchmark::Initialize(&argc, argv);

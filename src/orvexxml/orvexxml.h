@@ -94,6 +94,7 @@
 #include "orvexxml/export.h"
 #include "orvexxml/fastinfoset/fastinfosetbinarydata.h"
 #include "orvexxml/fastinfoset/fastinfosetcontext.h"
+#include "orvexxml/fastinfoset/finfodecl.h"
 #include "orvexxml/fastinfoset/fivocabulary.h"
 #include "orvexxml/infrastructure/binarystream.h"
 #include "orvexxml/infrastructure/criticalsection.h"

@@ -7,6 +7,8 @@
 #include "orvexxml/binding/element.h"
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/collections/xmlcollectionbase.h"
+#include "orvexxml/fastinfoset/fastinfosetwriter.h"
+#include "orvexxml/infrastructure/binarystream.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/filebinarystream.h"
 #include "orvexxml/infrastructure/filetextstream.h"
@@ -171,6 +173,32 @@ void CXmlObjectBase::ToXmlFile(const char* pszFileName, bool bHeader, bool bForm
     }
     CFileBinaryStream file(pszFileName, eEncoding,
                            ToXmlStream(bHeader, bFormatted, eEncoding, eEOL, ctx, eCompression));
+    file.WriteToFile();
+}
+
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl eDecl, const CSerializationContext& ctx,
+                                                CompressionType eCompression) const {
+    CheckVersion();
+    CBinaryStream stream;
+    CFastInfosetWriter writer(&ctx.GetFIContext(), &stream);
+    writer.StartDocument();
+    writer.WriteHeader(eDecl);
+    std::string strNamespace = GetTargetNamespace();
+    ToXml_Int(&writer, true, strNamespace.c_str(), ctx, false);
+    writer.WriteFooter();
+    writer.EndDocument();
+    CBinaryData data = stream.GetData();
+    Compress(data, eCompression);
+    return data;
+}
+
+void CXmlObjectBase::ToFastInfosetFile(const char* pszFileName, FInfoDecl eDecl, const CSerializationContext& ctx,
+                                       CompressionType eCompression) const {
+    if (eCompression == CompressionType_ZLib) {
+        throw COxException("ZLIB Compression only available for To Stream methods.");
+    }
+    // Binary output: the file gets the octets as they are, whatever the text settings say.
+    CFileBinaryStream file(pszFileName, XmlEncoding_None, ToFastInfosetStream(eDecl, ctx, eCompression));
     file.WriteToFile();
 }
 

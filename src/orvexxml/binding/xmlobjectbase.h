@@ -4,6 +4,7 @@
 #include <string>
 
 #include "orvexxml/export.h"
+#include "orvexxml/fastinfoset/finfodecl.h"
 #include "orvexxml/infrastructure/encodingtypes.h"
 #include "orvexxml/values/binarydata.h"
 
@@ -85,6 +86,10 @@ public:
     // methods.").
     virtual void ToXmlFile(const char* pszFileName, bool bHeader, bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
                            const CSerializationContext& ctx, CompressionType eCompression) const;
+    // Writes the object as a Fast Infoset document into a file, always built in memory by
+    // ToFastInfosetStream. ZLib compression is refused for files.
+    virtual void ToFastInfosetFile(const char* pszFileName, FInfoDecl eDecl, const CSerializationContext& ctx,
+                                   CompressionType eCompression) const;
     // Writes the object as a JSON document into a file, by the rules of ToXmlFile. The file
     // holds the encoded text only: a UTF-16 file written from memory has no byte order mark.
     virtual void ToJsonFile(const char* pszFileName, bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
@@ -98,6 +103,10 @@ public:
     // gzip or zlib data if asked.
     virtual CBinaryData ToXmlStream(bool bHeader, bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,
                                     const CSerializationContext& ctx, CompressionType eCompression) const;
+    // Writes the object as a Fast Infoset document, with the XML declaration eDecl in front
+    // and the settings of ctx.GetFIContext(), compressed if asked.
+    virtual CBinaryData ToFastInfosetStream(FInfoDecl eDecl, const CSerializationContext& ctx,
+                                            CompressionType eCompression) const;
     // Writes the object as a JSON document in the given encoding, as bytes, compressed if
     // asked.
     virtual CBinaryData ToJsonStream(bool bFormatted, XmlEncoding eEncoding, EOLType eEOL,

@@ -57,13 +57,17 @@ void CFIVocabulary::AddLocalName(std::string strValue) {
 std::string CFIVocabulary::MakeQNameKey(const std::string& strPrefix, const std::string& strNamespace,
                                         const std::string& strLocalName) {
     std::string strKey;
-    strKey.reserve(strLocalName.size() + strNamespace.size() + strPrefix.size() + 2);
-    strKey += strLocalName;
+    MakeQNameKey(strPrefix, strNamespace, strLocalName, strKey);
+    return strKey;
+}
+
+void CFIVocabulary::MakeQNameKey(const std::string& strPrefix, const std::string& strNamespace,
+                                 const std::string& strLocalName, std::string& strKey) {
+    strKey.assign(strLocalName);
     strKey += '\x01';
     strKey += strNamespace;
     strKey += '\x01';
     strKey += strPrefix;
-    return strKey;
 }
 
 bool CFIVocabulary::FindPrefixNameIndex(const std::string& strValue, uint32_t& dwIndex) const {

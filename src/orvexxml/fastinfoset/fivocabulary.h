@@ -117,6 +117,9 @@ private:
     // The key of a name map: local name, 0x01, namespace, 0x01, prefix.
     static std::string MakeQNameKey(const std::string& strPrefix, const std::string& strNamespace,
                                     const std::string& strLocalName);
+    // The same into strKey, whose buffer is reused.
+    static void MakeQNameKey(const std::string& strPrefix, const std::string& strNamespace,
+                             const std::string& strLocalName, std::string& strKey);
 
     bool FindPrefixNameIndex(const std::string& strValue, uint32_t& dwIndex) const;
     bool FindNamespaceNameIndex(const std::string& strValue, uint32_t& dwIndex) const;
