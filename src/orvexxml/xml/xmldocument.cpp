@@ -10,6 +10,7 @@
 #include <cstring>
 #include <utility>
 
+#include "orvexxml/fastinfoset/fastinfosetreader.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/localencoding.h"
@@ -375,9 +376,10 @@ void CXmlDocument::Parse() {
     // Compressed input (gzip or zlib) is recognised and inflated in place at this point
     // once compression is part of the library; until then every input passes unchanged.
     //
-    // Fast Infoset input is recognised and read into the tree at this point once the Fast
-    // Infoset reader is part of the library; what it doesn't recognise goes on to the XML
-    // text parser.
+    // The Fast Infoset reader looks at every input first; what it doesn't recognise goes on
+    // to the XML text parser unchanged.
+    CFastInfosetReader reader(&m_pContext->GetFIContext(), this);
+    if (reader.Parse()) return;
     ParseText();
 }
 
