@@ -77,10 +77,7 @@ CFastInfosetReader::CFastInfosetReader(CFastInfosetContext* pFIContext, CXmlDocu
       m_pEnd(nullptr),
       m_bLocalIsUtf8(IsLocalEncodingUtf8()),
       m_pNamespace(&m_strNamespace),
-      m_pLocalName(&m_strLocalName) {
-    m_pVocabulary = m_pFIContext->GetUseGeneratedVocabulary() ? new CFIVocabulary(*m_pFIContext->GetVocabulary())
-                                                              : new CFIVocabulary;
-}
+      m_pLocalName(&m_strLocalName) {}
 
 CFastInfosetReader::~CFastInfosetReader() { Cleanup(); }
 
@@ -109,7 +106,7 @@ bool CFastInfosetReader::CheckHeader() {
 
 bool CFastInfosetReader::Parse() {
     const unsigned char* pStart = m_pDocument->m_pBuffer;
-    if (!pStart || !m_pVocabulary) return false;
+    if (!pStart) return false;
     m_pCurrent = pStart;
     m_pEnd = pStart + m_pDocument->m_nBufferLength;
 
@@ -129,6 +126,11 @@ bool CFastInfosetReader::Parse() {
         }
     }
 
+    // Every input of a document passes here, XML text too: the vocabulary and the scratch
+    // buffer are made only for Fast Infoset.
+    Cleanup();
+    m_pVocabulary = m_pFIContext->GetUseGeneratedVocabulary() ? new CFIVocabulary(*m_pFIContext->GetVocabulary())
+                                                              : new CFIVocabulary;
     m_pScratch = new unsigned char[kScratchSize];
     m_dwScratchSize = kScratchSize;
     ReadPreamble();

@@ -29,7 +29,8 @@ class CXmlElement;
 class ORVEXXML_API CFastInfosetReader : public CInstanceMonitor {
 public:
     // The vocabulary of the document starts as a copy of the context's ready-made vocabulary
-    // when the context says so, and empty otherwise.
+    // when the context says so, and empty otherwise; it is made once the input has been
+    // recognised as Fast Infoset.
     CFastInfosetReader(CFastInfosetContext* pFIContext, CXmlDocument* pDocument);
     ~CFastInfosetReader() override;
 
