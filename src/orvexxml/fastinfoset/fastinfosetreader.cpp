@@ -50,7 +50,21 @@ const char kInvalidAlphabetSize[] =
 const char kInvalidAlphabetPosition[] =
     "Failed to parse FastInfoset. Invalid Encoding of Restricted Alphabet. Character position beyond the alphabet.";
 const char kInvalidUtf16Length[] = "Failed to parse FastInfoset. Invalid length of a UTF-16 string.";
+const char kInvalidName[] = "Failed to parse FastInfoset. Invalid Encoding of a name: not an XML name.";
 const char kInvalidDocumentType[] = "Failed to parse FastInfoset. Invalid Encoding of Document Type Declaration.";
+
+// Whether UTF-8 octets can be an XML name without a colon. Only the ASCII range is checked:
+// what XML text can't hold there (blanks, controls, markup and punctuation, a colon, a digit,
+// "-" or "." in front) would come out of the XML writer as another name or as no XML at all.
+bool IsNCName(const unsigned char* pData, size_t nLength) {
+    for (size_t i = 0; i < nLength; ++i) {
+        const unsigned char c = pData[i];
+        if (c >= 0x80 || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_') continue;
+        if (i > 0 && ((c >= '0' && c <= '9') || c == '-' || c == '.')) continue;
+        return false;
+    }
+    return true;
+}
 
 // Element tracing is off; the formats stay for debugging.
 const bool kTrace = false;
@@ -182,12 +196,13 @@ void CFastInfosetReader::ReadInitialVocabulary() {
     const unsigned bySecond = ReadOctet();
     CFIVocabulary& vocabulary = *m_pVocabulary;
 
-    auto readStrings = [this](CFIStringTable* pTable) {
+    auto readStrings = [this](CFIStringTable* pTable, bool bNames) {
         for (uint32_t n = ReadSequenceLength(); n > 0; --n) {
             const unsigned byItem = ReadOctet();
             const uint64_t nLength = ReadNonEmptyOctetStringLengthBit2(byItem);
             const unsigned char* pData = ReadOctets(nLength);
             if (!pTable) continue;
+            if (bNames && !IsNCName(pData, static_cast<size_t>(nLength))) Fail(kInvalidName);
             Utf8ToLocalText(pData, static_cast<size_t>(nLength), m_strValue);
             CFIVocabulary::AddValueToVector(m_strValue, *pTable);
         }
@@ -220,12 +235,12 @@ void CFastInfosetReader::ReadInitialVocabulary() {
                 vocabulary.m_restrictedAlphabets.push_back(m_strValue);
         }
     }
-    if (byFirst & 0x04) readStrings(nullptr);  // encoding algorithm URIs
-    if (byFirst & 0x02) readStrings(&vocabulary.m_prefixNames);
-    if (byFirst & 0x01) readStrings(&vocabulary.m_namespaceNames);
-    if (bySecond & 0x80) readStrings(&vocabulary.m_localNames);
-    if (bySecond & 0x40) readStrings(nullptr);  // other NCNames
-    if (bySecond & 0x20) readStrings(nullptr);  // other URIs
+    if (byFirst & 0x04) readStrings(nullptr, false);  // encoding algorithm URIs
+    if (byFirst & 0x02) readStrings(&vocabulary.m_prefixNames, true);
+    if (byFirst & 0x01) readStrings(&vocabulary.m_namespaceNames, false);
+    if (bySecond & 0x80) readStrings(&vocabulary.m_localNames, true);
+    if (bySecond & 0x40) readStrings(nullptr, false);  // other NCNames
+    if (bySecond & 0x20) readStrings(nullptr, false);  // other URIs
     if (bySecond & 0x10) readValues(&vocabulary.m_attributeValues);
     if (bySecond & 0x08) readValues(&vocabulary.m_characterChunks);
     if (bySecond & 0x04) readValues(nullptr);  // other strings
@@ -319,7 +334,7 @@ bool CFastInfosetReader::StartElement(unsigned byFirst) {
 void CFastInfosetReader::ReadNamespaceAttribute(unsigned byFirst) {
     m_strPrefix.clear();
     m_strNamespace.clear();
-    if (byFirst & 0x02) ReadIdentifyingStringOrIndex(m_pVocabulary->m_prefixNames, m_strPrefix, "prefixes");
+    if (byFirst & 0x02) ReadIdentifyingStringOrIndex(m_pVocabulary->m_prefixNames, m_strPrefix, "prefixes", true);
     if (byFirst & 0x01) ReadIdentifyingStringOrIndex(m_pVocabulary->m_namespaceNames, m_strNamespace, "namespaces");
     m_pDocument->m_mapAliases[m_strPrefix] = m_strNamespace;
 }
@@ -386,10 +401,11 @@ void CFastInfosetReader::ReadLiteralQualifiedName(unsigned byFlags, CFIQNameTabl
     uint32_t dwPrefix = 0, dwNamespace = 0;
     m_strPrefix.clear();
     m_strNamespace.clear();
-    if (byFlags & 0x02) dwPrefix = ReadIdentifyingStringOrIndex(vocabulary.m_prefixNames, m_strPrefix, "prefixes");
+    if (byFlags & 0x02)
+        dwPrefix = ReadIdentifyingStringOrIndex(vocabulary.m_prefixNames, m_strPrefix, "prefixes", true);
     if (byFlags & 0x01)
         dwNamespace = ReadIdentifyingStringOrIndex(vocabulary.m_namespaceNames, m_strNamespace, "namespaces");
-    const uint32_t dwLocal = ReadIdentifyingStringOrIndex(vocabulary.m_localNames, m_strLocalName, "local names");
+    const uint32_t dwLocal = ReadIdentifyingStringOrIndex(vocabulary.m_localNames, m_strLocalName, "local names", true);
     CFIVocabulary::AddQNameToVector(dwPrefix, dwNamespace, dwLocal, table);
     m_pNamespace = &m_strNamespace;
     m_pLocalName = &m_strLocalName;
@@ -408,7 +424,7 @@ void CFastInfosetReader::ResolveQualifiedName(const CFIQNameTable& table, uint32
 }
 
 uint32_t CFastInfosetReader::ReadIdentifyingStringOrIndex(CFIStringTable& table, std::string& strTarget,
-                                                          const char* pszTable) {
+                                                          const char* pszTable, bool bName) {
     const unsigned byFirst = ReadOctet();
     if (byFirst & 0x80) {
         const uint32_t dwIndex = ReadIntegerBit2(byFirst);
@@ -417,6 +433,7 @@ uint32_t CFastInfosetReader::ReadIdentifyingStringOrIndex(CFIStringTable& table,
     }
     const uint64_t nLength = ReadNonEmptyOctetStringLengthBit2(byFirst);
     const unsigned char* pData = ReadOctets(nLength);
+    if (bName && !IsNCName(pData, static_cast<size_t>(nLength))) Fail(kInvalidName);
     Utf8ToLocalText(pData, static_cast<size_t>(nLength), strTarget);
     CFIVocabulary::AddValueToVector(strTarget, table);
     return static_cast<uint32_t>(table.size());

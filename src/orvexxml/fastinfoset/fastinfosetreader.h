@@ -78,8 +78,10 @@ private:
     void ReadQualifiedNameBit2(unsigned byFirst);
     void ReadLiteralQualifiedName(unsigned byFlags, CFIQNameTable& table);
     void ResolveQualifiedName(const CFIQNameTable& table, uint32_t dwIndex, const char* pszTable);
-    // An identifying string or index; a literal enters the table. Returns the index.
-    uint32_t ReadIdentifyingStringOrIndex(CFIStringTable& table, std::string& strTarget, const char* pszTable);
+    // An identifying string or index; a literal enters the table. Returns the index. A
+    // literal that is to be a name must look like an XML name.
+    uint32_t ReadIdentifyingStringOrIndex(CFIStringTable& table, std::string& strTarget, const char* pszTable,
+                                          bool bName = false);
     const std::string& Lookup(const CFIStringTable& table, uint32_t dwIndex, const char* pszTable);
 
     // Encoded character strings, starting on the third and on the fifth bit of byFirst.
