@@ -372,7 +372,9 @@ void CFastInfosetReader::ReadCharacterChunk(unsigned byFirst, CXmlElement* pElem
         if (m_bAddToTable)
             CFIVocabulary::AddValueToVector(std::string(text.pData, text.nLength), m_pVocabulary->m_characterChunks);
     }
-    CXmlDocument::AppendTextExcludingCR(pElement, text.pData, static_cast<OxULong>(text.nLength));
+    // The text ends at its first null already (see DecodeString), and the table holds such
+    // texts only: what is left is to drop CR.
+    CXmlDocument::AppendRunExcludingCR(pElement, text.pData, text.nLength);
 }
 
 // --- names ----------------------------------------------------------------------------
