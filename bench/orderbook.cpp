@@ -25,6 +25,7 @@
 #include <vector>
 
 #include "baselines.h"
+#include "fastinfosetform.h"
 #include "orderdocument.h"
 #include "support/ordercensus.h"
 
@@ -36,6 +37,7 @@ namespace {
 struct OrderFixture {
     std::string strFile;
     std::string strXml;
+    std::string strFi;  // the same document as Fast Infoset, empty without java
     CSmartPtr<COrderBook> book;
 };
 
@@ -80,6 +82,20 @@ void Baseline_WriteFile(benchmark::State& state) {
 void Read_FromXml(benchmark::State& state) {
     CSmartPtr<COrderBook> target = COrderBook::CreateInstance();
     for (auto _ : state) target->FromXml(Doc().strXml.c_str(), Ctx());
+    SetBytes(state);
+}
+
+// The Fast Infoset form into the same objects; the rate counts the bytes of the XML form, so
+// that the rates of the two forms compare as times.
+void Read_FromFastInfoset(benchmark::State& state) {
+    if (Doc().strFi.empty()) {
+        state.SkipWithError("no Fast Infoset form");
+        return;
+    }
+    CSmartPtr<COrderBook> target = COrderBook::CreateInstance();
+    std::string& fi = Doc().strFi;
+    for (auto _ : state)
+        target->FromXmlStream(reinterpret_cast<unsigned char*>(&fi[0]), static_cast<OxULong>(fi.size()), Ctx());
     SetBytes(state);
 }
 
@@ -143,6 +159,11 @@ public:
             std::printf("%-32s %10.1f %14.2f\n", entry.first.c_str(), entry.second,
                         dExpat > 0 ? entry.second / dExpat : 0.0);
         }
+        // Reading time of the Fast Infoset form against the XML form, same objects.
+        auto fi = m_mapRates.find("Order_Read_FromFastInfoset");
+        auto xml = m_mapRates.find("Order_Read_FromXml");
+        if (fi != m_mapRates.end() && xml != m_mapRates.end() && fi->second > 0)
+            std::printf("\nReading Fast Infoset takes %.2f of the time of reading XML.\n", xml->second / fi->second);
     }
 
 private:
@@ -183,12 +204,26 @@ int main(int argc, char** argv) {
         std::remove(doc.strFile.c_str());
         return 1;
     }
+    // The Fast Infoset form must read into the same census.
+    doc.strFi = BenchFastInfoset::MakeFastInfoset(doc.strFile);
+    if (!doc.strFi.empty()) {
+        CSmartPtr<COrderBook> fromFi = COrderBook::CreateInstance();
+        fromFi->FromXmlStream(reinterpret_cast<unsigned char*>(&doc.strFi[0]), static_cast<OxULong>(doc.strFi.size()),
+                              Ctx());
+        if (OrvexOrderCensus::OrderBookCensus(*fromFi) != strRead) {
+            std::fprintf(stderr, "the census read from Fast Infoset differs\n");
+            std::remove(doc.strFile.c_str());
+            return 1;
+        }
+        std::printf("Fast Infoset form: %zu bytes\n", doc.strFi.size());
+    }
 
     const std::pair<const char*, void (*)(benchmark::State&)> aBenchmarks[] = {
         {"Order_Baseline_ExpatOneCall", Baseline_ExpatOneCall},
         {"Order_Baseline_Expat64KiB", Baseline_Expat64KiB},
         {"Order_Baseline_WriteFile", Baseline_WriteFile},
         {"Order_Read_FromXml", Read_FromXml},
+        {"Order_Read_FromFastInfoset", Read_FromFastInfoset},
         {"Order_Read_FromXmlFileWhole", Read_FromXmlFileWhole},
         {"Order_Read_FromXmlFileChunked", Read_FromXmlFileChunked},
         {"Order_Write_ToXml", Write_ToXml},
