@@ -25,6 +25,7 @@
 #include <vector>
 
 #include "baselines.h"
+#include "fastinfosetform.h"
 #include "orderdocument.h"
 #include "support/ordercensus.h"
 
@@ -36,6 +37,7 @@ namespace {
 struct OrderFixture {
     std::string strFile;
     std::string strXml;
+    std::string strFi;  // the same document as Fast Infoset, empty without java
     CSmartPtr<COrderBook> book;
 };
 
@@ -92,6 +94,42 @@ void Read_FromJson(benchmark::State& state) {
     SetBytes(state);
     if (OrvexOrderCensus::OrderBookCensus(*target) != OrvexOrderCensus::OrderBookCensus(*Doc().book))
         state.SkipWithError("census");
+}
+
+// The Fast Infoset form into the same objects; the rate counts the bytes of the XML form, so
+// that the rates of the two forms compare as times.
+void Read_FromFastInfoset(benchmark::State& state) {
+    if (Doc().strFi.empty()) {
+        state.SkipWithError("no Fast Infoset form");
+        return;
+    }
+    CSmartPtr<COrderBook> target = COrderBook::CreateInstance();
+    std::string& fi = Doc().strFi;
+    for (auto _ : state)
+        target->FromXmlStream(reinterpret_cast<unsigned char*>(&fi[0]), static_cast<OxULong>(fi.size()), Ctx());
+    SetBytes(state);
+}
+
+// The tree alone, without the objects: the part of reading that the two forms don't share.
+void Tree_FromXml(benchmark::State& state) {
+    for (auto _ : state) {
+        CXmlDocument doc(Ctx());
+        doc.LoadXml(Doc().strXml.c_str());
+    }
+    SetBytes(state);
+}
+
+void Tree_FromFastInfoset(benchmark::State& state) {
+    if (Doc().strFi.empty()) {
+        state.SkipWithError("no Fast Infoset form");
+        return;
+    }
+    std::string& fi = Doc().strFi;
+    for (auto _ : state) {
+        CXmlDocument doc(Ctx());
+        doc.LoadXmlStream(reinterpret_cast<unsigned char*>(&fi[0]), static_cast<OxULong>(fi.size()));
+    }
+    SetBytes(state);
 }
 
 void ReadFile(benchmark::State& state, bool bAsync) {
@@ -187,6 +225,16 @@ public:
                         xml != m_mapRates.end() && xml->second > 0 ? m_mapRates.at(entry.first) / xml->second : 0.0,
                         entry.second);
         }
+        // Reading time of the Fast Infoset form against the XML form, same objects.
+        auto fi = m_mapRates.find("Order_Read_FromFastInfoset");
+        auto xmlRead = m_mapRates.find("Order_Read_FromXml");
+        if (fi != m_mapRates.end() && xmlRead != m_mapRates.end() && fi->second > 0)
+            std::printf("\nReading Fast Infoset takes %.2f of the time of reading XML.\n", xmlRead->second / fi->second);
+        auto fiTree = m_mapRates.find("Order_Tree_FromFastInfoset");
+        auto xmlTree = m_mapRates.find("Order_Tree_FromXml");
+        if (fiTree != m_mapRates.end() && xmlTree != m_mapRates.end() && fiTree->second > 0)
+            std::printf("Building the tree from Fast Infoset takes %.2f of the time from XML.\n",
+                        xmlTree->second / fiTree->second);
     }
 
 private:
@@ -228,6 +276,19 @@ int main(int argc, char** argv) {
         std::remove(doc.strFile.c_str());
         return 1;
     }
+    // The Fast Infoset form must read into the same census.
+    doc.strFi = BenchFastInfoset::MakeFastInfoset(doc.strFile);
+    if (!doc.strFi.empty()) {
+        CSmartPtr<COrderBook> fromFi = COrderBook::CreateInstance();
+        fromFi->FromXmlStream(reinterpret_cast<unsigned char*>(&doc.strFi[0]), static_cast<OxULong>(doc.strFi.size()),
+                              Ctx());
+        if (OrvexOrderCensus::OrderBookCensus(*fromFi) != strRead) {
+            std::fprintf(stderr, "the census read from Fast Infoset differs\n");
+            std::remove(doc.strFile.c_str());
+            return 1;
+        }
+        std::printf("Fast Infoset form: %zu bytes\n", doc.strFi.size());
+    }
 
     const std::pair<const char*, void (*)(benchmark::State&)> aBenchmarks[] = {
         {"Order_Baseline_ExpatOneCall", Baseline_ExpatOneCall},
@@ -235,6 +296,9 @@ int main(int argc, char** argv) {
         {"Order_Baseline_WriteFile", Baseline_WriteFile},
         {"Order_Read_FromXml", Read_FromXml},
         {"Order_Read_FromJson", Read_FromJson},
+        {"Order_Read_FromFastInfoset", Read_FromFastInfoset},
+        {"Order_Tree_FromXml", Tree_FromXml},
+        {"Order_Tree_FromFastInfoset", Tree_FromFastInfoset},
         {"Order_Read_FromXmlFileWhole", Read_FromXmlFileWhole},
         {"Order_Read_FromXmlFileChunked", Read_FromXmlFileChunked},
         {"Order_Write_ToXml", Write_ToXml},

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # A long fuzzing campaign of one target: tools/fuzz.sh TARGET MINUTES
-# (TARGET is read_xml, read_values or read_json). The target runs in fork mode, so that one finding
+# (TARGET is read_xml, read_values, read_json or read_fi). The target runs in fork mode, so that one finding
 # doesn't end the run; every finding is kept as build-fuzz/long/TARGET/crash-* (or leak-,
 # timeout-, oom-) and the run's figures are printed at the end. The working corpus grows in
 # build-fuzz/long/TARGET/corpus; the committed seeds in fuzz/corpus/TARGET are read, never
@@ -26,7 +26,7 @@ mkdir -p build-fuzz
   tools/deps.sh
   CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
     -DORVEXXML_BUILD_FUZZERS=ON -DORVEXXML_BUILD_TESTS=OFF -DORVEXXML_BUILD_DEMO=OFF >/dev/null
-  cmake --build build-fuzz --target read_xml_fuzzer read_values_fuzzer read_json_fuzzer
+  cmake --build build-fuzz --target read_xml_fuzzer read_values_fuzzer read_json_fuzzer read_fi_fuzzer
 ) 9>build-fuzz/.build.lock
 
 work="build-fuzz/long/$target"

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <utility>
 
+#include "orvexxml/fastinfoset/fastinfosetreader.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/localencoding.h"
@@ -395,9 +396,10 @@ void CXmlDocument::InflateBuffer() {
 void CXmlDocument::Parse() {
     InflateBuffer();
 
-    // Fast Infoset input is recognised and read into the tree at this point once the Fast
-    // Infoset reader is part of the library; what it doesn't recognise goes on to the XML
-    // text parser.
+    // The Fast Infoset reader looks at every input first; what it doesn't recognise goes on
+    // to the XML text parser unchanged.
+    CFastInfosetReader reader(&m_pContext->GetFIContext(), this);
+    if (reader.Parse()) return;
     ParseText();
 }
 
