@@ -54,7 +54,9 @@ std::string CNameRules::Word(const std::string& strXmlName) {
             ++i;
         }
     }
-    return strWord.empty() ? "X" : strWord;
+    if (strWord.empty()) return "X";
+    // An identifier can't begin with a digit.
+    return std::isdigit(static_cast<unsigned char>(strWord[0])) ? "N" + strWord : strWord;
 }
 
 std::string CNameRules::EnumTail(const std::string& strValue) {

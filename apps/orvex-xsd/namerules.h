@@ -12,7 +12,8 @@ class CNameRules {
 public:
     // An XML name as one word of an identifier: each run of letters and digits begins with a
     // capital, everything else separates runs and is dropped ("unit-price" -> "UnitPrice").
-    // A character beyond ASCII is written as U and its code point in hex. Never empty.
+    // A character beyond ASCII is written as U and its code point in hex; a word that would
+    // begin with a digit begins with N. Never empty.
     static std::string Word(const std::string& strXmlName);
     // An enumeration value as the tail of its identifier: letters, digits and underscores
     // stay, every other character becomes an underscore; an empty value is "empty".
