@@ -114,6 +114,20 @@ std::string FacetWords(const CFacetSet& facets) {
 
 std::string Rule(const std::string& strWhitespace) { return "CWhitespaceUtils::WhitespaceRule_" + strWhitespace; }
 
+std::string Replace(std::string strText, const std::string& strFrom, const std::string& strTo) {
+    const size_t nAt = strText.find(strFrom);
+    return nAt == std::string::npos ? strText : strText.replace(nAt, strFrom.size(), strTo);
+}
+
+// A choice with a repeating member follows the collection's count to keep its selection.
+bool HasCollectionInChoice(const CClassModel& cls) {
+    if (!cls.m_bChoice) return false;
+    for (const CMemberModel& member : cls.m_vecMembers) {
+        if (member.m_eOccurrence == Occurrence_Collection) return true;
+    }
+    return false;
+}
+
 bool IsValueMember(const CMemberModel& member) {
     return member.m_eKind != MemberKind_Class && member.m_eOccurrence != Occurrence_Collection;
 }
@@ -183,9 +197,11 @@ std::string CCodeEmitter::Accessors(const CClassModel& cls, const CMemberModel& 
     } else {
         strText += "    void Set" + p + "(" + strParameter + " value);\n";
         strText += "    bool IsValid" + p + "() const { return m_bValid" + p + "; }\n";
-        strText += "    void SetValid" + p + "(bool bValid) { m_bValid" + p + " = bValid; }\n";
+        if (cls.m_bChoice)
+            strText += "    void SetValid" + p + "(bool bValid);\n";
+        else
+            strText += "    void SetValid" + p + "(bool bValid) { m_bValid" + p + " = bValid; }\n";
     }
-    (void)cls;
     return strText;
 }
 
@@ -210,13 +226,17 @@ std::string CCodeEmitter::ClassHeader(const CClassModel& cls) const {
                     ".\n#pragma once\n\n#include <orvexxml/orvexxml.h>\n\n";
     if (bFixedWidth) s += "#include <cstdint>\n";
     if (bString) s += "#include <string>\n";
-    if (bFixedWidth || bString) s += "\n";
+    if (!bString && cls.m_bChoice) s += "#include <string>\n";
+    if (bFixedWidth || bString || cls.m_bChoice) s += "\n";
     for (const std::string& strFile : setIncludes) s += "#include \"" + strFile + ".h\"\n";
     if (!setIncludes.empty()) s += "\n";
     s += "namespace " + m_model.m_strNamespace + " {\n\n";
     s += "class " + c + " : public OrvexXml::CXmlGeneratedClass {\npublic:\n";
     s += "    " + c + "();\n    virtual ~" + c + "();\n\n";
     s += "    static OrvexXml::CSmartPtr<" + c + "> CreateInstance() { return new " + c + "(); }\n\n";
+    if (cls.m_bChoice)
+        s += "    // The element name of the member that is set, empty if none is.\n"
+             "    const std::string& GetChoiceSelectedElement() const { return m_strSelectedElement; }\n\n";
     for (const CMemberModel& member : cls.m_vecMembers) s += Accessors(cls, member);
     if (!cls.m_vecMembers.empty()) s += "\n";
     s += "    // CXmlGeneratedClass\n"
@@ -231,9 +251,15 @@ std::string CCodeEmitter::ClassHeader(const CClassModel& cls) const {
          "    void ResetToDefaults() override;\n\n"
          "protected:\n"
          "    std::string GetTargetNamespace() const override { return " +
-         Quote(cls.m_strNamespace) + "; }\n\nprivate:\n";
+         Quote(cls.m_strNamespace) + "; }\n";
+    if (HasCollectionInChoice(cls))
+        s += "    // Keeps the selection in step with the counts of the collections.\n"
+             "    void OnEvent(OrvexXml::CXmlObjectBase* pSource, OrvexXml::IEventSink::MsgType type, void* pData) "
+             "override;\n";
+    s += "\nprivate:\n";
     s += "    " + c + "(const " + c + "&) = delete;\n    " + c + "& operator=(const " + c + "&) = delete;\n";
     s += "    static void BuildMetaData(OrvexXmlData::CMetaDataBuilder& builder);\n\n";
+    if (cls.m_bChoice) s += "    std::string m_strSelectedElement;\n";
     for (const CMemberModel& member : cls.m_vecMembers) {
         const std::string& p = member.m_strProperty;
         if (member.m_eOccurrence == Occurrence_Collection) {
@@ -251,7 +277,7 @@ std::string CCodeEmitter::ClassHeader(const CClassModel& cls) const {
             if (member.m_eOccurrence == Occurrence_Optional) s += "    bool m_bValid" + p + ";\n";
         }
     }
-    if (!cls.m_vecMembers.empty()) s += "\n";
+    if (!cls.m_vecMembers.empty() || cls.m_bChoice) s += "\n";
     s += "    static OrvexXmlData::CMetaDataHolder ms_metaData;\n};\n";
     if (cls.m_bCollectionItem) {
         const std::string strItem = "p" + Stem(cls);
@@ -302,33 +328,34 @@ std::string CCodeEmitter::MetaDataEntry(const CClassModel& cls, const CMemberMod
                rule(member.m_strWhitespace) + ", " + strRestrictions + ", " + strDefault + "));\n";
     }
     const std::string strNillable = member.m_bNillable ? "true" : "false";
+    const std::string strGroup = cls.m_bChoice ? "Choice" : "Seq";
     if (member.m_eKind == MemberKind_Class) {
         const CClassModel& child = m_model.m_vecClasses[member.m_nClass];
         const std::string strFactory = m_model.m_strFactory;
         switch (member.m_eOccurrence) {
             case Occurrence_Mandatory:
-                return "    builder.AddElement(new CElementInfoSeqClsMnd(" + strName + ", " + strNs + ", " + strIndex +
-                       ", XmlElementType_Element, &" + strFactory + "::CreateClass, " + strFactory + "::ClassId_" +
-                       Stem(child) + ", false));\n";
+                return "    builder.AddElement(new CElementInfo" + strGroup + "ClsMnd(" + strName + ", " + strNs +
+                       ", " + strIndex + ", XmlElementType_Element, &" + strFactory + "::CreateClass, " + strFactory +
+                       "::ClassId_" + Stem(child) + ", false));\n";
             case Occurrence_Optional:
-                return "    builder.AddElement(new CElementInfoSeqClsOpt(" + strName + ", " + strNs + ", " + strIndex +
-                       ", XmlElementType_Element, &" + strFactory + "::CreateClass, " + strFactory + "::ClassId_" +
-                       Stem(child) + "));\n";
+                return "    builder.AddElement(new CElementInfo" + strGroup + "ClsOpt(" + strName + ", " + strNs +
+                       ", " + strIndex + ", XmlElementType_Element, &" + strFactory + "::CreateClass, " + strFactory +
+                       "::ClassId_" + Stem(child) + "));\n";
             default:
-                return "    builder.AddElement(new CElementInfoSeqClsCol(" + strName + ", " + strNs + ", " + strIndex +
-                       ", XmlElementType_Element));\n";
+                return "    builder.AddElement(new CElementInfo" + strGroup + "ClsCol(" + strName + ", " + strNs +
+                       ", " + strIndex + ", XmlElementType_Element));\n";
         }
     }
     if (member.m_eOccurrence == Occurrence_Collection)
-        return "    builder.AddElement(new CElementInfoSeqPrimCol(" + strName + ", " + strNs + ", " + strIndex +
-               "));\n";
+        return "    builder.AddElement(new CElementInfo" + strGroup + "PrimCol(" + strName + ", " + strNs + ", " +
+               strIndex + "));\n";
     const std::string strSuffix = member.m_eOccurrence == Occurrence_Mandatory ? "Mnd" : "Opt";
     if (member.m_eKind == MemberKind_Enum)
-        return "    builder.AddElement(new CElementInfoSeqEnum" + strSuffix + "(" + strName + ", " + strNs + ", " +
-               strIndex + ", " + strNillable + ", &" + member.m_strEnum + "_EnumToText, &" + member.m_strEnum +
-               "_TextToEnum, " + strDefault + "));\n";
-    return "    builder.AddElement(new CElementInfoSeqPrim" + strSuffix + "(" + strName + ", " + strNs + ", " +
-           strIndex + ", " + strNillable + ", ItemType_" + member.m_strItemType + ", nullptr, " +
+        return "    builder.AddElement(new CElementInfo" + strGroup + "Enum" + strSuffix + "(" + strName + ", " +
+               strNs + ", " + strIndex + ", " + strNillable + ", &" + member.m_strEnum + "_EnumToText, &" +
+               member.m_strEnum + "_TextToEnum, " + strDefault + "));\n";
+    return "    builder.AddElement(new CElementInfo" + strGroup + "Prim" + strSuffix + "(" + strName + ", " + strNs +
+           ", " + strIndex + ", " + strNillable + ", ItemType_" + member.m_strItemType + ", nullptr, " +
            rule(member.m_strWhitespace) + ", " + strRestrictions + ", " + strDefault + "));\n";
 }
 
@@ -401,8 +428,9 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         s += "    const CPrimitiveRestrictions " + member.m_strFacetsName +
              Restrictions(member.m_facets).substr(std::string("CPrimitiveRestrictions").size()) + ";\n";
     }
-    s += "    builder.SetParent(new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, " +
-         Quote(cls.m_strXmlName) + ", NS, true, false, -1, ItemType_invalid, nullptr, false));\n";
+    s += "    builder.SetParent(new CParentElementInfo(XmlElementGroupType_" +
+         std::string(cls.m_bChoice ? "Choice" : "Sequence") + ", XmlElementType_Element, " + Quote(cls.m_strXmlName) +
+         ", NS, true, false, -1, ItemType_invalid, nullptr, false));\n";
     for (const CMemberModel& member : cls.m_vecMembers) s += MetaDataEntry(cls, member, mapRuleUses);
     s += "}\n\n";
 
@@ -428,7 +456,30 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
                  Rule(member.m_strWhitespace) + ", nullptr);\n";
         }
     }
-    s += "    ResetToDefaults();\n}\n\n" + c + "::~" + c + "() {}\n\n";
+    const bool bListens = HasCollectionInChoice(cls);
+    for (const CMemberModel& member : cls.m_vecMembers) {
+        if (bListens && member.m_eOccurrence == Occurrence_Collection)
+            s += "    m_" + member.m_strProperty + "->AddEventListener(this);\n";
+    }
+    s += "    ResetToDefaults();\n}\n\n";
+    if (bListens) {
+        s += c + "::~" + c + "() {\n    // Clearing a collection tells its listeners: stop listening first.\n";
+        for (const CMemberModel& member : cls.m_vecMembers) {
+            if (member.m_eOccurrence == Occurrence_Collection)
+                s += "    m_" + member.m_strProperty + "->RemoveEventListener(this);\n";
+        }
+        s += "}\n\nvoid " + c + "::OnEvent(CXmlObjectBase* pSource, IEventSink::MsgType type, void*) {\n" +
+             "    if (type != IEventSink::MsgType_CollectionChange) return;\n";
+        for (const CMemberModel& member : cls.m_vecMembers) {
+            if (member.m_eOccurrence != Occurrence_Collection) continue;
+            const std::string strField = "m_" + member.m_strProperty;
+            s += "    if (pSource == " + strField + "->GetBase()) Choice_CollectionChanged(" +
+                 Quote(member.m_strXmlName) + ", " + strField + "->GetCount(), m_strSelectedElement);\n";
+        }
+        s += "}\n\n";
+    } else {
+        s += c + "::~" + c + "() {}\n\n";
+    }
 
     s += "void " + c + "::ResetToDefaults() {\n";
     for (const CMemberModel& member : cls.m_vecMembers) {
@@ -462,6 +513,7 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         }
         if (member.m_eOccurrence == Occurrence_Optional) s += "    m_bValid" + member.m_strProperty + " = false;\n";
     }
+    if (cls.m_bChoice) s += "    m_strSelectedElement.clear();\n";
     s += "}\n\n";
 
     for (const CMemberModel& member : cls.m_vecMembers) {
@@ -474,8 +526,11 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
                      Quote(member.m_strXmlName) + ");\n    CXmlObjectBase::SetElementName(value, " +
                      Quote(member.m_strXmlName) + ");\n    m_" + p + " = value;\n}\n\n";
             else
-                s += "void " + c + "::Set" + p + "(" + strChild +
-                     "* value) {\n    if (value) CXmlObjectBase::SetElementName(value, " + Quote(member.m_strXmlName) +
+                s += "void " + c + "::Set" + p + "(" + strChild + "* value) {\n" +
+                     (cls.m_bChoice ? "    Choice_SelectElement(" + Quote(member.m_strXmlName) +
+                                          ", value, m_strSelectedElement);\n"
+                                    : std::string()) +
+                     "    if (value) CXmlObjectBase::SetElementName(value, " + Quote(member.m_strXmlName) +
                      ");\n    m_" + p + " = value;\n}\n\n";
             continue;
         }
@@ -488,8 +543,14 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
             strParameter = SourceType(kind.m_pszType);
             if (kind.m_bByReference) strParameter = "const " + strParameter + "&";
         }
-        s += "void " + c + "::Set" + p + "(" + strParameter + " value) {\n    m_" + p + " = value;\n    m_bValid" + p +
-             " = true;\n}\n\n";
+        const std::string strSelect =
+            "    Choice_SetElementValid(%s, " + Quote(member.m_strXmlName) + ", m_strSelectedElement);\n";
+        s += "void " + c + "::Set" + p + "(" + strParameter + " value) {\n" +
+             (cls.m_bChoice ? Replace(strSelect, "%s", "true") : std::string()) + "    m_" + p +
+             " = value;\n    m_bValid" + p + " = true;\n}\n\n";
+        if (cls.m_bChoice)
+            s += "void " + c + "::SetValid" + p + "(bool bValid) {\n" + Replace(strSelect, "%s", "bValid") +
+                 "    m_bValid" + p + " = bValid;\n}\n\n";
     }
 
     s += "CParentElementInfo* " + c + "::GetParentElementInfo() const { return ms_metaData.GetParentElementInfo(); }\n";

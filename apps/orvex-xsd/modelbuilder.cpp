@@ -473,8 +473,11 @@ void CModelBuilder::AddElement(int nClass, XSParticle* pParticle, const CPlace& 
     const bool bUnbounded = pParticle->getMaxOccursUnbounded();
     member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
     member.m_nMaxOccurs = bUnbounded ? -1 : static_cast<int>(pParticle->getMaxOccurs());
+    // A member of a choice is there only when the choice selects it.
     if (member.m_nMaxOccurs == 1)
-        member.m_eOccurrence = member.m_nMinOccurs == 1 ? Occurrence_Mandatory : Occurrence_Optional;
+        member.m_eOccurrence = member.m_nMinOccurs == 1 && !m_model.m_vecClasses[nClass].m_bChoice
+                                   ? Occurrence_Mandatory
+                                   : Occurrence_Optional;
     else
         member.m_eOccurrence = Occurrence_Collection;
     XSTypeDefinition* pType = pElement->getTypeDefinition();
@@ -514,12 +517,13 @@ void CModelBuilder::AddParticles(int nClass, XSComplexTypeDefinition* pType, con
     if (pParticle->getTermType() != XSParticle::TERM_MODELGROUP)
         throw At(place, "", "", "content model of " + place.m_strName + " is not supported yet");
     XSModelGroup* pGroup = pParticle->getModelGroupTerm();
-    if (pGroup->getCompositor() == XSModelGroup::COMPOSITOR_CHOICE)
-        throw At(place, "choice", "", "xs:choice is not supported yet");
+    const bool bChoice = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_CHOICE;
+    const char* pszGroup = bChoice ? "choice" : "sequence";
     if (pGroup->getCompositor() == XSModelGroup::COMPOSITOR_ALL)
         throw At(place, "all", "", "xs:all is not supported yet");
     if (pParticle->getMinOccurs() != 1 || pParticle->getMaxOccurs() != 1 || pParticle->getMaxOccursUnbounded())
-        throw At(place, "sequence", "", "a repeated or optional xs:sequence is not supported yet");
+        throw At(place, pszGroup, "", "a repeated or optional xs:" + std::string(pszGroup) + " is not supported yet");
+    m_model.m_vecClasses[nClass].m_bChoice = bChoice;
     XSParticleList* pParticles = pGroup->getParticles();
     for (XMLSize_t i = 0; pParticles && i < pParticles->size(); ++i) {
         XSParticle* pChild = pParticles->elementAt(i);
@@ -530,7 +534,7 @@ void CModelBuilder::AddParticles(int nClass, XSComplexTypeDefinition* pType, con
             case XSParticle::TERM_WILDCARD:
                 throw At(place, "any", "", "xs:any is not supported yet");
             default:
-                throw At(place, "sequence", "", "nested model groups are not supported yet");
+                throw At(place, pszGroup, "", "nested model groups are not supported yet");
         }
     }
 }
