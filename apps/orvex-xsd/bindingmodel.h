@@ -33,6 +33,7 @@ enum Occurrence { Occurrence_Mandatory, Occurrence_Optional, Occurrence_Collecti
 
 struct CMemberModel {
     bool m_bAttribute = false;
+    bool m_bSimpleContent = false;  // the element's own text: the class's primitive value, no table entry
     std::string m_strXmlName;
     std::string m_strXmlNamespace;  // empty for an unqualified name
     std::string m_strProperty;      // the identifier in Get..., Set..., m_... and Prop_...

@@ -163,6 +163,7 @@ std::string CCodeEmitter::Accessors(const CClassModel& cls, const CMemberModel& 
     const std::string& p = member.m_strProperty;
     std::string strText = "    // " + std::string(member.m_bAttribute ? "@" : "") + member.m_strXmlName + ": " +
                           member.m_strDescription + ", " + Occurs(member);
+    if (member.m_bSimpleContent) strText = "    // the text of " + member.m_strXmlName + ": " + member.m_strDescription;
     if (member.m_eKind == MemberKind_Class && member.m_eOccurrence != Occurrence_Collection) {
         const CClassModel& child = m_model.m_vecClasses[member.m_nClass];
         strText += member.m_eOccurrence == Occurrence_Mandatory ? "; present after construction." : ".";
@@ -411,7 +412,8 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
     // simple type, are local constants.
     std::map<std::string, int> mapRuleUses;
     for (const CMemberModel& member : cls.m_vecMembers) {
-        if (IsValueMember(member) && member.m_eKind == MemberKind_Primitive) ++mapRuleUses[member.m_strWhitespace];
+        if (IsValueMember(member) && member.m_eKind == MemberKind_Primitive && !member.m_bSimpleContent)
+            ++mapRuleUses[member.m_strWhitespace];
     }
     s += "void " + c + "::BuildMetaData(CMetaDataBuilder& builder) {\n";
     for (const auto& rule : mapRuleUses) {
@@ -428,10 +430,17 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         s += "    const CPrimitiveRestrictions " + member.m_strFacetsName +
              Restrictions(member.m_facets).substr(std::string("CPrimitiveRestrictions").size()) + ";\n";
     }
+    // Simple content is the class's own value, named by the parent entry.
+    std::string strValue = "-1, ItemType_invalid";
+    for (const CMemberModel& member : cls.m_vecMembers) {
+        if (member.m_bSimpleContent) strValue = "Prop_" + member.m_strProperty + ", ItemType_" + member.m_strItemType;
+    }
     s += "    builder.SetParent(new CParentElementInfo(XmlElementGroupType_" +
          std::string(cls.m_bChoice ? "Choice" : "Sequence") + ", XmlElementType_Element, " + Quote(cls.m_strXmlName) +
-         ", NS, true, false, -1, ItemType_invalid, nullptr, false));\n";
-    for (const CMemberModel& member : cls.m_vecMembers) s += MetaDataEntry(cls, member, mapRuleUses);
+         ", NS, true, false, " + strValue + ", nullptr, false));\n";
+    for (const CMemberModel& member : cls.m_vecMembers) {
+        if (!member.m_bSimpleContent) s += MetaDataEntry(cls, member, mapRuleUses);
+    }
     s += "}\n\n";
 
     s += c + "::" + c + "() {\n    ms_metaData.Init(&BuildMetaData);\n    SetElementName(" + Quote(cls.m_strXmlName) +

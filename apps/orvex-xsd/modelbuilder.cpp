@@ -223,8 +223,14 @@ void CModelBuilder::CreateTopLevelClasses() {
             const std::string strName = Text(pElement->getName()), strNamespace = Text(pElement->getNamespace());
             const CPlace place = {"element", strNamespace, strName};
             XSTypeDefinition* pType = pElement->getTypeDefinition();
-            if (pType->getTypeCategory() != XSTypeDefinition::COMPLEX_TYPE)
-                throw At(place, "", "", "global element " + strName + " of a simple type is not supported yet");
+            if (pType->getTypeCategory() != XSTypeDefinition::COMPLEX_TYPE) {
+                // A document element of a simple type: a class whose value is the element's text.
+                const int nClass =
+                    NewClass(CNameRules::Word(strName), strName, strNamespace, "the element " + strName, top.m_nOrder);
+                m_mapElementClass[pElement] = nClass;
+                m_vecSimplePending.push_back({nClass, {static_cast<XSSimpleTypeDefinition*>(pType), place}});
+                continue;
+            }
             XSComplexTypeDefinition* pComplex = static_cast<XSComplexTypeDefinition*>(pType);
             if (IsBuiltIn(pType))
                 throw At(place, "", "", "global element " + strName + " of type xs:anyType is not supported yet");
@@ -251,6 +257,9 @@ void CModelBuilder::CreateTopLevelClasses() {
         XSElementDeclaration* pElement = top.m_pElement;
         int nClass = -1;
         const auto it = m_mapElementClass.find(pElement);
+        if (it == m_mapElementClass.end() &&
+            pElement->getTypeDefinition()->getTypeCategory() != XSTypeDefinition::COMPLEX_TYPE)
+            continue;
         if (it != m_mapElementClass.end())
             nClass = it->second;
         else
@@ -539,16 +548,46 @@ void CModelBuilder::AddParticles(int nClass, XSComplexTypeDefinition* pType, con
     }
 }
 
+void CModelBuilder::AddSimpleContent(int nClass, XSSimpleTypeDefinition* pType, const CPlace& place) {
+    CClassModel& cls = m_model.m_vecClasses[nClass];
+    CMemberModel member;
+    member.m_bSimpleContent = true;
+    member.m_strXmlName = cls.m_strXmlName;
+    member.m_strProperty = TakeMemberName(nClass, "Value");
+    CValueType value = ValueOf(pType, cls.m_strXmlName, place, "", "");
+    if (value.m_eKind == MemberKind_Enum) {
+        // The value of a class is a primitive: an enumeration there is its string.
+        Warn(place, "", "",
+             "the enumeration of the text of " + cls.m_strXmlName +
+                 " is bound as xs:string: the values are not checked");
+        value.m_eKind = MemberKind_Primitive;
+        value.m_strDescription = "xs:string";
+    }
+    if (!value.m_facets.IsEmpty())
+        Warn(place, "", "",
+             "the facets of the text of " + cls.m_strXmlName + " are not checked: a class's value has no facets");
+    member.m_eKind = value.m_eKind;
+    member.m_strItemType = value.m_strItemType;
+    member.m_strBuiltIn = value.m_strBuiltIn;
+    member.m_strWhitespace = value.m_strWhitespace;
+    member.m_strDescription = value.m_strDescription;
+    m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
+}
+
 void CModelBuilder::FillClass(int nClass, XSComplexTypeDefinition* pType, const CPlace& place) {
     XSTypeDefinition* pBase = pType->getBaseType();
-    if (pBase && !IsBuiltIn(pBase)) {
+    if (pBase && !IsBuiltIn(pBase) && pBase->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE) {
         const std::string strMethod =
             pType->getDerivationMethod() == XSConstants::DERIVATION_EXTENSION ? "extension" : "restriction";
         throw At(place, strMethod, "", "derivation by " + strMethod + " is not supported yet");
     }
     switch (pType->getContentType()) {
         case XSComplexTypeDefinition::CONTENTTYPE_SIMPLE:
-            throw At(place, "simpleContent", "", "simple content is not supported yet");
+            if (pType->getAttributeWildcard())
+                throw At(place, "anyAttribute", "", "xs:anyAttribute is not supported yet");
+            AddAttributes(nClass, pType, place);
+            AddSimpleContent(nClass, pType->getSimpleType(), place);
+            return;
         case XSComplexTypeDefinition::CONTENTTYPE_MIXED:
             Warn(place, "", "",
                  "mixed content of " + place.m_strName +
@@ -596,6 +635,8 @@ CSchemaSetModel CModelBuilder::Build(const std::string& strNamespace) {
     }
     for (size_t i = 0; i < m_vecPending.size(); ++i)
         FillClass(m_vecPending[i].first, m_vecPending[i].second.first, m_vecPending[i].second.second);
+    for (const auto& pending : m_vecSimplePending)
+        AddSimpleContent(pending.first, pending.second.first, pending.second.second);
     WarnIdentityConstraints();
     return m_model;
 }

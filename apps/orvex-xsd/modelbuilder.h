@@ -55,6 +55,7 @@ private:
                  const std::string& strOrigin, long long nOrder);
     void FillClass(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place);
     void AddAttributes(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place);
+    void AddSimpleContent(int nClass, xercesc::XSSimpleTypeDefinition* pType, const CPlace& place);
     void AddParticles(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place);
     void AddElement(int nClass, xercesc::XSParticle* pParticle, const CPlace& place);
     int ClassOfElement(xercesc::XSElementDeclaration* pElement, const CPlace& place);
@@ -83,6 +84,7 @@ private:
     std::map<xercesc::XSElementDeclaration*, int> m_mapElementClass;
     std::map<xercesc::XSSimpleTypeDefinition*, std::string> m_mapEnums;
     std::vector<std::pair<int, std::pair<xercesc::XSComplexTypeDefinition*, CPlace>>> m_vecPending;
+    std::vector<std::pair<int, std::pair<xercesc::XSSimpleTypeDefinition*, CPlace>>> m_vecSimplePending;
 };
 
 }  // namespace OrvexXsd
