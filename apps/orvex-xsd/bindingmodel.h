@@ -28,7 +28,9 @@ struct CFacetSet {
     }
 };
 
-enum MemberKind { MemberKind_Primitive, MemberKind_Enum, MemberKind_Class };
+// Untyped: an element of no schema type or an element wildcard (CElement, CElementCol), or an
+// attribute wildcard (CAttributeCol).
+enum MemberKind { MemberKind_Primitive, MemberKind_Enum, MemberKind_Class, MemberKind_Untyped };
 enum Occurrence { Occurrence_Mandatory, Occurrence_Optional, Occurrence_Collection };
 
 struct CMemberModel {
@@ -49,6 +51,7 @@ struct CMemberModel {
     std::string m_strFacetsSource;  // the named simple type, for the comment of the constant
     std::string m_strEnum;          // the enum type of an enum member
     int m_nClass = -1;              // the class of a class member
+    std::string m_strRestriction;   // an untyped member's namespace constraint: ##any, ##other, a list
     bool m_bHasDefault = false;
     std::string m_strDefault;
     bool m_bNillable = false;

@@ -114,6 +114,16 @@ std::string FacetWords(const CFacetSet& facets) {
 
 std::string Rule(const std::string& strWhitespace) { return "CWhitespaceUtils::WhitespaceRule_" + strWhitespace; }
 
+// The namespace a collection of open content gives the items made by its Add(name): one that
+// its own restriction lets pass, as the runtime derives it for a single untyped element.
+std::string DefaultNamespaceFor(const std::string& strRestriction, const std::string& strTarget) {
+    const std::string strFirst = strRestriction.substr(0, strRestriction.find(' '));
+    if (strFirst == "##other") return strTarget.empty() ? "DefaultNamespace" : "";
+    if (strFirst == "##targetNamespace") return strTarget;
+    if (strFirst == "##any" || strFirst == "##local") return "";
+    return strFirst;
+}
+
 std::string Replace(std::string strText, const std::string& strFrom, const std::string& strTo) {
     const size_t nAt = strText.find(strFrom);
     return nAt == std::string::npos ? strText : strText.replace(nAt, strFrom.size(), strTo);
@@ -129,7 +139,8 @@ bool HasCollectionInChoice(const CClassModel& cls) {
 }
 
 bool IsValueMember(const CMemberModel& member) {
-    return member.m_eKind != MemberKind_Class && member.m_eOccurrence != Occurrence_Collection;
+    return (member.m_eKind == MemberKind_Primitive || member.m_eKind == MemberKind_Enum) &&
+           member.m_eOccurrence != Occurrence_Collection;
 }
 
 std::string Occurs(const CMemberModel& member) {
@@ -153,6 +164,22 @@ std::string EnumIdentifier(const CSchemaSetModel& model, const std::string& strE
 
 }  // namespace
 
+std::string CCodeEmitter::ObjectType(const CMemberModel& member) const {
+    return member.m_eKind == MemberKind_Untyped ? std::string("OrvexXml::CElement")
+                                                : m_model.m_vecClasses[member.m_nClass].m_strName;
+}
+
+std::string CCodeEmitter::CollectionType(const CMemberModel& member) const {
+    switch (member.m_eKind) {
+        case MemberKind_Class:
+            return m_model.m_vecClasses[member.m_nClass].m_strName + "Col";
+        case MemberKind_Untyped:
+            return member.m_bAttribute ? "OrvexXml::CAttributeCol" : "OrvexXml::CElementCol";
+        default:
+            return "OrvexXml::C" + member.m_strItemType + "Col";
+    }
+}
+
 std::string CCodeEmitter::NamespaceText(const CClassModel& cls, const CMemberModel& member) const {
     if (member.m_strXmlNamespace.empty()) return "\"\"";
     if (member.m_strXmlNamespace == cls.m_strNamespace) return "NS";
@@ -164,6 +191,11 @@ std::string CCodeEmitter::Accessors(const CClassModel& cls, const CMemberModel& 
     std::string strText = "    // " + std::string(member.m_bAttribute ? "@" : "") + member.m_strXmlName + ": " +
                           member.m_strDescription + ", " + Occurs(member);
     if (member.m_bSimpleContent) strText = "    // the text of " + member.m_strXmlName + ": " + member.m_strDescription;
+    if (member.m_eKind == MemberKind_Untyped && member.m_eOccurrence != Occurrence_Collection) {
+        strText += "\n    OrvexXml::CSmartPtr<OrvexXml::CElement> Get" + p + "() const { return m_" + p + "; }\n";
+        strText += "    void Set" + p + "(OrvexXml::CElement* value);\n";
+        return strText;
+    }
     if (member.m_eKind == MemberKind_Class && member.m_eOccurrence != Occurrence_Collection) {
         const CClassModel& child = m_model.m_vecClasses[member.m_nClass];
         strText += member.m_eOccurrence == Occurrence_Mandatory ? "; present after construction." : ".";
@@ -173,9 +205,7 @@ std::string CCodeEmitter::Accessors(const CClassModel& cls, const CMemberModel& 
         return strText;
     }
     if (member.m_eOccurrence == Occurrence_Collection) {
-        const std::string strCol = member.m_eKind == MemberKind_Class
-                                       ? m_model.m_vecClasses[member.m_nClass].m_strName + "Col"
-                                       : "OrvexXml::C" + member.m_strItemType + "Col";
+        const std::string strCol = CollectionType(member);
         strText += "\n";
         strText += "    " + strCol + "& Get" + p + "() { return *m_" + p + "; }\n";
         strText += "    const " + strCol + "& Get" + p + "() const { return *m_" + p + "; }\n";
@@ -264,12 +294,9 @@ std::string CCodeEmitter::ClassHeader(const CClassModel& cls) const {
     for (const CMemberModel& member : cls.m_vecMembers) {
         const std::string& p = member.m_strProperty;
         if (member.m_eOccurrence == Occurrence_Collection) {
-            const std::string strCol = member.m_eKind == MemberKind_Class
-                                           ? m_model.m_vecClasses[member.m_nClass].m_strName + "Col"
-                                           : "OrvexXml::C" + member.m_strItemType + "Col";
-            s += "    OrvexXml::CSmartPtr<" + strCol + "> m_" + p + ";\n";
-        } else if (member.m_eKind == MemberKind_Class) {
-            s += "    OrvexXml::CSmartPtr<" + m_model.m_vecClasses[member.m_nClass].m_strName + "> m_" + p + ";\n";
+            s += "    OrvexXml::CSmartPtr<" + CollectionType(member) + "> m_" + p + ";\n";
+        } else if (member.m_eKind == MemberKind_Class || member.m_eKind == MemberKind_Untyped) {
+            s += "    OrvexXml::CSmartPtr<" + ObjectType(member) + "> m_" + p + ";\n";
         } else {
             s += "    " +
                  (member.m_eKind == MemberKind_Enum ? member.m_strEnum
@@ -318,6 +345,9 @@ std::string CCodeEmitter::MetaDataEntry(const CClassModel& cls, const CMemberMod
     };
     const std::string strRestrictions =
         member.m_strFacetsName.empty() ? Restrictions(member.m_facets) : member.m_strFacetsName;
+    if (member.m_bAttribute && member.m_eKind == MemberKind_Untyped)
+        return "    builder.AddAttribute(new CAttributeInfoAny(" + strName + ", \"\", " + strIndex + ", true, " +
+               Quote(member.m_strRestriction) + ", NS, nullptr));\n";
     if (member.m_bAttribute) {
         const std::string strOptional = member.m_eOccurrence == Occurrence_Mandatory ? "false" : "true";
         if (member.m_eKind == MemberKind_Enum)
@@ -330,6 +360,13 @@ std::string CCodeEmitter::MetaDataEntry(const CClassModel& cls, const CMemberMod
     }
     const std::string strNillable = member.m_bNillable ? "true" : "false";
     const std::string strGroup = cls.m_bChoice ? "Choice" : "Seq";
+    if (member.m_eKind == MemberKind_Untyped) {
+        if (member.m_eOccurrence == Occurrence_Collection)
+            return "    builder.AddElement(new CElementInfo" + strGroup + "UntpdCol(" + strName + ", " + strNs + ", " +
+                   strIndex + "));\n";
+        return "    builder.AddElement(new CElementInfo" + strGroup + "UntpdOpt(" + strName + ", " + strNs + ", " +
+               strIndex + ", " + Quote(member.m_strRestriction) + ", NS));\n";
+    }
     if (member.m_eKind == MemberKind_Class) {
         const CClassModel& child = m_model.m_vecClasses[member.m_nClass];
         const std::string strFactory = m_model.m_strFactory;
@@ -367,10 +404,9 @@ std::string CCodeEmitter::ExchangeCase(const CMemberModel& member) const {
         return s + "            if (bRead) value.SetXmlCollection(m_" + p + ");\n            break;\n";
     }
     std::string strSet, strGet;
-    if (member.m_eKind == MemberKind_Class) {
+    if (member.m_eKind == MemberKind_Class || member.m_eKind == MemberKind_Untyped) {
         strSet = "value.SetXmlObject(m_" + p + ")";
-        strGet = "ObjectOf<" + m_model.m_vecClasses[member.m_nClass].m_strName + ">(value, " +
-                 Quote(member.m_strXmlName) + ")";
+        strGet = "ObjectOf<" + SourceType(ObjectType(member)) + ">(value, " + Quote(member.m_strXmlName) + ")";
         return s + "            if (bRead)\n                " + strSet + ";\n            else\n                Set" +
                p + "(" + strGet + ");\n            break;\n";
     }
@@ -394,7 +430,8 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
     const std::string& c = cls.m_strName;
     bool bObjects = false;
     for (const CMemberModel& member : cls.m_vecMembers)
-        bObjects = bObjects || (member.m_eKind == MemberKind_Class && member.m_eOccurrence != Occurrence_Collection);
+        bObjects = bObjects || ((member.m_eKind == MemberKind_Class || member.m_eKind == MemberKind_Untyped) &&
+                                member.m_eOccurrence != Occurrence_Collection);
     std::string s = "// Generated by orvex-xsd from " + m_model.m_strSchemaFiles + ": the class of " + cls.m_strOrigin +
                     ".\n#include \"" + cls.m_strFile + ".h\"\n\n";
     if (bObjects) s += "#include \"" + m_model.m_strFactoryFile + ".h\"\n\n";
@@ -449,7 +486,13 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         if (member.m_eOccurrence != Occurrence_Collection) continue;
         const std::string strMax = std::to_string(member.m_nMaxOccurs);
         const std::string strNs = NamespaceText(cls, member);
-        if (member.m_eKind == MemberKind_Class) {
+        if (member.m_eKind == MemberKind_Untyped) {
+            s += "    m_" + member.m_strProperty + " = new " + SourceType(CollectionType(member)) + "(" +
+                 Quote(DefaultNamespaceFor(member.m_strRestriction, cls.m_strNamespace)) + ", " +
+                 Quote(member.m_strRestriction) + ", NS" +
+                 (member.m_bAttribute ? std::string() : ", " + std::to_string(member.m_nMinOccurs) + ", " + strMax) +
+                 ");\n";
+        } else if (member.m_eKind == MemberKind_Class) {
             s += "    m_" + member.m_strProperty + " = new " + m_model.m_vecClasses[member.m_nClass].m_strName +
                  "Col(" + Quote(member.m_strXmlName) + ", " + strNs + ", " + std::to_string(member.m_nMinOccurs) +
                  ", " + strMax + ");\n";
@@ -497,6 +540,10 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
             s += "    " + strField + "->Clear();\n";
             continue;
         }
+        if (member.m_eKind == MemberKind_Untyped) {
+            s += "    " + strField + " = nullptr;\n";
+            continue;
+        }
         if (member.m_eKind == MemberKind_Class) {
             if (member.m_eOccurrence == Occurrence_Mandatory)
                 s += "    " + strField + " = new " + m_model.m_vecClasses[member.m_nClass].m_strName +
@@ -528,6 +575,14 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
     for (const CMemberModel& member : cls.m_vecMembers) {
         const std::string& p = member.m_strProperty;
         if (member.m_eOccurrence == Occurrence_Collection) continue;
+        if (member.m_eKind == MemberKind_Untyped) {
+            s += "void " + c + "::Set" + p + "(CElement* value) {\n" +
+                 (cls.m_bChoice
+                      ? "    Choice_SelectElement(" + Quote(member.m_strXmlName) + ", value, m_strSelectedElement);\n"
+                      : std::string()) +
+                 "    m_" + p + " = value;\n}\n\n";
+            continue;
+        }
         if (member.m_eKind == MemberKind_Class) {
             const std::string& strChild = m_model.m_vecClasses[member.m_nClass].m_strName;
             if (member.m_eOccurrence == Occurrence_Mandatory)

@@ -30,6 +30,9 @@ private:
     std::string MetaDataEntry(const CClassModel& cls, const CMemberModel& member,
                               const std::map<std::string, int>& mapRuleUses) const;
     std::string ExchangeCase(const CMemberModel& member) const;
+    // The C++ type of an object member, and of a collection member, as the header names them.
+    std::string ObjectType(const CMemberModel& member) const;
+    std::string CollectionType(const CMemberModel& member) const;
     std::string NamespaceText(const CClassModel& cls, const CMemberModel& member) const;
     std::string Stem(const CClassModel& cls) const { return cls.m_strName.substr(1); }
 

@@ -232,8 +232,12 @@ void CModelBuilder::CreateTopLevelClasses() {
                 continue;
             }
             XSComplexTypeDefinition* pComplex = static_cast<XSComplexTypeDefinition*>(pType);
-            if (IsBuiltIn(pType))
-                throw At(place, "", "", "global element " + strName + " of type xs:anyType is not supported yet");
+            if (IsBuiltIn(pType)) {
+                Warn(place, "", "",
+                     "global element " + strName +
+                         " of type xs:anyType has no class: CreateRootElement doesn't make it");
+                continue;
+            }
             if (pType->getAnonymous() || m_mapTypeUses[pType] == 1) {
                 const int nClass =
                     NewClass(CNameRules::Word(strName), strName, strNamespace, "the element " + strName, top.m_nOrder);
@@ -258,7 +262,8 @@ void CModelBuilder::CreateTopLevelClasses() {
         int nClass = -1;
         const auto it = m_mapElementClass.find(pElement);
         if (it == m_mapElementClass.end() &&
-            pElement->getTypeDefinition()->getTypeCategory() != XSTypeDefinition::COMPLEX_TYPE)
+            (pElement->getTypeDefinition()->getTypeCategory() != XSTypeDefinition::COMPLEX_TYPE ||
+             IsBuiltIn(pElement->getTypeDefinition())))
             continue;
         if (it != m_mapElementClass.end())
             nClass = it->second;
@@ -490,7 +495,14 @@ void CModelBuilder::AddElement(int nClass, XSParticle* pParticle, const CPlace& 
     else
         member.m_eOccurrence = Occurrence_Collection;
     XSTypeDefinition* pType = pElement->getTypeDefinition();
-    if (pType->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE) {
+    if (pType->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE && IsBuiltIn(pType)) {
+        // An element of no schema type: held as a CElement of its own name and namespace.
+        member.m_eKind = MemberKind_Untyped;
+        // The member takes elements by its name; the namespace is the element's own.
+        member.m_strRestriction = "##any";
+        member.m_strDescription = "xs:anyType";
+        if (member.m_eOccurrence == Occurrence_Mandatory) member.m_eOccurrence = Occurrence_Collection;
+    } else if (pType->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE) {
         member.m_eKind = MemberKind_Class;
         member.m_nClass = ClassOfElement(pElement, place);
         member.m_strDescription = pType->getAnonymous() ? "anonymous type" : Text(pType->getName());
@@ -520,6 +532,59 @@ void CModelBuilder::AddElement(int nClass, XSParticle* pParticle, const CPlace& 
     m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
 }
 
+std::string CModelBuilder::Restriction(XSWildcard* pWildcard) {
+    switch (pWildcard->getConstraintType()) {
+        case XSWildcard::NSCONSTRAINT_ANY:
+            return "##any";
+        case XSWildcard::NSCONSTRAINT_NOT:
+            return "##other";
+        default:
+            break;
+    }
+    std::string strList;
+    StringList* pList = pWildcard->getNsConstraintList();
+    for (XMLSize_t i = 0; pList && i < pList->size(); ++i) {
+        const std::string strNamespace = Text(pList->elementAt(i));
+        strList += (i ? " " : "") + (strNamespace.empty() ? std::string("##local") : strNamespace);
+    }
+    return strList.empty() ? "##local" : strList;
+}
+
+void CModelBuilder::AddWildcard(int nClass, XSParticle* pParticle) {
+    CMemberModel member;
+    member.m_eKind = MemberKind_Untyped;
+    member.m_strXmlName = "AnyElement";
+    member.m_strXmlNamespace = m_model.m_vecClasses[nClass].m_strNamespace;
+    member.m_strProperty = TakeMemberName(nClass, "AnyElement");
+    member.m_strRestriction = Restriction(pParticle->getWildcardTerm());
+    member.m_strDescription = "any element of " + member.m_strRestriction;
+    member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
+    member.m_nMaxOccurs = pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs());
+    // Once and optional: one CElement; else a CElementCol whose limits keep the counts.
+    const bool bOptionalOnce =
+        member.m_nMaxOccurs == 1 && (member.m_nMinOccurs == 0 || m_model.m_vecClasses[nClass].m_bChoice);
+    member.m_eOccurrence = bOptionalOnce ? Occurrence_Optional : Occurrence_Collection;
+    m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
+}
+
+void CModelBuilder::AddAttributeWildcard(int nClass, XSComplexTypeDefinition* pType) {
+    XSWildcard* pWildcard = pType->getAttributeWildcard();
+    if (!pWildcard) return;
+    CMemberModel member;
+    member.m_bAttribute = true;
+    member.m_eKind = MemberKind_Untyped;
+    member.m_eOccurrence = Occurrence_Collection;
+    member.m_strXmlName = "AnyAttribute";
+    member.m_strProperty = TakeMemberName(nClass, "AnyAttribute");
+    member.m_strRestriction = Restriction(pWildcard);
+    member.m_strDescription = "any attribute of " + member.m_strRestriction;
+    // Attributes come before the elements in the property order.
+    std::vector<CMemberModel>& vecMembers = m_model.m_vecClasses[nClass].m_vecMembers;
+    size_t nAt = 0;
+    while (nAt < vecMembers.size() && vecMembers[nAt].m_bAttribute) ++nAt;
+    vecMembers.insert(vecMembers.begin() + static_cast<long>(nAt), member);
+}
+
 void CModelBuilder::AddParticles(int nClass, XSComplexTypeDefinition* pType, const CPlace& place) {
     XSParticle* pParticle = pType->getParticle();
     if (!pParticle) return;
@@ -541,7 +606,8 @@ void CModelBuilder::AddParticles(int nClass, XSComplexTypeDefinition* pType, con
                 AddElement(nClass, pChild, place);
                 break;
             case XSParticle::TERM_WILDCARD:
-                throw At(place, "any", "", "xs:any is not supported yet");
+                AddWildcard(nClass, pChild);
+                break;
             default:
                 throw At(place, pszGroup, "", "nested model groups are not supported yet");
         }
@@ -583,9 +649,8 @@ void CModelBuilder::FillClass(int nClass, XSComplexTypeDefinition* pType, const 
     }
     switch (pType->getContentType()) {
         case XSComplexTypeDefinition::CONTENTTYPE_SIMPLE:
-            if (pType->getAttributeWildcard())
-                throw At(place, "anyAttribute", "", "xs:anyAttribute is not supported yet");
             AddAttributes(nClass, pType, place);
+            AddAttributeWildcard(nClass, pType);
             AddSimpleContent(nClass, pType->getSimpleType(), place);
             return;
         case XSComplexTypeDefinition::CONTENTTYPE_MIXED:
@@ -596,8 +661,8 @@ void CModelBuilder::FillClass(int nClass, XSComplexTypeDefinition* pType, const 
         default:
             break;
     }
-    if (pType->getAttributeWildcard()) throw At(place, "anyAttribute", "", "xs:anyAttribute is not supported yet");
     AddAttributes(nClass, pType, place);
+    AddAttributeWildcard(nClass, pType);
     AddParticles(nClass, pType, place);
 }
 

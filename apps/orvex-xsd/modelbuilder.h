@@ -12,6 +12,7 @@
 #include <xercesc/framework/psvi/XSModel.hpp>
 #include <xercesc/framework/psvi/XSParticle.hpp>
 #include <xercesc/framework/psvi/XSSimpleTypeDefinition.hpp>
+#include <xercesc/framework/psvi/XSWildcard.hpp>
 
 #include "bindingmodel.h"
 #include "namerules.h"
@@ -56,6 +57,9 @@ private:
     void FillClass(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place);
     void AddAttributes(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place);
     void AddSimpleContent(int nClass, xercesc::XSSimpleTypeDefinition* pType, const CPlace& place);
+    void AddWildcard(int nClass, xercesc::XSParticle* pParticle);
+    void AddAttributeWildcard(int nClass, xercesc::XSComplexTypeDefinition* pType);
+    static std::string Restriction(xercesc::XSWildcard* pWildcard);
     void AddParticles(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place);
     void AddElement(int nClass, xercesc::XSParticle* pParticle, const CPlace& place);
     int ClassOfElement(xercesc::XSElementDeclaration* pElement, const CPlace& place);
