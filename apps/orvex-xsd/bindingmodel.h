@@ -65,7 +65,8 @@ struct CClassModel {
     std::string m_strNamespace;
     std::string m_strOrigin;  // "the complex type Party", "the element orderBook"
     std::vector<CMemberModel> m_vecMembers;
-    bool m_bChoice = false;          // the content is a choice (XmlElementGroupType_Choice), else a sequence
+    bool m_bChoice = false;          // the content is a choice (XmlElementGroupType_Choice)
+    bool m_bAll = false;             // the content is an all group (XmlElementGroupType_All); neither: a sequence
     bool m_bCollectionItem = false;  // some member holds a run of this class: emit its collection
     long long m_nOrder = 0;
 };

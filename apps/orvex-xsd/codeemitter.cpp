@@ -359,7 +359,7 @@ std::string CCodeEmitter::MetaDataEntry(const CClassModel& cls, const CMemberMod
                rule(member.m_strWhitespace) + ", " + strRestrictions + ", " + strDefault + "));\n";
     }
     const std::string strNillable = member.m_bNillable ? "true" : "false";
-    const std::string strGroup = cls.m_bChoice ? "Choice" : "Seq";
+    const std::string strGroup = cls.m_bChoice ? "Choice" : cls.m_bAll ? "All" : "Seq";
     if (member.m_eKind == MemberKind_Untyped) {
         if (member.m_eOccurrence == Occurrence_Collection)
             return "    builder.AddElement(new CElementInfo" + strGroup + "UntpdCol(" + strName + ", " + strNs + ", " +
@@ -473,8 +473,11 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         if (member.m_bSimpleContent) strValue = "Prop_" + member.m_strProperty + ", ItemType_" + member.m_strItemType;
     }
     s += "    builder.SetParent(new CParentElementInfo(XmlElementGroupType_" +
-         std::string(cls.m_bChoice ? "Choice" : "Sequence") + ", XmlElementType_Element, " + Quote(cls.m_strXmlName) +
-         ", NS, true, false, " + strValue + ", nullptr, false));\n";
+         std::string(cls.m_bChoice ? "Choice"
+                     : cls.m_bAll  ? "All"
+                                   : "Sequence") +
+         ", XmlElementType_Element, " + Quote(cls.m_strXmlName) + ", NS, true, false, " + strValue +
+         ", nullptr, false));\n";
     for (const CMemberModel& member : cls.m_vecMembers) {
         if (!member.m_bSimpleContent) s += MetaDataEntry(cls, member, mapRuleUses);
     }

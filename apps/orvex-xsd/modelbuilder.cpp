@@ -592,9 +592,9 @@ void CModelBuilder::AddParticles(int nClass, XSComplexTypeDefinition* pType, con
         throw At(place, "", "", "content model of " + place.m_strName + " is not supported yet");
     XSModelGroup* pGroup = pParticle->getModelGroupTerm();
     const bool bChoice = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_CHOICE;
-    const char* pszGroup = bChoice ? "choice" : "sequence";
-    if (pGroup->getCompositor() == XSModelGroup::COMPOSITOR_ALL)
-        throw At(place, "all", "", "xs:all is not supported yet");
+    const bool bAll = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_ALL;
+    const char* pszGroup = bChoice ? "choice" : bAll ? "all" : "sequence";
+    m_model.m_vecClasses[nClass].m_bAll = bAll;
     if (pParticle->getMinOccurs() != 1 || pParticle->getMaxOccurs() != 1 || pParticle->getMaxOccursUnbounded())
         throw At(place, pszGroup, "", "a repeated or optional xs:" + std::string(pszGroup) + " is not supported yet");
     m_model.m_vecClasses[nClass].m_bChoice = bChoice;

@@ -2,6 +2,7 @@
 // of the hand binding samples/shape.h, which serves as the oracle: both read, refuse, select
 // and write alike. Picks chooses between runs of elements, whose counts make the selection.
 // Price and Note hold their element's text as the class's value. Box keeps open content.
+// Config takes its elements in any order.
 #include <gtest/gtest.h>
 #include <orvexxml/orvexxml.h>
 
@@ -9,6 +10,7 @@
 #include <string>
 
 #include "box.h"
+#include "config.h"
 #include "note.h"
 #include "picks.h"
 #include "price.h"
@@ -149,6 +151,21 @@ TEST(GeneratedOpenContent, WildcardsAndUntypedElementsKeepWhatTheyRead) {
     box->FromXml("<Box><Header>h</Header><Stamp/><Stamp>2</Stamp><x:Stamp xmlns:x=\"urn:x\"/></Box>", Ctx());
     EXPECT_EQ(box->GetStamp().GetCount(), 2);
     EXPECT_EQ(box->GetAnyElement().GetCount(), 1);
+}
+
+TEST(GeneratedAll, TakesTheElementsInAnyOrderAndWritesThemInTheSchemasOrder) {
+    CSmartPtr<XsdModels::CConfig> config = XsdModels::CConfig::CreateInstance();
+    config->FromXml("<Config><Port>80</Port><Host>h</Host><Name>n</Name></Config>", Ctx());
+    EXPECT_EQ(config->GetName(), "n");
+    EXPECT_EQ(config->GetHost(), "h");
+    ASSERT_TRUE(config->IsValidPort());
+    EXPECT_EQ(config->GetPort(), 80);
+    EXPECT_EQ(config->ToXml(false, false, EOLType_LF, Ctx()),
+              "<Config><Name>n</Name><Port>80</Port><Host>h</Host></Config>");
+    config->FromXml("<Config><Host>h</Host><Name>n</Name></Config>", Ctx());
+    EXPECT_FALSE(config->IsValidPort());
+    // A mandatory member that is missing is refused.
+    EXPECT_THROW(config->FromXml("<Config><Port>80</Port><Name>n</Name></Config>", Ctx()), COxException);
 }
 
 }  // namespace
