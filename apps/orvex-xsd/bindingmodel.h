@@ -55,6 +55,7 @@ struct CMemberModel {
     bool m_bHasDefault = false;
     std::string m_strDefault;
     bool m_bNillable = false;
+    bool m_bMustConsume = false;   // a mandatory group that can't be empty: it must take an element
     std::string m_strDescription;  // the schema type as the header comment names it
 };
 
@@ -67,6 +68,7 @@ struct CClassModel {
     std::vector<CMemberModel> m_vecMembers;
     bool m_bChoice = false;          // the content is a choice (XmlElementGroupType_Choice)
     bool m_bAll = false;             // the content is an all group (XmlElementGroupType_All); neither: a sequence
+    bool m_bPseudo = false;          // a model group: no tags of its own (XmlElementType_PseudoElement)
     bool m_bCollectionItem = false;  // some member holds a run of this class: emit its collection
     long long m_nOrder = 0;
 };

@@ -370,18 +370,19 @@ std::string CCodeEmitter::MetaDataEntry(const CClassModel& cls, const CMemberMod
     if (member.m_eKind == MemberKind_Class) {
         const CClassModel& child = m_model.m_vecClasses[member.m_nClass];
         const std::string strFactory = m_model.m_strFactory;
+        const std::string strOwnType = child.m_bPseudo ? "XmlElementType_PseudoElement" : "XmlElementType_Element";
         switch (member.m_eOccurrence) {
             case Occurrence_Mandatory:
                 return "    builder.AddElement(new CElementInfo" + strGroup + "ClsMnd(" + strName + ", " + strNs +
-                       ", " + strIndex + ", XmlElementType_Element, &" + strFactory + "::CreateClass, " + strFactory +
-                       "::ClassId_" + Stem(child) + ", false));\n";
+                       ", " + strIndex + ", " + strOwnType + ", &" + strFactory + "::CreateClass, " + strFactory +
+                       "::ClassId_" + Stem(child) + ", " + (member.m_bMustConsume ? "true" : "false") + "));\n";
             case Occurrence_Optional:
                 return "    builder.AddElement(new CElementInfo" + strGroup + "ClsOpt(" + strName + ", " + strNs +
-                       ", " + strIndex + ", XmlElementType_Element, &" + strFactory + "::CreateClass, " + strFactory +
+                       ", " + strIndex + ", " + strOwnType + ", &" + strFactory + "::CreateClass, " + strFactory +
                        "::ClassId_" + Stem(child) + "));\n";
             default:
                 return "    builder.AddElement(new CElementInfo" + strGroup + "ClsCol(" + strName + ", " + strNs +
-                       ", " + strIndex + ", XmlElementType_Element));\n";
+                       ", " + strIndex + ", " + strOwnType + "));\n";
         }
     }
     if (member.m_eOccurrence == Occurrence_Collection)
@@ -476,8 +477,9 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
          std::string(cls.m_bChoice ? "Choice"
                      : cls.m_bAll  ? "All"
                                    : "Sequence") +
-         ", XmlElementType_Element, " + Quote(cls.m_strXmlName) + ", NS, true, false, " + strValue +
-         ", nullptr, false));\n";
+         // A group reads the attributes of the element it stands in, none of which are its own.
+         (cls.m_bPseudo ? ", XmlElementType_PseudoElement, " : ", XmlElementType_Element, ") + Quote(cls.m_strXmlName) +
+         (cls.m_bPseudo ? ", NS, false, false, " : ", NS, true, false, ") + strValue + ", nullptr, false));\n";
     for (const CMemberModel& member : cls.m_vecMembers) {
         if (!member.m_bSimpleContent) s += MetaDataEntry(cls, member, mapRuleUses);
     }

@@ -4,6 +4,7 @@
 #include <xercesc/framework/psvi/XSAttributeDeclaration.hpp>
 #include <xercesc/framework/psvi/XSAttributeUse.hpp>
 #include <xercesc/framework/psvi/XSModelGroup.hpp>
+#include <xercesc/framework/psvi/XSModelGroupDefinition.hpp>
 #include <xercesc/framework/psvi/XSNamedMap.hpp>
 #include <xercesc/framework/psvi/XSWildcard.hpp>
 
@@ -585,19 +586,99 @@ void CModelBuilder::AddAttributeWildcard(int nClass, XSComplexTypeDefinition* pT
     vecMembers.insert(vecMembers.begin() + static_cast<long>(nAt), member);
 }
 
-void CModelBuilder::AddParticles(int nClass, XSComplexTypeDefinition* pType, const CPlace& place) {
-    XSParticle* pParticle = pType->getParticle();
-    if (!pParticle) return;
-    if (pParticle->getTermType() != XSParticle::TERM_MODELGROUP)
-        throw At(place, "", "", "content model of " + place.m_strName + " is not supported yet");
+// Whether a particle can match nothing: a group that can be empty needn't consume an element.
+static bool CanBeEmpty(XSParticle* pParticle) {
+    if (pParticle->getMinOccurs() == 0) return true;
+    if (pParticle->getTermType() != XSParticle::TERM_MODELGROUP) return false;
     XSModelGroup* pGroup = pParticle->getModelGroupTerm();
+    XSParticleList* pParticles = pGroup->getParticles();
     const bool bChoice = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_CHOICE;
-    const bool bAll = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_ALL;
-    const char* pszGroup = bChoice ? "choice" : bAll ? "all" : "sequence";
-    m_model.m_vecClasses[nClass].m_bAll = bAll;
-    if (pParticle->getMinOccurs() != 1 || pParticle->getMaxOccurs() != 1 || pParticle->getMaxOccursUnbounded())
-        throw At(place, pszGroup, "", "a repeated or optional xs:" + std::string(pszGroup) + " is not supported yet");
-    m_model.m_vecClasses[nClass].m_bChoice = bChoice;
+    if (!pParticles || pParticles->size() == 0) return true;
+    for (XMLSize_t i = 0; i < pParticles->size(); ++i) {
+        const bool bEmpty = CanBeEmpty(pParticles->elementAt(i));
+        if (bChoice && bEmpty) return true;
+        if (!bChoice && !bEmpty) return false;
+    }
+    return !bChoice;
+}
+
+// Whether a group is the expansion of a group definition: Xerces copies the particles of a
+// referenced group, so the two are compared by compositor and by the declarations in them.
+static bool SameGroup(XSModelGroup* pDefined, XSModelGroup* pGroup) {
+    if (pDefined == pGroup) return true;
+    if (!pDefined || pDefined->getCompositor() != pGroup->getCompositor()) return false;
+    XSParticleList* pA = pDefined->getParticles();
+    XSParticleList* pB = pGroup->getParticles();
+    if (!pA || !pB || pA->size() != pB->size() || pA->size() == 0) return false;
+    for (XMLSize_t i = 0; i < pA->size(); ++i) {
+        XSParticle* a = pA->elementAt(i);
+        XSParticle* b = pB->elementAt(i);
+        if (a->getTermType() != b->getTermType()) return false;
+        switch (a->getTermType()) {
+            case XSParticle::TERM_ELEMENT:
+                if (a->getElementTerm() != b->getElementTerm()) return false;
+                break;
+            case XSParticle::TERM_MODELGROUP:
+                if (!SameGroup(a->getModelGroupTerm(), b->getModelGroupTerm())) return false;
+                break;
+            default:
+                if (a->getWildcardTerm() != b->getWildcardTerm()) return false;
+        }
+    }
+    return true;
+}
+
+std::string CModelBuilder::GroupName(XSModelGroup* pGroup, int nParent) {
+    // A named group (xs:group) keeps its name; a group written in place is named after the
+    // class it stands in and its compositor.
+    XSNamedMap<XSObject>* pGroups = m_pModel->getComponents(XSConstants::MODEL_GROUP_DEFINITION);
+    for (XMLSize_t i = 0; pGroups && i < pGroups->getLength(); ++i) {
+        XSModelGroupDefinition* pDefinition = static_cast<XSModelGroupDefinition*>(pGroups->item(i));
+        if (SameGroup(pDefinition->getModelGroup(), pGroup)) return Text(pDefinition->getName());
+    }
+    const char* pszCompositor = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_CHOICE ? "Choice"
+                                : pGroup->getCompositor() == XSModelGroup::COMPOSITOR_ALL  ? "All"
+                                                                                           : "Sequence";
+    return m_model.m_vecClasses[nParent].m_strName.substr(1) + pszCompositor;
+}
+
+void CModelBuilder::AddGroup(int nClass, XSParticle* pParticle, const CPlace& place) {
+    XSModelGroup* pGroup = pParticle->getModelGroupTerm();
+    if (pParticle->getMaxOccursUnbounded() || pParticle->getMaxOccurs() > 1) {
+        const char* pszGroup = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_CHOICE ? "choice"
+                               : pGroup->getCompositor() == XSModelGroup::COMPOSITOR_ALL  ? "all"
+                                                                                          : "sequence";
+        throw At(place, pszGroup, "", std::string("a repeated nested xs:") + pszGroup + " is not supported yet");
+    }
+    const std::string strName = GroupName(pGroup, nClass);
+    const int nGroup = NewClass(CNameRules::Word(strName), strName, m_model.m_vecClasses[nClass].m_strNamespace,
+                                "the model group " + strName, 0);
+    m_model.m_vecClasses[nGroup].m_bPseudo = true;
+    FillGroup(nGroup, pGroup, place);
+
+    CMemberModel member;
+    member.m_eKind = MemberKind_Class;
+    member.m_nClass = nGroup;
+    member.m_strXmlName = m_model.m_vecClasses[nGroup].m_strXmlName;
+    member.m_strXmlNamespace = m_model.m_vecClasses[nClass].m_strNamespace;
+    member.m_strProperty = TakeMemberName(nClass, strName);
+    member.m_strDescription = "the group " + strName;
+    member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
+    member.m_nMaxOccurs = pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs());
+    if (member.m_nMaxOccurs == 1)
+        member.m_eOccurrence = member.m_nMinOccurs == 1 && !m_model.m_vecClasses[nClass].m_bChoice
+                                   ? Occurrence_Mandatory
+                                   : Occurrence_Optional;
+    else
+        member.m_eOccurrence = Occurrence_Collection;
+    member.m_bMustConsume = !CanBeEmpty(pParticle);
+    if (member.m_eOccurrence == Occurrence_Collection) m_model.m_vecClasses[nGroup].m_bCollectionItem = true;
+    m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
+}
+
+void CModelBuilder::FillGroup(int nClass, XSModelGroup* pGroup, const CPlace& place) {
+    m_model.m_vecClasses[nClass].m_bChoice = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_CHOICE;
+    m_model.m_vecClasses[nClass].m_bAll = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_ALL;
     XSParticleList* pParticles = pGroup->getParticles();
     for (XMLSize_t i = 0; pParticles && i < pParticles->size(); ++i) {
         XSParticle* pChild = pParticles->elementAt(i);
@@ -608,10 +689,26 @@ void CModelBuilder::AddParticles(int nClass, XSComplexTypeDefinition* pType, con
             case XSParticle::TERM_WILDCARD:
                 AddWildcard(nClass, pChild);
                 break;
+            case XSParticle::TERM_MODELGROUP:
+                AddGroup(nClass, pChild, place);
+                break;
             default:
-                throw At(place, pszGroup, "", "nested model groups are not supported yet");
+                break;
         }
     }
+}
+
+void CModelBuilder::AddParticles(int nClass, XSComplexTypeDefinition* pType, const CPlace& place) {
+    XSParticle* pParticle = pType->getParticle();
+    if (!pParticle) return;
+    if (pParticle->getTermType() != XSParticle::TERM_MODELGROUP)
+        throw At(place, "", "", "content model of " + place.m_strName + " is not supported yet");
+    // A group that stands once is the class's own content; an optional or repeated one is a
+    // group member of a sequence.
+    if (pParticle->getMinOccurs() == 1 && pParticle->getMaxOccurs() == 1 && !pParticle->getMaxOccursUnbounded())
+        FillGroup(nClass, pParticle->getModelGroupTerm(), place);
+    else
+        AddGroup(nClass, pParticle, place);
 }
 
 void CModelBuilder::AddSimpleContent(int nClass, XSSimpleTypeDefinition* pType, const CPlace& place) {

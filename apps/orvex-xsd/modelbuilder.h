@@ -10,6 +10,7 @@
 #include <xercesc/framework/psvi/XSComplexTypeDefinition.hpp>
 #include <xercesc/framework/psvi/XSElementDeclaration.hpp>
 #include <xercesc/framework/psvi/XSModel.hpp>
+#include <xercesc/framework/psvi/XSModelGroup.hpp>
 #include <xercesc/framework/psvi/XSParticle.hpp>
 #include <xercesc/framework/psvi/XSSimpleTypeDefinition.hpp>
 #include <xercesc/framework/psvi/XSWildcard.hpp>
@@ -60,6 +61,9 @@ private:
     void AddWildcard(int nClass, xercesc::XSParticle* pParticle);
     void AddAttributeWildcard(int nClass, xercesc::XSComplexTypeDefinition* pType);
     static std::string Restriction(xercesc::XSWildcard* pWildcard);
+    std::string GroupName(xercesc::XSModelGroup* pGroup, int nParent);
+    void AddGroup(int nClass, xercesc::XSParticle* pParticle, const CPlace& place);
+    void FillGroup(int nClass, xercesc::XSModelGroup* pGroup, const CPlace& place);
     void AddParticles(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place);
     void AddElement(int nClass, xercesc::XSParticle* pParticle, const CPlace& place);
     int ClassOfElement(xercesc::XSElementDeclaration* pElement, const CPlace& place);

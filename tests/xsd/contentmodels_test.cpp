@@ -2,7 +2,7 @@
 // of the hand binding samples/shape.h, which serves as the oracle: both read, refuse, select
 // and write alike. Picks chooses between runs of elements, whose counts make the selection.
 // Price and Note hold their element's text as the class's value. Box keeps open content.
-// Config takes its elements in any order.
+// Config takes its elements in any order. Schedule holds groups without tags of their own.
 #include <gtest/gtest.h>
 #include <orvexxml/orvexxml.h>
 
@@ -15,6 +15,7 @@
 #include "picks.h"
 #include "price.h"
 #include "samples/shape.h"
+#include "schedule.h"
 #include "shape.h"
 
 using namespace OrvexXml;
@@ -166,6 +167,38 @@ TEST(GeneratedAll, TakesTheElementsInAnyOrderAndWritesThemInTheSchemasOrder) {
     EXPECT_FALSE(config->IsValidPort());
     // A mandatory member that is missing is refused.
     EXPECT_THROW(config->FromXml("<Config><Port>80</Port><Name>n</Name></Config>", Ctx()), COxException);
+}
+
+TEST(GeneratedGroups, NestedAndNamedGroupsReadAndWriteInPlace) {
+    // Each document is written back as it was read.
+    const char* const documents[] = {
+        "<Schedule><Title>t</Title><SignedBy>x</SignedBy></Schedule>",
+        "<Schedule><Title>t</Title><Day>a</Day><SignedBy>x</SignedBy></Schedule>",
+        "<Schedule><Title>t</Title><Night>b</Night><SignedBy>x</SignedBy><SignedOn>2026-01-02</SignedOn></Schedule>",
+    };
+    for (const char* pszDocument : documents) {
+        SCOPED_TRACE(pszDocument);
+        CSmartPtr<XsdModels::CSchedule> schedule = XsdModels::CSchedule::CreateInstance();
+        schedule->FromXml(pszDocument, Ctx());
+        EXPECT_EQ(schedule->GetTitle(), "t");
+        EXPECT_EQ(schedule->GetSign()->GetSignedBy(), "x");
+        EXPECT_EQ(schedule->ToXml(false, false, EOLType_LF, Ctx()), pszDocument);
+    }
+    CSmartPtr<XsdModels::CSchedule> schedule = XsdModels::CSchedule::CreateInstance();
+    schedule->FromXml(documents[2], Ctx());
+    ASSERT_TRUE(schedule->GetScheduleChoice());
+    EXPECT_EQ(schedule->GetScheduleChoice()->GetChoiceSelectedElement(), "Night");
+    EXPECT_EQ(schedule->GetScheduleChoice()->GetNight(), "b");
+    EXPECT_TRUE(schedule->GetSign()->IsValidSignedOn());
+    // An optional group that matches nothing leaves its property null.
+    schedule->FromXml(documents[0], Ctx());
+    EXPECT_FALSE(schedule->GetScheduleChoice());
+    // The named group's first element is mandatory; the choice is taken once at most.
+    EXPECT_THROW(schedule->FromXml("<Schedule><Title>t</Title><Day>a</Day></Schedule>", Ctx()), COxException);
+    EXPECT_THROW(schedule->FromXml("<Schedule><Title>t</Title><Day>a</Day><Night>b</Night><SignedBy>x</SignedBy>"
+                                   "</Schedule>",
+                                   Ctx()),
+                 COxException);
 }
 
 }  // namespace
