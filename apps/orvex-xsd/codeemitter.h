@@ -5,6 +5,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 #include "bindingmodel.h"
 
@@ -12,7 +13,7 @@ namespace OrvexXsd {
 
 class CCodeEmitter {
 public:
-    explicit CCodeEmitter(const CSchemaSetModel& model) : m_model(model) {}
+    explicit CCodeEmitter(const CSchemaSetModel& model);
 
     // File name -> content, for every file of the output directory.
     std::map<std::string, std::string> Emit() const;
@@ -36,7 +37,18 @@ private:
     std::string NamespaceText(const CClassModel& cls, const CMemberModel& member) const;
     std::string Stem(const CClassModel& cls) const { return cls.m_strName.substr(1); }
 
+    // Classes whose headers can't include each other (their members refer to each other, by
+    // any number of steps) share a component; within one, headers declare and sources include.
+    void FindComponents();
+    void Visit(int nClass, std::vector<int>& vecStack, std::vector<int>& vecIndex, std::vector<int>& vecLow,
+               std::vector<bool>& vecOnStack, int& nCounter);
+    bool IsDeclaredOnly(int nFrom, int nTo) const {
+        return nFrom == nTo || m_vecComponent[nFrom] == m_vecComponent[nTo];
+    }
+    int IndexOf(const CClassModel& cls) const { return static_cast<int>(&cls - &m_model.m_vecClasses[0]); }
+
     const CSchemaSetModel& m_model;
+    std::vector<int> m_vecComponent;
 };
 
 }  // namespace OrvexXsd

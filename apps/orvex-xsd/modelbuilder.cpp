@@ -1,6 +1,7 @@
 #include "modelbuilder.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <xercesc/framework/psvi/XSAttributeDeclaration.hpp>
 #include <xercesc/framework/psvi/XSAttributeUse.hpp>
 #include <xercesc/framework/psvi/XSModelGroup.hpp>
@@ -76,6 +77,15 @@ std::string ItemTypeOf(const std::string& strBuiltIn) {
     return it == s_mapItemTypes.end() ? std::string() : it->second;
 }
 
+// A type by its name, since the model may hold more than one object for a named type; an
+// anonymous one by its object.
+std::string TypeKey(XSTypeDefinition* pType) {
+    if (!pType->getAnonymous()) return Text(pType->getNamespace()) + " " + Text(pType->getName());
+    char szKey[32];
+    std::snprintf(szKey, sizeof szKey, "#%p", static_cast<void*>(pType));
+    return szKey;
+}
+
 long long Number(const std::string& strText) { return strText.empty() ? -1 : std::stoll(strText); }
 
 }  // namespace
@@ -132,7 +142,7 @@ void CModelBuilder::CountParticle(XSParticle* pParticle) {
         XSElementDeclaration* pElement = pParticle->getElementTerm();
         if (pElement->getScope() == XSConstants::SCOPE_GLOBAL) return;  // a reference: counted once, globally
         XSTypeDefinition* pType = pElement->getTypeDefinition();
-        ++m_mapTypeUses[pType];
+        ++m_mapTypeUses[TypeKey(pType)];
         if (pType->getAnonymous() && pType->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE)
             CountComplexType(static_cast<XSComplexTypeDefinition*>(pType));
     } else if (pParticle->getTermType() == XSParticle::TERM_MODELGROUP) {
@@ -143,7 +153,7 @@ void CModelBuilder::CountParticle(XSParticle* pParticle) {
 
 void CModelBuilder::CountComplexType(XSComplexTypeDefinition* pType) {
     XSTypeDefinition* pBase = pType->getBaseType();
-    if (pBase && !IsBuiltIn(pBase)) ++m_mapTypeUses[pBase];
+    if (pBase && !IsBuiltIn(pBase)) ++m_mapTypeUses[TypeKey(pBase)];
     CountParticle(pType->getParticle());
 }
 
@@ -159,7 +169,7 @@ void CModelBuilder::CountTypeUses() {
     for (XMLSize_t i = 0; pElements && i < pElements->getLength(); ++i) {
         XSElementDeclaration* pElement = static_cast<XSElementDeclaration*>(pElements->item(i));
         XSTypeDefinition* pType = pElement->getTypeDefinition();
-        ++m_mapTypeUses[pType];
+        ++m_mapTypeUses[TypeKey(pType)];
         if (pType->getAnonymous() && pType->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE)
             CountComplexType(static_cast<XSComplexTypeDefinition*>(pType));
     }
@@ -239,11 +249,14 @@ void CModelBuilder::CreateTopLevelClasses() {
                          " of type xs:anyType has no class: CreateRootElement doesn't make it");
                 continue;
             }
-            if (pType->getAnonymous() || m_mapTypeUses[pType] == 1) {
+            if (pType->getAnonymous() || m_mapTypeUses[TypeKey(pType)] == 1) {
                 const int nClass =
                     NewClass(CNameRules::Word(strName), strName, strNamespace, "the element " + strName, top.m_nOrder);
                 m_mapElementClass[pElement] = nClass;
-                if (!pType->getAnonymous()) m_mapTypeClass[pComplex] = nClass;
+                if (!pType->getAnonymous()) {
+                    m_mapTypeClass[pComplex] = nClass;
+                    m_mapNamedTypeClass[Text(pType->getNamespace()) + " " + Text(pType->getName())] = nClass;
+                }
                 m_vecPending.push_back({nClass, {pComplex, place}});
             }
         } else {
@@ -253,6 +266,7 @@ void CModelBuilder::CreateTopLevelClasses() {
             const int nClass =
                 NewClass(CNameRules::Word(strName), strName, strNamespace, "the complex type " + strName, top.m_nOrder);
             m_mapTypeClass[pType] = nClass;
+            m_mapNamedTypeClass[strNamespace + " " + strName] = nClass;
             m_vecPending.push_back({nClass, {pType, CPlace{"complexType", strNamespace, strName}}});
         }
     }
@@ -397,6 +411,12 @@ int CModelBuilder::ClassOfElement(XSElementDeclaration* pElement, const CPlace& 
     XSComplexTypeDefinition* pType = static_cast<XSComplexTypeDefinition*>(pElement->getTypeDefinition());
     const auto itType = m_mapTypeClass.find(pType);
     if (itType != m_mapTypeClass.end()) return itType->second;
+    // The model may hold more than one object for a named type (a type that refers to
+    // itself): the name decides.
+    if (!pType->getAnonymous()) {
+        const auto itNamed = m_mapNamedTypeClass.find(Text(pType->getNamespace()) + " " + Text(pType->getName()));
+        if (itNamed != m_mapNamedTypeClass.end()) return itNamed->second;
+    }
     const std::string strName = Text(pElement->getName());
     if (IsBuiltIn(pType))
         throw At(place, "element", strName, "element " + strName + " of type xs:anyType is not supported yet");
@@ -766,6 +786,10 @@ void CModelBuilder::FillClass(int nClass, XSComplexTypeDefinition* pType, const 
 CSchemaSetModel CModelBuilder::Build(const std::string& strNamespace) {
     m_model.m_strNamespace = strNamespace;
     m_names.Take("Schema");
+    // Names of the collection base's own nested classes, which would hide a class of that name
+    // inside its collection.
+    m_names.Take("Node");
+    m_names.Take("ChangeScope");
     const std::string strFactory = m_names.Take(CNameRules::Word(strNamespace) + "Factory");
     m_model.m_strFactory = "C" + strFactory;
     m_model.m_strFactoryFile = CNameRules::Lower(strFactory);

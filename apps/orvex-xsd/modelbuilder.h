@@ -87,8 +87,9 @@ private:
     CSchemaSetModel m_model;
     CNameTable m_names;
     std::vector<CNameTable> m_vecMemberNames;
-    std::map<xercesc::XSTypeDefinition*, int> m_mapTypeUses;
+    std::map<std::string, int> m_mapTypeUses;  // by TypeKey
     std::map<xercesc::XSComplexTypeDefinition*, int> m_mapTypeClass;
+    std::map<std::string, int> m_mapNamedTypeClass;  // "namespace name" of a named type
     std::map<xercesc::XSElementDeclaration*, int> m_mapElementClass;
     std::map<xercesc::XSSimpleTypeDefinition*, std::string> m_mapEnums;
     std::vector<std::pair<int, std::pair<xercesc::XSComplexTypeDefinition*, CPlace>>> m_vecPending;

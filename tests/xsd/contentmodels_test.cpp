@@ -2,7 +2,8 @@
 // of the hand binding samples/shape.h, which serves as the oracle: both read, refuse, select
 // and write alike. Picks chooses between runs of elements, whose counts make the selection.
 // Price and Note hold their element's text as the class's value. Box keeps open content.
-// Config takes its elements in any order. Schedule holds groups without tags of their own.
+// Config takes its elements in any order. Schedule holds groups without tags of their own. Tree
+// is a recursive type, whose name Node its class can't take.
 #include <gtest/gtest.h>
 #include <orvexxml/orvexxml.h>
 
@@ -11,6 +12,8 @@
 
 #include "box.h"
 #include "config.h"
+#include "leaf.h"
+#include "node2.h"
 #include "note.h"
 #include "picks.h"
 #include "price.h"
@@ -199,6 +202,21 @@ TEST(GeneratedGroups, NestedAndNamedGroupsReadAndWriteInPlace) {
                                    "</Schedule>",
                                    Ctx()),
                  COxException);
+}
+
+TEST(GeneratedRecursion, ATypeThatHoldsItselfReadsAndWritesItsTree) {
+    const char* const pszDocument =
+        "<Tree><Label>a</Label><Child><Label>b</Label><Child><Label>c</Label></Child></Child>"
+        "<Child><Label>d</Label><Leaf><Back><Label>e</Label></Back></Leaf></Child></Tree>";
+    CSmartPtr<CXmlGeneratedClass> root = XsdModels::CreateRootElement("Tree", "");
+    ASSERT_TRUE(root);
+    root->FromXml(pszDocument, Ctx());
+    XsdModels::CNode2* pTree = dynamic_cast<XsdModels::CNode2*>(root.Get());
+    ASSERT_NE(pTree, nullptr);
+    ASSERT_EQ(pTree->GetChild().GetCount(), 2);
+    EXPECT_EQ(pTree->GetChild().Item(0)->GetChild().Item(0)->GetLabel(), "c");
+    EXPECT_EQ(pTree->GetChild().Item(1)->GetLeaf()->GetBack()->GetLabel(), "e");
+    EXPECT_EQ(root->ToXml(false, false, EOLType_LF, Ctx()), pszDocument);
 }
 
 }  // namespace
