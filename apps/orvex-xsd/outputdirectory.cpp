@@ -58,10 +58,12 @@ COutputDirectory::~COutputDirectory() {
     if (!m_strTemporary.empty()) RemoveTree(m_strTemporary);
 }
 
-void COutputDirectory::Format(const std::string& strFile) const {
+void COutputDirectory::Format(const std::vector<std::string>& vecFiles) const {
     const std::string strStyle = std::string("--style=") + kStyle;
     std::vector<char*> vecArgs = {const_cast<char*>(m_strFormatter.c_str()), const_cast<char*>("-i"),
-                                  const_cast<char*>(strStyle.c_str()), const_cast<char*>(strFile.c_str()), nullptr};
+                                  const_cast<char*>(strStyle.c_str())};
+    for (const std::string& strFile : vecFiles) vecArgs.push_back(const_cast<char*>(strFile.c_str()));
+    vecArgs.push_back(nullptr);
     pid_t pid = 0;
     if (posix_spawnp(&pid, m_strFormatter.c_str(), nullptr, nullptr, vecArgs.data(), environ) != 0)
         throw CSchemaError(m_strFormatter, 0, 0, "the formatter could not be started");
@@ -70,7 +72,7 @@ void COutputDirectory::Format(const std::string& strFile) const {
         if (errno != EINTR) throw SystemError("waiting for the formatter failed", m_strFormatter);
     }
     if (!WIFEXITED(nStatus) || WEXITSTATUS(nStatus) != 0)
-        throw CSchemaError(m_strFormatter, 0, 0, "the formatter failed on " + CFilePaths::BaseName(strFile));
+        throw CSchemaError(m_strFormatter, 0, 0, "the formatter failed");
 }
 
 void COutputDirectory::Commit(const std::map<std::string, std::string>& mapFiles) {
@@ -80,14 +82,21 @@ void COutputDirectory::Commit(const std::map<std::string, std::string>& mapFiles
     if (!mkdtemp(vecTemplate.data())) throw SystemError("can't create a directory beside the output", m_strDirectory);
     m_strTemporary = vecTemplate.data();
     chmod(m_strTemporary.c_str(), 0755);
+    // One formatter run takes a batch of files: starting it costs more than formatting a file.
+    std::vector<std::string> vecBatch;
     for (const auto& file : mapFiles) {
         const std::string strPath = m_strTemporary + "/" + file.first;
         std::ofstream out(strPath, std::ios::binary);
         out << file.second;
         out.close();
         if (!out) throw SystemError("can't write", strPath);
-        if (!m_strFormatter.empty()) Format(strPath);
+        vecBatch.push_back(strPath);
+        if (!m_strFormatter.empty() && vecBatch.size() == 256) {
+            Format(vecBatch);
+            vecBatch.clear();
+        }
     }
+    if (!m_strFormatter.empty() && !vecBatch.empty()) Format(vecBatch);
     // The old directory moves aside before the new one takes its name, and goes last.
     struct stat info;
     std::string strOld;

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace OrvexXsd {
 
@@ -21,7 +22,8 @@ public:
     void Commit(const std::map<std::string, std::string>& mapFiles);
 
 private:
-    void Format(const std::string& strFile) const;
+    // Runs the formatter on the files in place.
+    void Format(const std::vector<std::string>& vecFiles) const;
 
     std::string m_strDirectory;
     std::string m_strFormatter;
