@@ -1,0 +1,830 @@
+#include "modelbuilder.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <xercesc/framework/psvi/XSAttributeDeclaration.hpp>
+#include <xercesc/framework/psvi/XSAttributeUse.hpp>
+#include <xercesc/framework/psvi/XSModelGroup.hpp>
+#include <xercesc/framework/psvi/XSModelGroupDefinition.hpp>
+#include <xercesc/framework/psvi/XSNamedMap.hpp>
+#include <xercesc/framework/psvi/XSWildcard.hpp>
+
+#include "filepaths.h"
+#include "xercestext.h"
+
+XERCES_CPP_NAMESPACE_USE
+
+namespace OrvexXsd {
+
+namespace {
+
+const char kSchemaNamespace[] = "http://www.w3.org/2001/XMLSchema";
+
+std::string Text(const XMLCh* pszText) { return CXercesText::ToUtf8(pszText); }
+
+bool IsBuiltIn(XSTypeDefinition* pType) {
+    return Text(pType->getNamespace()) == kSchemaNamespace && !pType->getAnonymous();
+}
+
+// The ItemType of each built-in simple type that has one; the derived string types and the
+// URI and name types are strings.
+std::string ItemTypeOf(const std::string& strBuiltIn) {
+    static const std::map<std::string, std::string> s_mapItemTypes = {
+        {"string", "string"},
+        {"normalizedString", "string"},
+        {"token", "string"},
+        {"language", "string"},
+        {"Name", "string"},
+        {"NCName", "string"},
+        {"NMTOKEN", "string"},
+        {"ID", "string"},
+        {"IDREF", "string"},
+        {"ENTITY", "string"},
+        {"anyURI", "string"},
+        {"QName", "string"},
+        {"NOTATION", "string"},
+        {"anySimpleType", "string"},
+        {"boolean", "boolean"},
+        {"decimal", "decimal"},
+        {"integer", "integer"},
+        {"nonPositiveInteger", "integer"},
+        {"negativeInteger", "integer"},
+        {"nonNegativeInteger", "integer"},
+        {"positiveInteger", "integer"},
+        {"long", "i8"},
+        {"int", "i4"},
+        {"short", "i2"},
+        {"byte", "i1"},
+        {"unsignedLong", "ui8"},
+        {"unsignedInt", "ui4"},
+        {"unsignedShort", "ui2"},
+        {"unsignedByte", "ui1"},
+        {"float", "r4"},
+        {"double", "r8"},
+        {"duration", "duration"},
+        {"dateTime", "datetime"},
+        {"date", "date"},
+        {"time", "time"},
+        {"gYearMonth", "yearMonth"},
+        {"gYear", "year"},
+        {"gMonthDay", "monthDay"},
+        {"gDay", "day"},
+        {"gMonth", "month"},
+        {"hexBinary", "hexBinary"},
+        {"base64Binary", "base64Binary"},
+    };
+    const auto it = s_mapItemTypes.find(strBuiltIn);
+    return it == s_mapItemTypes.end() ? std::string() : it->second;
+}
+
+// A type by its name, since the model may hold more than one object for a named type; an
+// anonymous one by its object.
+std::string TypeKey(XSTypeDefinition* pType) {
+    if (!pType->getAnonymous()) return Text(pType->getNamespace()) + " " + Text(pType->getName());
+    char szKey[32];
+    std::snprintf(szKey, sizeof szKey, "#%p", static_cast<void*>(pType));
+    return szKey;
+}
+
+long long Number(const std::string& strText) { return strText.empty() ? -1 : std::stoll(strText); }
+
+}  // namespace
+
+CModelBuilder::CModelBuilder(XSModel* pModel, const CSourceIndex& index, bool bStrict)
+    : m_pModel(pModel), m_index(index), m_bStrict(bStrict) {}
+
+CSchemaError CModelBuilder::At(const CPlace& place, const std::string& strLocalKind, const std::string& strLocalName,
+                               const std::string& strMessage) const {
+    size_t nDocument = 0, nNode = 0;
+    if (!m_index.FindTopLevel(place.m_strKind, place.m_strNamespace, place.m_strName, nDocument, nNode))
+        return CSchemaError("", 0, 0, strMessage);
+    const CSourceIndex::CDocument& document = m_index.GetDocuments()[nDocument];
+    const CSourceIndex::CNode* pNode = &document.m_vecNodes[nNode];
+    if (!strLocalKind.empty()) {
+        // The first construct of that kind (and name, when given) inside the component.
+        for (size_t n = nNode + 1; n < document.m_vecNodes.size(); ++n) {
+            const CSourceIndex::CNode& node = document.m_vecNodes[n];
+            if (node.m_nTopLevel != static_cast<int>(nNode)) break;
+            const std::string strRefName = node.m_strRef.substr(node.m_strRef.find(':') + 1);
+            if (node.m_strKind == strLocalKind &&
+                (strLocalName.empty() || node.m_strName == strLocalName || strRefName == strLocalName)) {
+                pNode = &node;
+                break;
+            }
+        }
+    }
+    return CSchemaError(CFilePaths::Display(document.m_strPath), pNode->m_nLine, pNode->m_nColumn, strMessage);
+}
+
+void CModelBuilder::Warn(const CPlace& place, const std::string& strLocalKind, const std::string& strLocalName,
+                         const std::string& strMessage) {
+    const CSchemaError warning = At(place, strLocalKind, strLocalName, strMessage);
+    if (m_bStrict) throw warning;
+    m_vecWarnings.push_back(warning);
+}
+
+void CModelBuilder::WarnIdentityConstraints() {
+    for (const CSourceIndex::CDocument& document : m_index.GetDocuments()) {
+        for (const CSourceIndex::CNode& node : document.m_vecNodes) {
+            if (node.m_strKind != "key" && node.m_strKind != "keyref" && node.m_strKind != "unique") continue;
+            const CSchemaError warning(CFilePaths::Display(document.m_strPath), node.m_nLine, node.m_nColumn,
+                                       "identity constraint xs:" + node.m_strKind + " " + node.m_strName +
+                                           " is not checked: the bound classes don't enforce it");
+            if (m_bStrict) throw warning;
+            m_vecWarnings.push_back(warning);
+        }
+    }
+}
+
+void CModelBuilder::CountParticle(XSParticle* pParticle) {
+    if (!pParticle) return;
+    if (pParticle->getTermType() == XSParticle::TERM_ELEMENT) {
+        XSElementDeclaration* pElement = pParticle->getElementTerm();
+        if (pElement->getScope() == XSConstants::SCOPE_GLOBAL) return;  // a reference: counted once, globally
+        XSTypeDefinition* pType = pElement->getTypeDefinition();
+        ++m_mapTypeUses[TypeKey(pType)];
+        if (pType->getAnonymous() && pType->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE)
+            CountComplexType(static_cast<XSComplexTypeDefinition*>(pType));
+    } else if (pParticle->getTermType() == XSParticle::TERM_MODELGROUP) {
+        XSParticleList* pParticles = pParticle->getModelGroupTerm()->getParticles();
+        for (XMLSize_t i = 0; pParticles && i < pParticles->size(); ++i) CountParticle(pParticles->elementAt(i));
+    }
+}
+
+void CModelBuilder::CountComplexType(XSComplexTypeDefinition* pType) {
+    XSTypeDefinition* pBase = pType->getBaseType();
+    if (pBase && !IsBuiltIn(pBase)) ++m_mapTypeUses[TypeKey(pBase)];
+    CountParticle(pType->getParticle());
+}
+
+void CModelBuilder::CountTypeUses() {
+    XSNamedMap<XSObject>* pTypes = m_pModel->getComponents(XSConstants::TYPE_DEFINITION);
+    for (XMLSize_t i = 0; pTypes && i < pTypes->getLength(); ++i) {
+        XSTypeDefinition* pType = static_cast<XSTypeDefinition*>(pTypes->item(i));
+        if (IsBuiltIn(pType)) continue;
+        if (pType->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE)
+            CountComplexType(static_cast<XSComplexTypeDefinition*>(pType));
+    }
+    XSNamedMap<XSObject>* pElements = m_pModel->getComponents(XSConstants::ELEMENT_DECLARATION);
+    for (XMLSize_t i = 0; pElements && i < pElements->getLength(); ++i) {
+        XSElementDeclaration* pElement = static_cast<XSElementDeclaration*>(pElements->item(i));
+        XSTypeDefinition* pType = pElement->getTypeDefinition();
+        ++m_mapTypeUses[TypeKey(pType)];
+        if (pType->getAnonymous() && pType->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE)
+            CountComplexType(static_cast<XSComplexTypeDefinition*>(pType));
+    }
+}
+
+int CModelBuilder::NewClass(const std::string& strStem, const std::string& strXmlName, const std::string& strNamespace,
+                            const std::string& strOrigin, long long nOrder) {
+    CClassModel model;
+    const std::string strWord = m_names.Take(strStem);
+    model.m_strName = "C" + strWord;
+    model.m_strFile = CNameRules::Lower(strWord);
+    model.m_strXmlName = strXmlName;
+    model.m_strNamespace = strNamespace;
+    model.m_strOrigin = strOrigin;
+    model.m_nOrder = nOrder;
+    m_model.m_vecClasses.push_back(model);
+    // Names the runtime's base classes use for their own operations stay free.
+    CNameTable members;
+    for (const char* pszTaken : {"Base", "Namespace", "TargetNamespace", "ElementName", "ParentElementInfo",
+                                 "ClassElementInfo", "ClassAttributeInfo", "Instance"})
+        members.Take(pszTaken);
+    m_vecMemberNames.push_back(members);
+    return static_cast<int>(m_model.m_vecClasses.size()) - 1;
+}
+
+void CModelBuilder::CreateTopLevelClasses() {
+    // Global elements and named complex types in document order; a named type that only one
+    // global element uses, and nothing else, is bound by that element's class.
+    struct CTopLevel {
+        long long m_nOrder;
+        XSElementDeclaration* m_pElement;
+        XSComplexTypeDefinition* m_pType;
+    };
+    std::vector<CTopLevel> vecTopLevel;
+    XSNamedMap<XSObject>* pElements = m_pModel->getComponents(XSConstants::ELEMENT_DECLARATION);
+    for (XMLSize_t i = 0; pElements && i < pElements->getLength(); ++i) {
+        XSElementDeclaration* pElement = static_cast<XSElementDeclaration*>(pElements->item(i));
+        if (Text(pElement->getNamespace()) == kSchemaNamespace) continue;
+        vecTopLevel.push_back(
+            {m_index.OrderOf("element", Text(pElement->getNamespace()), Text(pElement->getName())), pElement, nullptr});
+    }
+    XSNamedMap<XSObject>* pTypes = m_pModel->getComponents(XSConstants::TYPE_DEFINITION);
+    for (XMLSize_t i = 0; pTypes && i < pTypes->getLength(); ++i) {
+        XSTypeDefinition* pType = static_cast<XSTypeDefinition*>(pTypes->item(i));
+        if (IsBuiltIn(pType) || pType->getTypeCategory() != XSTypeDefinition::COMPLEX_TYPE) continue;
+        vecTopLevel.push_back({m_index.OrderOf("complexType", Text(pType->getNamespace()), Text(pType->getName())),
+                               nullptr, static_cast<XSComplexTypeDefinition*>(pType)});
+    }
+    // Ties (components the index doesn't know) fall back on namespace and name.
+    std::stable_sort(vecTopLevel.begin(), vecTopLevel.end(), [](const CTopLevel& a, const CTopLevel& b) {
+        if (a.m_nOrder != b.m_nOrder) return a.m_nOrder < b.m_nOrder;
+        XSObject* pA = a.m_pElement ? static_cast<XSObject*>(a.m_pElement) : a.m_pType;
+        XSObject* pB = b.m_pElement ? static_cast<XSObject*>(b.m_pElement) : b.m_pType;
+        const std::string strA = Text(pA->getNamespace()) + " " + Text(pA->getName());
+        const std::string strB = Text(pB->getNamespace()) + " " + Text(pB->getName());
+        if (strA != strB) return strA < strB;
+        return a.m_pElement != nullptr && b.m_pElement == nullptr;
+    });
+    for (const CTopLevel& top : vecTopLevel) {
+        if (top.m_pElement) {
+            XSElementDeclaration* pElement = top.m_pElement;
+            const std::string strName = Text(pElement->getName()), strNamespace = Text(pElement->getNamespace());
+            const CPlace place = {"element", strNamespace, strName};
+            XSTypeDefinition* pType = pElement->getTypeDefinition();
+            if (pType->getTypeCategory() != XSTypeDefinition::COMPLEX_TYPE) {
+                // A document element of a simple type: a class whose value is the element's text.
+                const int nClass =
+                    NewClass(CNameRules::Word(strName), strName, strNamespace, "the element " + strName, top.m_nOrder);
+                m_mapElementClass[pElement] = nClass;
+                m_vecSimplePending.push_back({nClass, {static_cast<XSSimpleTypeDefinition*>(pType), place}});
+                continue;
+            }
+            XSComplexTypeDefinition* pComplex = static_cast<XSComplexTypeDefinition*>(pType);
+            if (IsBuiltIn(pType)) {
+                Warn(place, "", "",
+                     "global element " + strName +
+                         " of type xs:anyType has no class: CreateRootElement doesn't make it");
+                continue;
+            }
+            if (pType->getAnonymous() || m_mapTypeUses[TypeKey(pType)] == 1) {
+                const int nClass =
+                    NewClass(CNameRules::Word(strName), strName, strNamespace, "the element " + strName, top.m_nOrder);
+                m_mapElementClass[pElement] = nClass;
+                if (!pType->getAnonymous()) {
+                    m_mapTypeClass[pComplex] = nClass;
+                    m_mapNamedTypeClass[Text(pType->getNamespace()) + " " + Text(pType->getName())] = nClass;
+                }
+                m_vecPending.push_back({nClass, {pComplex, place}});
+            }
+        } else {
+            XSComplexTypeDefinition* pType = top.m_pType;
+            if (m_mapTypeClass.count(pType)) continue;
+            const std::string strName = Text(pType->getName()), strNamespace = Text(pType->getNamespace());
+            const int nClass =
+                NewClass(CNameRules::Word(strName), strName, strNamespace, "the complex type " + strName, top.m_nOrder);
+            m_mapTypeClass[pType] = nClass;
+            m_mapNamedTypeClass[strNamespace + " " + strName] = nClass;
+            m_vecPending.push_back({nClass, {pType, CPlace{"complexType", strNamespace, strName}}});
+        }
+    }
+    // Global elements of a shared named type start a document with an object of that type.
+    for (const CTopLevel& top : vecTopLevel) {
+        if (!top.m_pElement) continue;
+        XSElementDeclaration* pElement = top.m_pElement;
+        int nClass = -1;
+        const auto it = m_mapElementClass.find(pElement);
+        if (it == m_mapElementClass.end() &&
+            (pElement->getTypeDefinition()->getTypeCategory() != XSTypeDefinition::COMPLEX_TYPE ||
+             IsBuiltIn(pElement->getTypeDefinition())))
+            continue;
+        if (it != m_mapElementClass.end())
+            nClass = it->second;
+        else
+            nClass = m_mapTypeClass[static_cast<XSComplexTypeDefinition*>(pElement->getTypeDefinition())];
+        m_mapElementClass[pElement] = nClass;
+        m_model.m_vecRoots.push_back({Text(pElement->getName()), Text(pElement->getNamespace()), nClass});
+    }
+}
+
+std::string CModelBuilder::TakeMemberName(int nClass, const std::string& strXmlName) {
+    return m_vecMemberNames[nClass].Take(CNameRules::Word(strXmlName));
+}
+
+std::string CModelBuilder::EnumFor(XSSimpleTypeDefinition* pType, const std::string& strOwner) {
+    const auto it = m_mapEnums.find(pType);
+    if (it != m_mapEnums.end()) return it->second;
+    CEnumModel model;
+    const bool bNamed = !pType->getAnonymous();
+    model.m_strName = m_names.Take(CNameRules::Word(bNamed ? Text(pType->getName()) : strOwner));
+    model.m_strFile = CNameRules::Lower(model.m_strName);
+    model.m_strOrigin = bNamed ? "the simple type " + Text(pType->getName()) : "the values of " + strOwner;
+    StringList* pValues = pType->getLexicalEnumeration();
+    CNameTable identifiers;
+    for (XMLSize_t i = 0; pValues && i < pValues->size(); ++i) {
+        const std::string strValue = Text(pValues->elementAt(i));
+        // The same value twice is one value.
+        if (std::find(model.m_vecValues.begin(), model.m_vecValues.end(), strValue) != model.m_vecValues.end())
+            continue;
+        model.m_vecValues.push_back(strValue);
+        model.m_vecIdentifiers.push_back(model.m_strName + "_" + identifiers.Take(CNameRules::EnumTail(strValue)));
+    }
+    m_model.m_vecEnums.push_back(model);
+    m_mapEnums[pType] = model.m_strName;
+    return model.m_strName;
+}
+
+CModelBuilder::CValueType CModelBuilder::ValueOf(XSSimpleTypeDefinition* pType, const std::string& strOwner,
+                                                 const CPlace& place, const std::string& strLocalKind,
+                                                 const std::string& strLocalName) {
+    CValueType value;
+    if (pType->getVariety() != XSSimpleTypeDefinition::VARIETY_ATOMIC) {
+        const std::string strVariety = pType->getVariety() == XSSimpleTypeDefinition::VARIETY_LIST ? "list" : "union";
+        Warn(place, strLocalKind, strLocalName,
+             "the " + strVariety + " type of " + strOwner + " is bound as xs:string: its items are not checked");
+        value.m_strItemType = "string";
+        value.m_strBuiltIn = "string";
+        value.m_strWhitespace = strVariety == "list" ? "collapse" : "preserve";
+        value.m_strDescription = "xs:string (a " + strVariety + ")";
+        return value;
+    }
+    XSSimpleTypeDefinition* pBuiltIn = pType;
+    while (!IsBuiltIn(pBuiltIn)) pBuiltIn = static_cast<XSSimpleTypeDefinition*>(pBuiltIn->getBaseType());
+    const std::string strBuiltIn = Text(pBuiltIn->getName());
+    value.m_strItemType = ItemTypeOf(strBuiltIn);
+    value.m_strBuiltIn = strBuiltIn;
+    if (value.m_strItemType.empty())
+        throw At(place, strLocalKind, strLocalName, "the built-in type xs:" + strBuiltIn + " has no binding");
+    value.m_strWhitespace = Text(pType->getLexicalFacetValue(XSSimpleTypeDefinition::FACET_WHITESPACE));
+    if (value.m_strWhitespace.empty())
+        value.m_strWhitespace = value.m_strItemType == "string" ? "preserve" : "collapse";
+    value.m_strDescription = "xs:" + strBuiltIn;
+    if (pType == pBuiltIn) return value;
+
+    // Facets that the schema's own derivations add to the built-in type.
+    auto Own = [&](XSSimpleTypeDefinition::FACET eFacet) {
+        if (!pType->isDefinedFacet(eFacet)) return std::string();
+        const std::string strValue = Text(pType->getLexicalFacetValue(eFacet));
+        if (pBuiltIn->isDefinedFacet(eFacet) && Text(pBuiltIn->getLexicalFacetValue(eFacet)) == strValue)
+            return std::string();
+        return strValue;
+    };
+    CFacetSet& facets = value.m_facets;
+    facets.m_nLength = Number(Own(XSSimpleTypeDefinition::FACET_LENGTH));
+    facets.m_nMinLength = Number(Own(XSSimpleTypeDefinition::FACET_MINLENGTH));
+    facets.m_nMaxLength = Number(Own(XSSimpleTypeDefinition::FACET_MAXLENGTH));
+    facets.m_strMinInclusive = Own(XSSimpleTypeDefinition::FACET_MININCLUSIVE);
+    facets.m_strMaxInclusive = Own(XSSimpleTypeDefinition::FACET_MAXINCLUSIVE);
+    facets.m_strMinExclusive = Own(XSSimpleTypeDefinition::FACET_MINEXCLUSIVE);
+    facets.m_strMaxExclusive = Own(XSSimpleTypeDefinition::FACET_MAXEXCLUSIVE);
+    facets.m_nTotalDigits = Number(Own(XSSimpleTypeDefinition::FACET_TOTALDIGITS));
+    facets.m_nFractionDigits = Number(Own(XSSimpleTypeDefinition::FACET_FRACTIONDIGITS));
+    std::vector<std::string> vecPatterns;
+    StringList* pPatterns = pType->getLexicalPattern();
+    StringList* pBuiltInPatterns = pBuiltIn->getLexicalPattern();
+    for (XMLSize_t i = 0; pPatterns && i < pPatterns->size(); ++i) {
+        const std::string strPattern = Text(pPatterns->elementAt(i));
+        bool bInherited = false;
+        for (XMLSize_t j = 0; pBuiltInPatterns && j < pBuiltInPatterns->size(); ++j)
+            bInherited = bInherited || Text(pBuiltInPatterns->elementAt(j)) == strPattern;
+        if (!bInherited) vecPatterns.push_back(strPattern);
+    }
+    if (!vecPatterns.empty()) facets.m_strPattern = vecPatterns.front();
+    if (vecPatterns.size() > 1)
+        Warn(place, strLocalKind, strLocalName,
+             "the type of " + strOwner + " has patterns in several derivation steps: only " + vecPatterns.front() +
+                 " is checked");
+
+    const bool bNamed = !pType->getAnonymous();
+    if (pType->isDefinedFacet(XSSimpleTypeDefinition::FACET_ENUMERATION)) {
+        if (value.m_strItemType == "string") {
+            value.m_eKind = MemberKind_Enum;
+            value.m_strEnum = EnumFor(pType, strOwner);
+            value.m_strDescription = value.m_strEnum;
+            return value;
+        }
+        Warn(place, strLocalKind, strLocalName,
+             "the enumeration of " + strOwner + " (xs:" + strBuiltIn +
+                 ") is bound as its primitive type: the values are not checked");
+    }
+    std::string strFacetText;
+    if (!facets.m_strPattern.empty()) strFacetText = "pattern " + facets.m_strPattern;
+    if (!facets.IsEmpty() && strFacetText.empty()) strFacetText = "restricted";
+    if (bNamed) {
+        value.m_strDescription =
+            Text(pType->getName()) + " (xs:" + strBuiltIn + (strFacetText.empty() ? "" : ", " + strFacetText) + ")";
+        if (!facets.IsEmpty()) {
+            value.m_strFacetsName = CNameRules::LowerFirst(CNameRules::Word(Text(pType->getName())));
+            value.m_strFacetsSource = Text(pType->getName());
+        }
+    } else if (!strFacetText.empty()) {
+        value.m_strDescription += ", " + strFacetText;
+    }
+    return value;
+}
+
+int CModelBuilder::ClassOfElement(XSElementDeclaration* pElement, const CPlace& place) {
+    const auto itElement = m_mapElementClass.find(pElement);
+    if (itElement != m_mapElementClass.end()) return itElement->second;
+    XSComplexTypeDefinition* pType = static_cast<XSComplexTypeDefinition*>(pElement->getTypeDefinition());
+    const auto itType = m_mapTypeClass.find(pType);
+    if (itType != m_mapTypeClass.end()) return itType->second;
+    // The model may hold more than one object for a named type (a type that refers to
+    // itself): the name decides.
+    if (!pType->getAnonymous()) {
+        const auto itNamed = m_mapNamedTypeClass.find(Text(pType->getNamespace()) + " " + Text(pType->getName()));
+        if (itNamed != m_mapNamedTypeClass.end()) return itNamed->second;
+    }
+    const std::string strName = Text(pElement->getName());
+    if (IsBuiltIn(pType))
+        throw At(place, "element", strName, "element " + strName + " of type xs:anyType is not supported yet");
+    // An anonymous type of a local element: a class named after the element.
+    const int nClass = NewClass(CNameRules::Word(strName), strName, Text(pElement->getNamespace()),
+                                "the type of the local element " + strName, 0);
+    m_mapTypeClass[pType] = nClass;
+    FillClass(nClass, pType, place);
+    return nClass;
+}
+
+void CModelBuilder::AddAttributes(int nClass, XSComplexTypeDefinition* pType, const CPlace& place) {
+    XSAttributeUseList* pUses = pType->getAttributeUses();
+    std::vector<std::pair<long long, XSAttributeUse*>> vecUses;
+    for (XMLSize_t i = 0; pUses && i < pUses->size(); ++i) {
+        XSAttributeUse* pUse = pUses->elementAt(i);
+        // Document order: the position of the declaration (or reference) in the component.
+        size_t nDocument = 0, nNode = 0;
+        long long nOrder = 1LL << 40;
+        if (m_index.FindTopLevel(place.m_strKind, place.m_strNamespace, place.m_strName, nDocument, nNode)) {
+            const std::vector<CSourceIndex::CNode>& vecNodes = m_index.GetDocuments()[nDocument].m_vecNodes;
+            const std::string strName = Text(pUse->getAttrDeclaration()->getName());
+            for (size_t n = nNode + 1; n < vecNodes.size() && vecNodes[n].m_nTopLevel == static_cast<int>(nNode); ++n) {
+                const std::string strRef = vecNodes[n].m_strRef.substr(vecNodes[n].m_strRef.find(':') + 1);
+                if (vecNodes[n].m_strKind == "attribute" && (vecNodes[n].m_strName == strName || strRef == strName)) {
+                    nOrder = static_cast<long long>(n);
+                    break;
+                }
+            }
+        }
+        vecUses.push_back({nOrder, pUse});
+    }
+    std::stable_sort(vecUses.begin(), vecUses.end(), [](const auto& a, const auto& b) {
+        if (a.first != b.first) return a.first < b.first;
+        return Text(a.second->getAttrDeclaration()->getName()) < Text(b.second->getAttrDeclaration()->getName());
+    });
+    for (const auto& use : vecUses) {
+        XSAttributeUse* pUse = use.second;
+        XSAttributeDeclaration* pDeclaration = pUse->getAttrDeclaration();
+        CMemberModel member;
+        member.m_bAttribute = true;
+        member.m_strXmlName = Text(pDeclaration->getName());
+        member.m_strXmlNamespace = Text(pDeclaration->getNamespace());
+        member.m_strProperty = TakeMemberName(nClass, member.m_strXmlName);
+        member.m_eOccurrence = pUse->getRequired() ? Occurrence_Mandatory : Occurrence_Optional;
+        const CValueType value = ValueOf(pDeclaration->getTypeDefinition(), "@" + member.m_strXmlName, place,
+                                         "attribute", member.m_strXmlName);
+        member.m_eKind = value.m_eKind;
+        member.m_strItemType = value.m_strItemType;
+        member.m_strBuiltIn = value.m_strBuiltIn;
+        member.m_strWhitespace = value.m_strWhitespace;
+        member.m_facets = value.m_facets;
+        member.m_strFacetsName = value.m_strFacetsName;
+        member.m_strFacetsSource = value.m_strFacetsSource;
+        member.m_strEnum = value.m_strEnum;
+        member.m_strDescription = value.m_strDescription;
+        XSConstants::VALUE_CONSTRAINT eConstraint = pUse->getConstraintType();
+        const XMLCh* pszConstraint = pUse->getConstraintValue();
+        if (eConstraint == XSConstants::VALUE_CONSTRAINT_NONE) {
+            eConstraint = pDeclaration->getConstraintType();
+            pszConstraint = pDeclaration->getConstraintValue();
+        }
+        if (eConstraint != XSConstants::VALUE_CONSTRAINT_NONE) {
+            member.m_bHasDefault = true;
+            member.m_strDefault = Text(pszConstraint);
+        }
+        m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
+    }
+}
+
+void CModelBuilder::AddElement(int nClass, XSParticle* pParticle, const CPlace& place) {
+    XSElementDeclaration* pElement = pParticle->getElementTerm();
+    CMemberModel member;
+    member.m_strXmlName = Text(pElement->getName());
+    member.m_strXmlNamespace = Text(pElement->getNamespace());
+    const std::string& strName = member.m_strXmlName;
+    if (pElement->getAbstract())
+        throw At(place, "element", strName, "abstract element " + strName + " is not supported yet");
+    if (pElement->getScope() == XSConstants::SCOPE_GLOBAL) {
+        XSNamedMap<XSObject>* pElements = m_pModel->getComponents(XSConstants::ELEMENT_DECLARATION);
+        for (XMLSize_t i = 0; pElements && i < pElements->getLength(); ++i) {
+            if (static_cast<XSElementDeclaration*>(pElements->item(i))->getSubstitutionGroupAffiliation() == pElement)
+                throw At(place, "element", strName, "substitution group of " + strName + " is not supported yet");
+        }
+    }
+    if (pElement->getNillable())
+        throw At(place, "element", strName, "nillable element " + strName + " is not supported yet");
+    member.m_strProperty = TakeMemberName(nClass, strName);
+    const bool bUnbounded = pParticle->getMaxOccursUnbounded();
+    member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
+    member.m_nMaxOccurs = bUnbounded ? -1 : static_cast<int>(pParticle->getMaxOccurs());
+    // A member of a choice is there only when the choice selects it.
+    if (member.m_nMaxOccurs == 1)
+        member.m_eOccurrence = member.m_nMinOccurs == 1 && !m_model.m_vecClasses[nClass].m_bChoice
+                                   ? Occurrence_Mandatory
+                                   : Occurrence_Optional;
+    else
+        member.m_eOccurrence = Occurrence_Collection;
+    XSTypeDefinition* pType = pElement->getTypeDefinition();
+    if (pType->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE && IsBuiltIn(pType)) {
+        // An element of no schema type: held as a CElement of its own name and namespace.
+        member.m_eKind = MemberKind_Untyped;
+        // The member takes elements by its name; the namespace is the element's own.
+        member.m_strRestriction = "##any";
+        member.m_strDescription = "xs:anyType";
+        if (member.m_eOccurrence == Occurrence_Mandatory) member.m_eOccurrence = Occurrence_Collection;
+    } else if (pType->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE) {
+        member.m_eKind = MemberKind_Class;
+        member.m_nClass = ClassOfElement(pElement, place);
+        member.m_strDescription = pType->getAnonymous() ? "anonymous type" : Text(pType->getName());
+        if (member.m_eOccurrence == Occurrence_Collection)
+            m_model.m_vecClasses[member.m_nClass].m_bCollectionItem = true;
+    } else {
+        const CValueType value =
+            ValueOf(static_cast<XSSimpleTypeDefinition*>(pType), strName, place, "element", strName);
+        if (value.m_eKind == MemberKind_Enum && member.m_eOccurrence == Occurrence_Collection)
+            throw At(place, "element", strName, "repeating enumeration element " + strName + " is not supported yet");
+        if (value.m_strItemType == "char" && member.m_eOccurrence == Occurrence_Collection)
+            throw At(place, "element", strName, "repeating element " + strName + " of kind char has no collection");
+        member.m_eKind = value.m_eKind;
+        member.m_strItemType = value.m_strItemType;
+        member.m_strBuiltIn = value.m_strBuiltIn;
+        member.m_strWhitespace = value.m_strWhitespace;
+        member.m_facets = value.m_facets;
+        member.m_strFacetsName = value.m_strFacetsName;
+        member.m_strFacetsSource = value.m_strFacetsSource;
+        member.m_strEnum = value.m_strEnum;
+        member.m_strDescription = value.m_strDescription;
+        if (pElement->getConstraintType() != XSConstants::VALUE_CONSTRAINT_NONE) {
+            member.m_bHasDefault = true;
+            member.m_strDefault = Text(pElement->getConstraintValue());
+        }
+    }
+    m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
+}
+
+std::string CModelBuilder::Restriction(XSWildcard* pWildcard) {
+    switch (pWildcard->getConstraintType()) {
+        case XSWildcard::NSCONSTRAINT_ANY:
+            return "##any";
+        case XSWildcard::NSCONSTRAINT_NOT:
+            return "##other";
+        default:
+            break;
+    }
+    std::string strList;
+    StringList* pList = pWildcard->getNsConstraintList();
+    for (XMLSize_t i = 0; pList && i < pList->size(); ++i) {
+        const std::string strNamespace = Text(pList->elementAt(i));
+        strList += (i ? " " : "") + (strNamespace.empty() ? std::string("##local") : strNamespace);
+    }
+    return strList.empty() ? "##local" : strList;
+}
+
+void CModelBuilder::AddWildcard(int nClass, XSParticle* pParticle) {
+    CMemberModel member;
+    member.m_eKind = MemberKind_Untyped;
+    member.m_strXmlName = "AnyElement";
+    member.m_strXmlNamespace = m_model.m_vecClasses[nClass].m_strNamespace;
+    member.m_strProperty = TakeMemberName(nClass, "AnyElement");
+    member.m_strRestriction = Restriction(pParticle->getWildcardTerm());
+    member.m_strDescription = "any element of " + member.m_strRestriction;
+    member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
+    member.m_nMaxOccurs = pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs());
+    // Once and optional: one CElement; else a CElementCol whose limits keep the counts.
+    const bool bOptionalOnce =
+        member.m_nMaxOccurs == 1 && (member.m_nMinOccurs == 0 || m_model.m_vecClasses[nClass].m_bChoice);
+    member.m_eOccurrence = bOptionalOnce ? Occurrence_Optional : Occurrence_Collection;
+    m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
+}
+
+void CModelBuilder::AddAttributeWildcard(int nClass, XSComplexTypeDefinition* pType) {
+    XSWildcard* pWildcard = pType->getAttributeWildcard();
+    if (!pWildcard) return;
+    CMemberModel member;
+    member.m_bAttribute = true;
+    member.m_eKind = MemberKind_Untyped;
+    member.m_eOccurrence = Occurrence_Collection;
+    member.m_strXmlName = "AnyAttribute";
+    member.m_strProperty = TakeMemberName(nClass, "AnyAttribute");
+    member.m_strRestriction = Restriction(pWildcard);
+    member.m_strDescription = "any attribute of " + member.m_strRestriction;
+    // Attributes come before the elements in the property order.
+    std::vector<CMemberModel>& vecMembers = m_model.m_vecClasses[nClass].m_vecMembers;
+    size_t nAt = 0;
+    while (nAt < vecMembers.size() && vecMembers[nAt].m_bAttribute) ++nAt;
+    vecMembers.insert(vecMembers.begin() + static_cast<long>(nAt), member);
+}
+
+// Whether a particle can match nothing: a group that can be empty needn't consume an element.
+static bool CanBeEmpty(XSParticle* pParticle) {
+    if (pParticle->getMinOccurs() == 0) return true;
+    if (pParticle->getTermType() != XSParticle::TERM_MODELGROUP) return false;
+    XSModelGroup* pGroup = pParticle->getModelGroupTerm();
+    XSParticleList* pParticles = pGroup->getParticles();
+    const bool bChoice = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_CHOICE;
+    if (!pParticles || pParticles->size() == 0) return true;
+    for (XMLSize_t i = 0; i < pParticles->size(); ++i) {
+        const bool bEmpty = CanBeEmpty(pParticles->elementAt(i));
+        if (bChoice && bEmpty) return true;
+        if (!bChoice && !bEmpty) return false;
+    }
+    return !bChoice;
+}
+
+// Whether a group is the expansion of a group definition: Xerces copies the particles of a
+// referenced group, so the two are compared by compositor and by the declarations in them.
+static bool SameGroup(XSModelGroup* pDefined, XSModelGroup* pGroup) {
+    if (pDefined == pGroup) return true;
+    if (!pDefined || pDefined->getCompositor() != pGroup->getCompositor()) return false;
+    XSParticleList* pA = pDefined->getParticles();
+    XSParticleList* pB = pGroup->getParticles();
+    if (!pA || !pB || pA->size() != pB->size() || pA->size() == 0) return false;
+    for (XMLSize_t i = 0; i < pA->size(); ++i) {
+        XSParticle* a = pA->elementAt(i);
+        XSParticle* b = pB->elementAt(i);
+        if (a->getTermType() != b->getTermType()) return false;
+        switch (a->getTermType()) {
+            case XSParticle::TERM_ELEMENT:
+                if (a->getElementTerm() != b->getElementTerm()) return false;
+                break;
+            case XSParticle::TERM_MODELGROUP:
+                if (!SameGroup(a->getModelGroupTerm(), b->getModelGroupTerm())) return false;
+                break;
+            default:
+                if (a->getWildcardTerm() != b->getWildcardTerm()) return false;
+        }
+    }
+    return true;
+}
+
+std::string CModelBuilder::GroupName(XSModelGroup* pGroup, int nParent) {
+    // A named group (xs:group) keeps its name; a group written in place is named after the
+    // class it stands in and its compositor.
+    XSNamedMap<XSObject>* pGroups = m_pModel->getComponents(XSConstants::MODEL_GROUP_DEFINITION);
+    for (XMLSize_t i = 0; pGroups && i < pGroups->getLength(); ++i) {
+        XSModelGroupDefinition* pDefinition = static_cast<XSModelGroupDefinition*>(pGroups->item(i));
+        if (SameGroup(pDefinition->getModelGroup(), pGroup)) return Text(pDefinition->getName());
+    }
+    const char* pszCompositor = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_CHOICE ? "Choice"
+                                : pGroup->getCompositor() == XSModelGroup::COMPOSITOR_ALL  ? "All"
+                                                                                           : "Sequence";
+    return m_model.m_vecClasses[nParent].m_strName.substr(1) + pszCompositor;
+}
+
+void CModelBuilder::AddGroup(int nClass, XSParticle* pParticle, const CPlace& place) {
+    XSModelGroup* pGroup = pParticle->getModelGroupTerm();
+    if (pParticle->getMaxOccursUnbounded() || pParticle->getMaxOccurs() > 1) {
+        const char* pszGroup = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_CHOICE ? "choice"
+                               : pGroup->getCompositor() == XSModelGroup::COMPOSITOR_ALL  ? "all"
+                                                                                          : "sequence";
+        throw At(place, pszGroup, "", std::string("a repeated nested xs:") + pszGroup + " is not supported yet");
+    }
+    const std::string strName = GroupName(pGroup, nClass);
+    const int nGroup = NewClass(CNameRules::Word(strName), strName, m_model.m_vecClasses[nClass].m_strNamespace,
+                                "the model group " + strName, 0);
+    m_model.m_vecClasses[nGroup].m_bPseudo = true;
+    FillGroup(nGroup, pGroup, place);
+
+    CMemberModel member;
+    member.m_eKind = MemberKind_Class;
+    member.m_nClass = nGroup;
+    member.m_strXmlName = m_model.m_vecClasses[nGroup].m_strXmlName;
+    member.m_strXmlNamespace = m_model.m_vecClasses[nClass].m_strNamespace;
+    member.m_strProperty = TakeMemberName(nClass, strName);
+    member.m_strDescription = "the group " + strName;
+    member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
+    member.m_nMaxOccurs = pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs());
+    if (member.m_nMaxOccurs == 1)
+        member.m_eOccurrence = member.m_nMinOccurs == 1 && !m_model.m_vecClasses[nClass].m_bChoice
+                                   ? Occurrence_Mandatory
+                                   : Occurrence_Optional;
+    else
+        member.m_eOccurrence = Occurrence_Collection;
+    member.m_bMustConsume = !CanBeEmpty(pParticle);
+    if (member.m_eOccurrence == Occurrence_Collection) m_model.m_vecClasses[nGroup].m_bCollectionItem = true;
+    m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
+}
+
+void CModelBuilder::FillGroup(int nClass, XSModelGroup* pGroup, const CPlace& place) {
+    m_model.m_vecClasses[nClass].m_bChoice = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_CHOICE;
+    m_model.m_vecClasses[nClass].m_bAll = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_ALL;
+    XSParticleList* pParticles = pGroup->getParticles();
+    for (XMLSize_t i = 0; pParticles && i < pParticles->size(); ++i) {
+        XSParticle* pChild = pParticles->elementAt(i);
+        switch (pChild->getTermType()) {
+            case XSParticle::TERM_ELEMENT:
+                AddElement(nClass, pChild, place);
+                break;
+            case XSParticle::TERM_WILDCARD:
+                AddWildcard(nClass, pChild);
+                break;
+            case XSParticle::TERM_MODELGROUP:
+                AddGroup(nClass, pChild, place);
+                break;
+            default:
+                break;
+        }
+    }
+}
+
+void CModelBuilder::AddParticles(int nClass, XSComplexTypeDefinition* pType, const CPlace& place) {
+    XSParticle* pParticle = pType->getParticle();
+    if (!pParticle) return;
+    if (pParticle->getTermType() != XSParticle::TERM_MODELGROUP)
+        throw At(place, "", "", "content model of " + place.m_strName + " is not supported yet");
+    // A group that stands once is the class's own content; an optional or repeated one is a
+    // group member of a sequence.
+    if (pParticle->getMinOccurs() == 1 && pParticle->getMaxOccurs() == 1 && !pParticle->getMaxOccursUnbounded())
+        FillGroup(nClass, pParticle->getModelGroupTerm(), place);
+    else
+        AddGroup(nClass, pParticle, place);
+}
+
+void CModelBuilder::AddSimpleContent(int nClass, XSSimpleTypeDefinition* pType, const CPlace& place) {
+    CClassModel& cls = m_model.m_vecClasses[nClass];
+    CMemberModel member;
+    member.m_bSimpleContent = true;
+    member.m_strXmlName = cls.m_strXmlName;
+    member.m_strProperty = TakeMemberName(nClass, "Value");
+    CValueType value = ValueOf(pType, cls.m_strXmlName, place, "", "");
+    if (value.m_eKind == MemberKind_Enum) {
+        // The value of a class is a primitive: an enumeration there is its string.
+        Warn(place, "", "",
+             "the enumeration of the text of " + cls.m_strXmlName +
+                 " is bound as xs:string: the values are not checked");
+        value.m_eKind = MemberKind_Primitive;
+        value.m_strDescription = "xs:string";
+    }
+    if (!value.m_facets.IsEmpty())
+        Warn(place, "", "",
+             "the facets of the text of " + cls.m_strXmlName + " are not checked: a class's value has no facets");
+    member.m_eKind = value.m_eKind;
+    member.m_strItemType = value.m_strItemType;
+    member.m_strBuiltIn = value.m_strBuiltIn;
+    member.m_strWhitespace = value.m_strWhitespace;
+    member.m_strDescription = value.m_strDescription;
+    m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
+}
+
+void CModelBuilder::FillClass(int nClass, XSComplexTypeDefinition* pType, const CPlace& place) {
+    XSTypeDefinition* pBase = pType->getBaseType();
+    if (pBase && !IsBuiltIn(pBase) && pBase->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE) {
+        const std::string strMethod =
+            pType->getDerivationMethod() == XSConstants::DERIVATION_EXTENSION ? "extension" : "restriction";
+        throw At(place, strMethod, "", "derivation by " + strMethod + " is not supported yet");
+    }
+    switch (pType->getContentType()) {
+        case XSComplexTypeDefinition::CONTENTTYPE_SIMPLE:
+            AddAttributes(nClass, pType, place);
+            AddAttributeWildcard(nClass, pType);
+            AddSimpleContent(nClass, pType->getSimpleType(), place);
+            return;
+        case XSComplexTypeDefinition::CONTENTTYPE_MIXED:
+            Warn(place, "", "",
+                 "mixed content of " + place.m_strName +
+                     " is bound as element content: text between the child elements is dropped");
+            break;
+        default:
+            break;
+    }
+    AddAttributes(nClass, pType, place);
+    AddAttributeWildcard(nClass, pType);
+    AddParticles(nClass, pType, place);
+}
+
+CSchemaSetModel CModelBuilder::Build(const std::string& strNamespace) {
+    m_model.m_strNamespace = strNamespace;
+    m_names.Take("Schema");
+    // Names of the collection base's own nested classes, which would hide a class of that name
+    // inside its collection.
+    m_names.Take("Node");
+    m_names.Take("ChangeScope");
+    const std::string strFactory = m_names.Take(CNameRules::Word(strNamespace) + "Factory");
+    m_model.m_strFactory = "C" + strFactory;
+    m_model.m_strFactoryFile = CNameRules::Lower(strFactory);
+    // Named enumerations take their names after the top-level classes, in document order,
+    // and before any anonymous one, so that an anonymous one can't take a named one's name.
+    std::vector<std::pair<long long, XSSimpleTypeDefinition*>> vecSimple;
+    XSNamedMap<XSObject>* pTypes = m_pModel->getComponents(XSConstants::TYPE_DEFINITION);
+    for (XMLSize_t i = 0; pTypes && i < pTypes->getLength(); ++i) {
+        XSTypeDefinition* pType = static_cast<XSTypeDefinition*>(pTypes->item(i));
+        if (IsBuiltIn(pType) || pType->getTypeCategory() != XSTypeDefinition::SIMPLE_TYPE) continue;
+        XSSimpleTypeDefinition* pSimple = static_cast<XSSimpleTypeDefinition*>(pType);
+        if (!pSimple->isDefinedFacet(XSSimpleTypeDefinition::FACET_ENUMERATION)) continue;
+        vecSimple.push_back(
+            {m_index.OrderOf("simpleType", Text(pType->getNamespace()), Text(pType->getName())), pSimple});
+    }
+    std::stable_sort(vecSimple.begin(), vecSimple.end(), [](const auto& a, const auto& b) {
+        if (a.first != b.first) return a.first < b.first;
+        return Text(a.second->getName()) < Text(b.second->getName());
+    });
+    CountTypeUses();
+    CreateTopLevelClasses();
+    for (const auto& simple : vecSimple) {
+        // Only those of string kind become enums; their order is the schema's.
+        XSSimpleTypeDefinition* pBuiltIn = simple.second;
+        while (!IsBuiltIn(pBuiltIn)) pBuiltIn = static_cast<XSSimpleTypeDefinition*>(pBuiltIn->getBaseType());
+        if (simple.second->getVariety() == XSSimpleTypeDefinition::VARIETY_ATOMIC &&
+            ItemTypeOf(Text(pBuiltIn->getName())) == "string")
+            EnumFor(simple.second, "");
+    }
+    for (size_t i = 0; i < m_vecPending.size(); ++i)
+        FillClass(m_vecPending[i].first, m_vecPending[i].second.first, m_vecPending[i].second.second);
+    for (const auto& pending : m_vecSimplePending)
+        AddSimpleContent(pending.first, pending.second.first, pending.second.second);
+    WarnIdentityConstraints();
+    return m_model;
+}
+
+}  // namespace OrvexXsd

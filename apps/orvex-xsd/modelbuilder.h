@@ -1,0 +1,99 @@
+// Turns the schema model that Xerces built into the binding model: which classes, enums
+// and members the schema set gets, by the mapping of docs/xsd-mapping.md. A construct that
+// the mapping doesn't cover yet is an error at its place; one that the runtime can't
+// represent exactly is a warning (an error with --strict) and gets what the mapping says.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+#include <xercesc/framework/psvi/XSComplexTypeDefinition.hpp>
+#include <xercesc/framework/psvi/XSElementDeclaration.hpp>
+#include <xercesc/framework/psvi/XSModel.hpp>
+#include <xercesc/framework/psvi/XSModelGroup.hpp>
+#include <xercesc/framework/psvi/XSParticle.hpp>
+#include <xercesc/framework/psvi/XSSimpleTypeDefinition.hpp>
+#include <xercesc/framework/psvi/XSWildcard.hpp>
+
+#include "bindingmodel.h"
+#include "namerules.h"
+#include "schemaerror.h"
+#include "sourceindex.h"
+
+namespace OrvexXsd {
+
+class CModelBuilder {
+public:
+    CModelBuilder(xercesc::XSModel* pModel, const CSourceIndex& index, bool bStrict);
+
+    // The model for a C++ namespace; throws CSchemaError at the first construct it can't bind.
+    CSchemaSetModel Build(const std::string& strNamespace);
+    const std::vector<CSchemaError>& GetWarnings() const { return m_vecWarnings; }
+
+private:
+    // The top-level component being bound, for the places of errors and warnings.
+    struct CPlace {
+        std::string m_strKind;  // element, complexType, simpleType ...
+        std::string m_strNamespace;
+        std::string m_strName;
+    };
+    struct CValueType {
+        MemberKind m_eKind = MemberKind_Primitive;
+        std::string m_strItemType;
+        std::string m_strBuiltIn;
+        std::string m_strWhitespace;
+        CFacetSet m_facets;
+        std::string m_strFacetsName;
+        std::string m_strFacetsSource;
+        std::string m_strEnum;
+        std::string m_strDescription;
+    };
+
+    void CountTypeUses();
+    void CountParticle(xercesc::XSParticle* pParticle);
+    void CountComplexType(xercesc::XSComplexTypeDefinition* pType);
+    void CreateTopLevelClasses();
+    int NewClass(const std::string& strStem, const std::string& strXmlName, const std::string& strNamespace,
+                 const std::string& strOrigin, long long nOrder);
+    void FillClass(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place);
+    void AddAttributes(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place);
+    void AddSimpleContent(int nClass, xercesc::XSSimpleTypeDefinition* pType, const CPlace& place);
+    void AddWildcard(int nClass, xercesc::XSParticle* pParticle);
+    void AddAttributeWildcard(int nClass, xercesc::XSComplexTypeDefinition* pType);
+    static std::string Restriction(xercesc::XSWildcard* pWildcard);
+    std::string GroupName(xercesc::XSModelGroup* pGroup, int nParent);
+    void AddGroup(int nClass, xercesc::XSParticle* pParticle, const CPlace& place);
+    void FillGroup(int nClass, xercesc::XSModelGroup* pGroup, const CPlace& place);
+    void AddParticles(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place);
+    void AddElement(int nClass, xercesc::XSParticle* pParticle, const CPlace& place);
+    int ClassOfElement(xercesc::XSElementDeclaration* pElement, const CPlace& place);
+    CValueType ValueOf(xercesc::XSSimpleTypeDefinition* pType, const std::string& strOwner, const CPlace& place,
+                       const std::string& strLocalKind, const std::string& strLocalName);
+    std::string EnumFor(xercesc::XSSimpleTypeDefinition* pType, const std::string& strOwner);
+    std::string TakeMemberName(int nClass, const std::string& strXmlName);
+
+    // A fault or a warning at a construct inside a top-level component (strLocalKind empty:
+    // the component itself).
+    CSchemaError At(const CPlace& place, const std::string& strLocalKind, const std::string& strLocalName,
+                    const std::string& strMessage) const;
+    void Warn(const CPlace& place, const std::string& strLocalKind, const std::string& strLocalName,
+              const std::string& strMessage);
+    void WarnIdentityConstraints();
+
+    xercesc::XSModel* m_pModel;
+    const CSourceIndex& m_index;
+    bool m_bStrict;
+    std::vector<CSchemaError> m_vecWarnings;
+    CSchemaSetModel m_model;
+    CNameTable m_names;
+    std::vector<CNameTable> m_vecMemberNames;
+    std::map<std::string, int> m_mapTypeUses;  // by TypeKey
+    std::map<xercesc::XSComplexTypeDefinition*, int> m_mapTypeClass;
+    std::map<std::string, int> m_mapNamedTypeClass;  // "namespace name" of a named type
+    std::map<xercesc::XSElementDeclaration*, int> m_mapElementClass;
+    std::map<xercesc::XSSimpleTypeDefinition*, std::string> m_mapEnums;
+    std::vector<std::pair<int, std::pair<xercesc::XSComplexTypeDefinition*, CPlace>>> m_vecPending;
+    std::vector<std::pair<int, std::pair<xercesc::XSSimpleTypeDefinition*, CPlace>>> m_vecSimplePending;
+};
+
+}  // namespace OrvexXsd
