@@ -417,7 +417,7 @@ CXmlElement* CXmlDocument::AddDocElement(const char* pNamespace, size_t nNamespa
     m_pDocumentElement = pElement;
     pElement->SetNamespace(pNamespace, nNamespaceLength);
     pElement->SetElementName(pName, nNameLength);
-    m_pElementStack.push_back(pElement);
+    m_pElementStack.push_back(OpenElement{pElement, nullptr});
     return pElement;
 }
 
@@ -433,7 +433,9 @@ CXmlElement* CXmlDocument::AddChildElement(const char* pNamespace, size_t nNames
     // step throws.
     if (m_pElementStack.empty()) throw COxInvalidStateException("No open element to add a child element to");
     if (m_pElementStack.size() == m_pElementStack.capacity()) m_pElementStack.reserve(2 * m_pElementStack.size());
-    CXmlElement* pElement = m_pElementStack.back()->CreateNewChildElement();
+    OpenElement& parent = m_pElementStack.back();
+    CXmlElement* pElement = parent.pElement->CreateNewChildElement(parent.pLastChild);
+    parent.pLastChild = pElement;
     pElement->SetNamespace(pNamespace, nNamespaceLength);
     pElement->SetElementName(pName, nNameLength);
     // The tree itself is built without recursion, but the walks that read it recurse once per
@@ -442,19 +444,21 @@ CXmlElement* CXmlDocument::AddChildElement(const char* pNamespace, size_t nNames
     const int32_t nMaxDepth = m_pContext->GetMaxDepth();
     if (m_pElementStack.size() >= static_cast<size_t>(nMaxDepth))
         CSerializationContext::ThrowTooDeep(nMaxDepth, pElement->GetXPath());
-    m_pElementStack.push_back(pElement);
+    m_pElementStack.push_back(OpenElement{pElement, nullptr});
     return pElement;
 }
 
 void CXmlDocument::EndElement() {
     if (m_pElementStack.empty()) return;
-    CXmlElement* pElement = m_pElementStack.back();
+    CXmlElement* pElement = m_pElementStack.back().pElement;
     m_pElementStack.pop_back();
     if (!m_pfnElementCallback || !m_pfnElementCallback(pElement)) return;
     // The callback has dealt with the element. The root has no parent to leave: it stays.
     if (m_pElementStack.empty()) return;
-    CXmlElement* pRemoved = m_pElementStack.back()->RemoveLastChildElement();
-    CXmlElement::Destroy(pRemoved);  // the element just ended is always its parent's last child
+    // The element just ended is always its parent's last child.
+    OpenElement& parent = m_pElementStack.back();
+    parent.pLastChild = parent.pElement->RemoveLastChildElement(pElement);
+    CXmlElement::Destroy(pElement);
 }
 
 CXmlAttribute* CXmlDocument::AddElementAttribute(CXmlElement* pElement, const char* pszLocalName, const char* pszValue,
@@ -469,7 +473,7 @@ CXmlAttribute* CXmlDocument::AddElementAttribute(CXmlElement* pElement, const ch
 }
 
 void CXmlDocument::ReserveElementAttributes(CXmlElement* pElement, size_t nCount) {
-    pElement->ReserveAttributes(pElement->m_nAttributeCount + nCount);
+    pElement->ReserveAttributes(pElement->GetAttributes().size() + nCount);
 }
 
 void CXmlDocument::AppendTextExcludingCR(CXmlElement* pElement, const char* pszText) {

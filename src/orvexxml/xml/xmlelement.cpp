@@ -31,10 +31,7 @@ CXmlElement::CXmlElement(const CXmlDocument* pDocument, const CXmlElement* pPare
       m_pParent(pParent),
       m_pNextSibling(nullptr),
       m_pFirstChild(nullptr),
-      m_pLastChild(nullptr),
-      m_ppAttributes(nullptr),
-      m_nAttributeCount(0),
-      m_nAttributeCapacity(0),
+      m_pAttributes(nullptr),
       m_pText(nullptr),
       m_nTextLength(0),
       m_nTextCapacity(0),
@@ -70,22 +67,25 @@ CXmlElement::~CXmlElement() {
     // Delete the whole subtree without recursion. The pending nodes form one list linked
     // through m_pNextSibling. A node with children splices them in front of its successor
     // and is then deleted childless, so no destructor below this one has work to pass on.
+    // Finding the end of the children walks each child list once: linear in the tree.
     CXmlElement* pNode = m_pFirstChild;
-    m_pFirstChild = m_pLastChild = nullptr;
+    m_pFirstChild = nullptr;
     while (pNode) {
         if (pNode->m_pFirstChild) {
-            pNode->m_pLastChild->m_pNextSibling = pNode->m_pNextSibling;
+            CXmlElement* pLast = pNode->m_pFirstChild;
+            while (pLast->m_pNextSibling) pLast = pLast->m_pNextSibling;
+            pLast->m_pNextSibling = pNode->m_pNextSibling;
             pNode->m_pNextSibling = pNode->m_pFirstChild;
-            pNode->m_pFirstChild = pNode->m_pLastChild = nullptr;
+            pNode->m_pFirstChild = nullptr;
         }
         CXmlElement* pNext = pNode->m_pNextSibling;
         pNode->m_pNextSibling = nullptr;
         Destroy(pNode);
         pNode = pNext;
     }
-    if (m_ppAttributes) {
-        for (uint32_t i = 0; i < m_nAttributeCount; ++i) DestroyAttribute(m_pDocument, m_ppAttributes[i]);
-        m_pDocument->m_pNodeStore->Free(m_ppAttributes, m_nAttributeCapacity * sizeof(CXmlAttribute*));
+    if (m_pAttributes) {
+        for (uint32_t i = 0; i < m_pAttributes->nCount; ++i) DestroyAttribute(m_pDocument, m_pAttributes->apItems[i]);
+        m_pDocument->m_pNodeStore->Free(m_pAttributes, AttributeArray::SizeFor(m_pAttributes->nCapacity));
     }
 }
 
@@ -97,14 +97,17 @@ CXmlAttribute* CXmlElement::CAttributeList::at(size_t nIndex) const {
 void CXmlElement::ReserveAttributes(size_t nCount) {
     // The array comes from the node store, like the attributes themselves: an element with
     // attributes costs no heap allocation.
-    if (nCount <= m_nAttributeCapacity) return;
+    const uint32_t nOldCount = m_pAttributes ? m_pAttributes->nCount : 0;
+    const uint32_t nOldCapacity = m_pAttributes ? m_pAttributes->nCapacity : 0;
+    if (nCount <= nOldCapacity) return;
     if (nCount > UINT32_MAX / 2) throw std::bad_alloc();
     CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
-    CXmlAttribute** ppNew = static_cast<CXmlAttribute**>(pStore->Allocate(nCount * sizeof(CXmlAttribute*)));
-    if (m_nAttributeCount) std::memcpy(ppNew, m_ppAttributes, m_nAttributeCount * sizeof(CXmlAttribute*));
-    if (m_ppAttributes) pStore->Free(m_ppAttributes, m_nAttributeCapacity * sizeof(CXmlAttribute*));
-    m_ppAttributes = ppNew;
-    m_nAttributeCapacity = static_cast<uint32_t>(nCount);
+    AttributeArray* pNew = static_cast<AttributeArray*>(pStore->Allocate(AttributeArray::SizeFor(nCount)));
+    pNew->nCount = nOldCount;
+    pNew->nCapacity = static_cast<uint32_t>(nCount);
+    if (nOldCount) std::memcpy(pNew->apItems, m_pAttributes->apItems, nOldCount * sizeof(CXmlAttribute*));
+    if (m_pAttributes) pStore->Free(m_pAttributes, AttributeArray::SizeFor(nOldCapacity));
+    m_pAttributes = pNew;
 }
 
 const std::string& CXmlElement::GetAttribute(const char* pszLocalName, const char* pszNamespace) const {
@@ -195,10 +198,11 @@ void CXmlElement::AppendText(const char* pszText) {
 
 void CXmlElement::AppendText(const char* pText, OxULong nLength) {
     if (nLength == 0) return;
+    if (nLength > UINT32_MAX - m_nTextLength) throw std::bad_alloc();  // the length is 32 bits
     const size_t nNewLength = m_nTextLength + nLength;
     if (nNewLength > m_nTextCapacity) GrowText(nNewLength);
     std::memcpy(m_pText + m_nTextLength, pText, nLength);
-    m_nTextLength = nNewLength;
+    m_nTextLength = static_cast<uint32_t>(nNewLength);
     // A string made of the former text no longer matches.
     delete m_pTextString.exchange(nullptr, std::memory_order_acq_rel);
 }
@@ -212,8 +216,9 @@ const size_t kMaxStoredText = 512;
 void CXmlElement::GrowText(size_t nNeeded) {
     // The capacity at least doubles, so that text arriving in many pieces (the line breaks and
     // indentation between the children of an element) is copied a bounded number of times.
-    size_t nCapacity = m_nTextCapacity < 8 ? 16 : 2 * m_nTextCapacity;
+    size_t nCapacity = m_nTextCapacity < 8 ? 16 : 2 * static_cast<size_t>(m_nTextCapacity);
     if (nCapacity < nNeeded) nCapacity = nNeeded;
+    if (nCapacity > UINT32_MAX) nCapacity = UINT32_MAX;  // nNeeded fits: AppendText checked it
     CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
     if (nCapacity <= kMaxStoredText) {
         nCapacity = (nCapacity + 15) & ~static_cast<size_t>(15);
@@ -232,7 +237,7 @@ void CXmlElement::GrowText(size_t nNeeded) {
         if (m_pText) pStore->Free(m_pText, m_nTextCapacity);
         m_pText = pNew;
     }
-    m_nTextCapacity = nCapacity;
+    m_nTextCapacity = static_cast<uint32_t>(nCapacity);
 }
 
 void CXmlElement::FreeText() {
@@ -257,13 +262,12 @@ const std::string& CXmlElement::GetText() const {
     return *pString;
 }
 
-CXmlElement* CXmlElement::CreateNewChildElement() {
+CXmlElement* CXmlElement::CreateNewChildElement(CXmlElement* pLastChild) {
     CXmlElement* pChild = Create(m_pDocument, this);
-    if (m_pLastChild)
-        m_pLastChild->m_pNextSibling = pChild;
+    if (pLastChild)
+        pLastChild->m_pNextSibling = pChild;
     else
         m_pFirstChild = pChild;
-    m_pLastChild = pChild;
     return pChild;
 }
 
@@ -278,34 +282,32 @@ CXmlAttribute* CXmlElement::AddAttribute(const char* pszLocalName, const char* p
 CXmlAttribute* CXmlElement::AddAttribute(const char* pLocalName, size_t nLocalNameLength, const char* pValue,
                                          size_t nValueLength, const char* pNamespace, size_t nNamespaceLength) {
     // Make room first, so that a failing push_back can't lose the new attribute.
-    if (m_nAttributeCount == m_nAttributeCapacity) ReserveAttributes(m_nAttributeCount ? 2 * m_nAttributeCount : 4);
+    const uint32_t nCount = m_pAttributes ? m_pAttributes->nCount : 0;
+    if (!m_pAttributes || nCount == m_pAttributes->nCapacity) ReserveAttributes(nCount ? 2 * nCount : 4);
     CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
     const std::string* pStoredNamespace = pStore->InternNamespace(pNamespace, nNamespaceLength);
+    const std::string* pStoredName = pStore->InternName(pLocalName, nLocalNameLength);
     void* pMemory = pStore->Allocate(sizeof(CXmlAttribute));
     CXmlAttribute* pAttribute;
     try {
-        pAttribute =
-            new (pMemory) CXmlAttribute(this, pLocalName, nLocalNameLength, pValue, nValueLength, pStoredNamespace);
+        pAttribute = new (pMemory) CXmlAttribute(this, pStoredName, pValue, nValueLength, pStoredNamespace);
     } catch (...) {
         pStore->Free(pMemory, sizeof(CXmlAttribute));
         throw;
     }
-    m_ppAttributes[m_nAttributeCount++] = pAttribute;
+    m_pAttributes->apItems[m_pAttributes->nCount++] = pAttribute;
     return pAttribute;
 }
 
-CXmlElement* CXmlElement::RemoveLastChildElement() {
-    CXmlElement* pLast = m_pLastChild;
-    if (!pLast) return nullptr;
-    if (m_pFirstChild == pLast) {
-        m_pFirstChild = m_pLastChild = nullptr;
-    } else {
-        CXmlElement* pPrevious = m_pFirstChild;
-        while (pPrevious->m_pNextSibling != pLast) pPrevious = pPrevious->m_pNextSibling;
-        pPrevious->m_pNextSibling = nullptr;
-        m_pLastChild = pPrevious;
+CXmlElement* CXmlElement::RemoveLastChildElement(CXmlElement* pLastChild) {
+    if (m_pFirstChild == pLastChild) {
+        m_pFirstChild = nullptr;
+        return nullptr;
     }
-    return pLast;
+    CXmlElement* pPrevious = m_pFirstChild;
+    while (pPrevious->m_pNextSibling != pLastChild) pPrevious = pPrevious->m_pNextSibling;
+    pPrevious->m_pNextSibling = nullptr;
+    return pPrevious;
 }
 
 }  // namespace OrvexXml

@@ -16,9 +16,9 @@ class CXmlAttribute;
 class CXmlDocument;
 
 // One element of a parsed document. The children form a singly linked list (first child,
-// next sibling, and the last child for appending); the element owns its children and its
-// attributes. All text of the element, including the text between its children, is kept
-// in one string. Strings are in the local encoding.
+// next sibling; the document that builds the tree remembers the last child of each open
+// element for appending); the element owns its children and its attributes. All text of the element, including the text
+// between its children, is kept in one string. Strings are in the local encoding.
 //
 // Elements are built and destroyed by their document only. Destruction is iterative in
 // both directions, along siblings and along depth, so that arbitrarily deep or wide trees
@@ -62,7 +62,10 @@ public:
     // between child elements, which nobody reads as a rule, never becomes a string.
     std::string_view GetTextView() const { return std::string_view(m_pText, m_nTextLength); }
     // In document order.
-    CAttributeList GetAttributes() const { return CAttributeList(m_ppAttributes, m_nAttributeCount); }
+    CAttributeList GetAttributes() const {
+        return m_pAttributes ? CAttributeList(m_pAttributes->apItems, m_pAttributes->nCount)
+                             : CAttributeList(nullptr, 0);
+    }
     // The value of the first attribute with that local name and namespace (null counts as
     // empty). Without a match: a reference to a shared empty string that stays valid.
     const std::string& GetAttribute(const char* pszLocalName, const char* pszNamespace = "") const;
@@ -82,13 +85,14 @@ protected:
     // Appends nLength bytes. Capacity at least doubles when it has to grow, so text that
     // arrives in many small pieces is copied a logarithmic number of times.
     void AppendText(const char* pText, OxULong nLength);
-    // A new last child of this element.
-    CXmlElement* CreateNewChildElement();
+    // A new child of this element after pLastChild, its last child so far (null for the first).
+    CXmlElement* CreateNewChildElement(CXmlElement* pLastChild);
     CXmlAttribute* AddAttribute(const char* pszLocalName, const char* pszValue, const char* pszNamespace);
     CXmlAttribute* AddAttribute(const char* pLocalName, size_t nLocalNameLength, const char* pValue,
                                 size_t nValueLength, const char* pNamespace, size_t nNamespaceLength);
-    // Unlinks the last child and returns it (the caller deletes it); null without children.
-    CXmlElement* RemoveLastChildElement();
+    // Unlinks pLastChild, the last child, and returns the child before it, the new last child
+    // (null when none is left). The caller deletes pLastChild.
+    CXmlElement* RemoveLastChildElement(CXmlElement* pLastChild);
 
 private:
     // Elements and attributes live in the document's node store: these make and end them.
@@ -104,26 +108,34 @@ private:
     // The qualified name, with "[n]" when siblings share it.
     std::string GetNameWithPredicate() const;
 
+    // The attributes: their count and room, then the pointers, in one piece of the node
+    // store, so that an element pays one pointer for them and most elements, which have none,
+    // nothing else.
+    struct AttributeArray {
+        uint32_t nCount;
+        uint32_t nCapacity;
+        CXmlAttribute* apItems[1];  // nCapacity items
+        static size_t SizeFor(size_t nCapacity) {
+            return offsetof(AttributeArray, apItems) + nCapacity * sizeof(CXmlAttribute*);
+        }
+    };
+
     const CXmlDocument* m_pDocument;
     const CXmlElement* m_pParent;
     CXmlElement* m_pNextSibling;
     CXmlElement* m_pFirstChild;
-    CXmlElement* m_pLastChild;
-    // Null until the first attribute arrives: most elements have none. Lives in the node
-    // store, like the attributes it lists; only its item array is on the heap.
-    CXmlAttribute** m_ppAttributes;  // in the node store
-    uint32_t m_nAttributeCount;
-    uint32_t m_nAttributeCapacity;
+    AttributeArray* m_pAttributes;  // null until the first attribute arrives
     void GrowText(size_t nNeeded);
     void FreeText();
 
     // The text lives in the document's node store (on the heap past kMaxStoredText bytes) and
     // becomes a string only when GetText asks for one; that string is kept until the text
     // changes. Threads that read one tree may race to make it: one string wins, the others
-    // are deleted.
+    // are deleted. Length and room are 32 bits, which keeps the node at 96 bytes; a text of
+    // 4 GiB or more in one element is refused as memory that can't be had.
     char* m_pText;
-    size_t m_nTextLength;
-    size_t m_nTextCapacity;
+    uint32_t m_nTextLength;
+    uint32_t m_nTextCapacity;
     mutable std::atomic<std::string*> m_pTextString;
     // Names are stored once per document and shared by the elements that carry them.
     const std::string* m_pElementName;
