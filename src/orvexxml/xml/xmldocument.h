@@ -107,6 +107,16 @@ private:
     // The same for text of exactly nLength bytes known to hold no null byte, as the parser's
     // text always is: no search for the end.
     static void AppendRunExcludingCR(CXmlElement* pElement, const char* pText, size_t nLength);
+    // The parser's own calls, for elements of this document: the static forms above find the
+    // document's node store by a walk to the root, these have it at hand.
+    CXmlAttribute* AddAttribute(CXmlElement* pElement, const char* pLocalName, size_t nLocalNameLength,
+                                const char* pValue, size_t nValueLength, const char* pNamespace,
+                                size_t nNamespaceLength);
+    void ReserveAttributes(CXmlElement* pElement, size_t nCount);
+    void AppendRun(CXmlElement* pElement, const char* pText, size_t nLength) {
+        AppendRun(m_pNodeStore, pElement, pText, nLength);
+    }
+    static void AppendRun(CXmlNodeStore* pStore, CXmlElement* pElement, const char* pText, size_t nLength);
     // The element at the back of the stack of open elements, null if none is open.
     CXmlElement* GetCurrentElement() const {
         return m_pElementStack.empty() ? nullptr : m_pElementStack.back().pElement;

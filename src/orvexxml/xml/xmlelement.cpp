@@ -27,7 +27,6 @@ static CInstanceMonitor::ClassHandle s_monitor("CXmlElement");
 
 CXmlElement::CXmlElement(const CXmlDocument* pDocument, const CXmlElement* pParent)
     : CInstanceMonitor(s_monitor),
-      m_pDocument(pDocument),
       m_pParent(pParent),
       m_pNextSibling(nullptr),
       m_pFirstChild(nullptr),
@@ -37,10 +36,11 @@ CXmlElement::CXmlElement(const CXmlDocument* pDocument, const CXmlElement* pPare
       m_nTextCapacity(0),
       m_pTextString(nullptr),
       m_pElementName(CXmlNodeStore::EmptyNamespace()),
-      m_pNamespace(CXmlNodeStore::EmptyNamespace()) {}
+      m_pNamespace(CXmlNodeStore::EmptyNamespace()) {
+    if (!pParent) m_pDocument = pDocument;
+}
 
-CXmlElement* CXmlElement::Create(const CXmlDocument* pDocument, const CXmlElement* pParent) {
-    CXmlNodeStore* pStore = pDocument->m_pNodeStore;
+CXmlElement* CXmlElement::Create(CXmlNodeStore* pStore, const CXmlDocument* pDocument, const CXmlElement* pParent) {
     void* pMemory = pStore->Allocate(sizeof(CXmlElement));
     try {
         return new (pMemory) CXmlElement(pDocument, pParent);
@@ -50,58 +50,65 @@ CXmlElement* CXmlElement::Create(const CXmlDocument* pDocument, const CXmlElemen
     }
 }
 
-void CXmlElement::Destroy(CXmlElement* pElement) {
+void CXmlElement::Destroy(CXmlNodeStore* pStore, CXmlElement* pElement) {
     if (!pElement) return;
-    CXmlNodeStore* pStore = pElement->m_pDocument->m_pNodeStore;
-    pElement->~CXmlElement();
-    pStore->Free(pElement, sizeof(CXmlElement));
-}
-
-void CXmlElement::DestroyAttribute(const CXmlDocument* pDocument, CXmlAttribute* pAttribute) {
-    pAttribute->~CXmlAttribute();
-    pDocument->m_pNodeStore->Free(pAttribute, sizeof(CXmlAttribute));
-}
-
-CXmlElement::~CXmlElement() {
-    FreeText();
-    // Delete the whole subtree without recursion. The pending nodes form one list linked
-    // through m_pNextSibling. A node with children splices them in front of its successor
-    // and is then deleted childless, so no destructor below this one has work to pass on.
-    // Finding the end of the children walks each child list once: linear in the tree.
-    CXmlElement* pNode = m_pFirstChild;
-    m_pFirstChild = nullptr;
+    // The whole subtree without recursion. The pending nodes form one list linked through
+    // m_pNextSibling, starting with the element itself (its own sibling, or the document if
+    // it is the root, is not followed). A node with children splices them in front of its
+    // successor and is then ended childless. Finding the end of the children walks each list
+    // of children once: linear in the tree.
+    CXmlElement* pNode = pElement;
+    bool bFirst = true;
     while (pNode) {
+        CXmlElement* pNext = bFirst ? nullptr : pNode->m_pNextSibling;
+        bFirst = false;
         if (pNode->m_pFirstChild) {
             CXmlElement* pLast = pNode->m_pFirstChild;
             while (pLast->m_pNextSibling) pLast = pLast->m_pNextSibling;
-            pLast->m_pNextSibling = pNode->m_pNextSibling;
-            pNode->m_pNextSibling = pNode->m_pFirstChild;
+            pLast->m_pNextSibling = pNext;
+            pNext = pNode->m_pFirstChild;
             pNode->m_pFirstChild = nullptr;
         }
-        CXmlElement* pNext = pNode->m_pNextSibling;
-        pNode->m_pNextSibling = nullptr;
-        Destroy(pNode);
+        pNode->FreeText(pStore);
+        if (AttributeArray* pAttributes = pNode->m_pAttributes) {
+            for (uint32_t i = 0; i < pAttributes->nCount; ++i) DestroyAttribute(pStore, pAttributes->apItems[i]);
+            pStore->Free(pAttributes, AttributeArray::SizeFor(pAttributes->nCapacity));
+            pNode->m_pAttributes = nullptr;
+        }
+        pNode->~CXmlElement();
+        pStore->Free(pNode, sizeof(CXmlElement));
         pNode = pNext;
     }
-    if (m_pAttributes) {
-        for (uint32_t i = 0; i < m_pAttributes->nCount; ++i) DestroyAttribute(m_pDocument, m_pAttributes->apItems[i]);
-        m_pDocument->m_pNodeStore->Free(m_pAttributes, AttributeArray::SizeFor(m_pAttributes->nCapacity));
-    }
 }
+
+void CXmlElement::DestroyAttribute(CXmlNodeStore* pStore, CXmlAttribute* pAttribute) {
+    pAttribute->~CXmlAttribute();
+    pStore->Free(pAttribute, sizeof(CXmlAttribute));
+}
+
+// Destroy has given back the text, the attributes and the children.
+CXmlElement::~CXmlElement() {}
+
+const CXmlDocument* CXmlElement::GetDocument() const {
+    const CXmlElement* pRoot = this;
+    while (pRoot->m_pParent) pRoot = pRoot->m_pParent;
+    return pRoot->m_pDocument;
+}
+
+CXmlNodeStore* CXmlElement::GetStore() const { return GetDocument()->m_pNodeStore; }
 
 CXmlAttribute* CXmlElement::CAttributeList::at(size_t nIndex) const {
     if (nIndex >= m_nCount) throw std::out_of_range("CXmlElement::CAttributeList::at");
     return m_ppItems[nIndex];
 }
 
-void CXmlElement::ReserveAttributes(size_t nCount) {
+void CXmlElement::ReserveAttributes(CXmlNodeStore* pStore, size_t nCount) {
     // The array comes from the node store, like the attributes themselves: an element with
     // attributes costs no heap allocation.
     const uint32_t nOldCount = m_pAttributes ? m_pAttributes->nCount : 0;
     const uint32_t nOldCapacity = m_pAttributes ? m_pAttributes->nCapacity : 0;
     if (nCount <= nOldCapacity) return;
     if (nCount > UINT32_MAX / 2) throw std::bad_alloc();
-    CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
     AttributeArray* pNew = static_cast<AttributeArray*>(pStore->Allocate(AttributeArray::SizeFor(nCount)));
     pNew->nCount = nOldCount;
     pNew->nCapacity = static_cast<uint32_t>(nCount);
@@ -134,8 +141,9 @@ std::string CXmlElement::GetXPath() const {
 }
 
 std::string CXmlElement::GetQName() const {
-    if (m_pDocument && !m_pNamespace->empty()) {
-        const std::string& strPrefix = m_pDocument->LookupAliasFromNamespace(m_pNamespace->c_str());
+    const CXmlDocument* pDocument = m_pNamespace->empty() ? nullptr : GetDocument();
+    if (pDocument) {
+        const std::string& strPrefix = pDocument->LookupAliasFromNamespace(m_pNamespace->c_str());
         if (!strPrefix.empty()) {
             std::string strQName;
             strQName.reserve(strPrefix.size() + 1 + m_pElementName->size());
@@ -174,33 +182,33 @@ std::string CXmlElement::GetNameWithPredicate() const {
     return strQName;
 }
 
-void CXmlElement::SetElementName(const char* pszName) {
+void CXmlElement::SetElementName(CXmlNodeStore* pStore, const char* pszName) {
     pszName = NotNull(pszName);
-    SetElementName(pszName, std::strlen(pszName));
+    SetElementName(pStore, pszName, std::strlen(pszName));
 }
 
-void CXmlElement::SetElementName(const char* pName, size_t nLength) {
-    m_pElementName = m_pDocument->m_pNodeStore->InternName(pName, nLength);
+void CXmlElement::SetElementName(CXmlNodeStore* pStore, const char* pName, size_t nLength) {
+    m_pElementName = pStore->InternName(pName, nLength);
 }
 
-void CXmlElement::SetNamespace(const char* pszNamespace) {
+void CXmlElement::SetNamespace(CXmlNodeStore* pStore, const char* pszNamespace) {
     pszNamespace = NotNull(pszNamespace);
-    SetNamespace(pszNamespace, std::strlen(pszNamespace));
+    SetNamespace(pStore, pszNamespace, std::strlen(pszNamespace));
 }
 
-void CXmlElement::SetNamespace(const char* pNamespace, size_t nLength) {
-    m_pNamespace = m_pDocument->m_pNodeStore->InternNamespace(pNamespace, nLength);
+void CXmlElement::SetNamespace(CXmlNodeStore* pStore, const char* pNamespace, size_t nLength) {
+    m_pNamespace = pStore->InternNamespace(pNamespace, nLength);
 }
 
-void CXmlElement::AppendText(const char* pszText) {
-    if (pszText) AppendText(pszText, static_cast<OxULong>(std::strlen(pszText)));
+void CXmlElement::AppendText(CXmlNodeStore* pStore, const char* pszText) {
+    if (pszText) AppendText(pStore, pszText, static_cast<OxULong>(std::strlen(pszText)));
 }
 
-void CXmlElement::AppendText(const char* pText, OxULong nLength) {
+void CXmlElement::AppendText(CXmlNodeStore* pStore, const char* pText, OxULong nLength) {
     if (nLength == 0) return;
     if (nLength > UINT32_MAX - m_nTextLength) throw std::bad_alloc();  // the length is 32 bits
     const size_t nNewLength = m_nTextLength + nLength;
-    if (nNewLength > m_nTextCapacity) GrowText(nNewLength);
+    if (nNewLength > m_nTextCapacity) GrowText(pStore, nNewLength);
     std::memcpy(m_pText + m_nTextLength, pText, nLength);
     m_nTextLength = static_cast<uint32_t>(nNewLength);
     // A string made of the former text no longer matches.
@@ -213,13 +221,12 @@ namespace {
 const size_t kMaxStoredText = 512;
 }  // namespace
 
-void CXmlElement::GrowText(size_t nNeeded) {
+void CXmlElement::GrowText(CXmlNodeStore* pStore, size_t nNeeded) {
     // The capacity at least doubles, so that text arriving in many pieces (the line breaks and
     // indentation between the children of an element) is copied a bounded number of times.
     size_t nCapacity = m_nTextCapacity < 8 ? 16 : 2 * static_cast<size_t>(m_nTextCapacity);
     if (nCapacity < nNeeded) nCapacity = nNeeded;
     if (nCapacity > UINT32_MAX) nCapacity = UINT32_MAX;  // nNeeded fits: AppendText checked it
-    CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
     if (nCapacity <= kMaxStoredText) {
         nCapacity = (nCapacity + 15) & ~static_cast<size_t>(15);
         char* pNew = static_cast<char*>(pStore->Allocate(nCapacity));
@@ -240,13 +247,13 @@ void CXmlElement::GrowText(size_t nNeeded) {
     m_nTextCapacity = static_cast<uint32_t>(nCapacity);
 }
 
-void CXmlElement::FreeText() {
+void CXmlElement::FreeText(CXmlNodeStore* pStore) {
     delete m_pTextString.exchange(nullptr, std::memory_order_acq_rel);
     if (!m_pText) return;
     if (m_nTextCapacity > kMaxStoredText)
         std::free(m_pText);
     else
-        m_pDocument->m_pNodeStore->Free(m_pText, m_nTextCapacity);
+        pStore->Free(m_pText, m_nTextCapacity);
     m_pText = nullptr;
     m_nTextLength = m_nTextCapacity = 0;
 }
@@ -262,8 +269,8 @@ const std::string& CXmlElement::GetText() const {
     return *pString;
 }
 
-CXmlElement* CXmlElement::CreateNewChildElement(CXmlElement* pLastChild) {
-    CXmlElement* pChild = Create(m_pDocument, this);
+CXmlElement* CXmlElement::CreateNewChildElement(CXmlNodeStore* pStore, CXmlElement* pLastChild) {
+    CXmlElement* pChild = Create(pStore, nullptr, this);
     if (pLastChild)
         pLastChild->m_pNextSibling = pChild;
     else
@@ -271,20 +278,21 @@ CXmlElement* CXmlElement::CreateNewChildElement(CXmlElement* pLastChild) {
     return pChild;
 }
 
-CXmlAttribute* CXmlElement::AddAttribute(const char* pszLocalName, const char* pszValue, const char* pszNamespace) {
+CXmlAttribute* CXmlElement::AddAttribute(CXmlNodeStore* pStore, const char* pszLocalName, const char* pszValue,
+                                         const char* pszNamespace) {
     pszLocalName = NotNull(pszLocalName);
     pszValue = NotNull(pszValue);
     pszNamespace = NotNull(pszNamespace);
-    return AddAttribute(pszLocalName, std::strlen(pszLocalName), pszValue, std::strlen(pszValue), pszNamespace,
+    return AddAttribute(pStore, pszLocalName, std::strlen(pszLocalName), pszValue, std::strlen(pszValue), pszNamespace,
                         std::strlen(pszNamespace));
 }
 
-CXmlAttribute* CXmlElement::AddAttribute(const char* pLocalName, size_t nLocalNameLength, const char* pValue,
-                                         size_t nValueLength, const char* pNamespace, size_t nNamespaceLength) {
+CXmlAttribute* CXmlElement::AddAttribute(CXmlNodeStore* pStore, const char* pLocalName, size_t nLocalNameLength,
+                                         const char* pValue, size_t nValueLength, const char* pNamespace,
+                                         size_t nNamespaceLength) {
     // Make room first, so that a failing push_back can't lose the new attribute.
     const uint32_t nCount = m_pAttributes ? m_pAttributes->nCount : 0;
-    if (!m_pAttributes || nCount == m_pAttributes->nCapacity) ReserveAttributes(nCount ? 2 * nCount : 4);
-    CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
+    if (!m_pAttributes || nCount == m_pAttributes->nCapacity) ReserveAttributes(pStore, nCount ? 2 * nCount : 4);
     const std::string* pStoredNamespace = pStore->InternNamespace(pNamespace, nNamespaceLength);
     const std::string* pStoredName = pStore->InternName(pLocalName, nLocalNameLength);
     void* pMemory = pStore->Allocate(sizeof(CXmlAttribute));
