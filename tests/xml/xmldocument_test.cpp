@@ -41,7 +41,9 @@ TEST(XmlDocumentLoad, BuildsTheTreeInDocumentOrderAndEachLoadReplacesIt) {
     EXPECT_EQ("({}order {}id=[7] {}state=[open] text=[headmidtail]({}item text=[one])({}item text=[two]))",
               Dump(pRoot));
     EXPECT_EQ(&doc, pRoot->GetDocument());
+    EXPECT_EQ(&doc, Children(pRoot)[1]->GetDocument());
     EXPECT_EQ(nullptr, pRoot->GetParentElm());
+    EXPECT_EQ(nullptr, pRoot->GetNextSiblingElement());
     EXPECT_EQ(pRoot, pRoot->GetAttributes()[0]->GetElement());
     EXPECT_EQ(pRoot, Children(pRoot)[1]->GetParentElm());
 

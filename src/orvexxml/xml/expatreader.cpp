@@ -249,19 +249,19 @@ void CExpatReader::StartElement(const char* pszName, const char** ppAttributes) 
     if (!ppAttributes || !ppAttributes[0]) return;
     size_t nCount = 0;
     while (ppAttributes[2 * nCount]) ++nCount;
-    CXmlDocument::ReserveElementAttributes(pElement, nCount);
+    m_doc.ReserveAttributes(pElement, nCount);
     for (size_t i = 0; i < nCount; ++i) {
         SplitName attribute = Split(ppAttributes[2 * i]);
         const char* pszValue = ppAttributes[2 * i + 1];
         if (m_bLocalIsUtf8) {
-            CXmlDocument::AddElementAttribute(pElement, attribute.pLocal, attribute.nLocalLength, pszValue,
-                                              std::strlen(pszValue), attribute.pNamespace, attribute.nNamespaceLength);
+            m_doc.AddAttribute(pElement, attribute.pLocal, attribute.nLocalLength, pszValue, std::strlen(pszValue),
+                               attribute.pNamespace, attribute.nNamespaceLength);
         } else {
             std::string strLocal = Utf8ToLocal(attribute.pLocal, attribute.nLocalLength);
             std::string strValue = Utf8ToLocal(pszValue);
             std::string strNamespace = Utf8ToLocal(attribute.pNamespace, attribute.nNamespaceLength);
-            CXmlDocument::AddElementAttribute(pElement, strLocal.data(), strLocal.size(), strValue.data(),
-                                              strValue.size(), strNamespace.data(), strNamespace.size());
+            m_doc.AddAttribute(pElement, strLocal.data(), strLocal.size(), strValue.data(), strValue.size(),
+                               strNamespace.data(), strNamespace.size());
         }
     }
 }
@@ -279,10 +279,10 @@ void CExpatReader::CharacterData(const char* pText, int nLength) {
     // XML text can't hold the character 0 (expat refuses even "&#0;"), so neither the text
     // nor its conversion has a null byte to stop at.
     if (m_bLocalIsUtf8) {
-        CXmlDocument::AppendRunExcludingCR(pElement, pText, static_cast<size_t>(nLength));
+        m_doc.AppendRun(pElement, pText, static_cast<size_t>(nLength));
     } else {
         std::string strText = ConvertWithScratch(pText, static_cast<size_t>(nLength));
-        CXmlDocument::AppendRunExcludingCR(pElement, strText.data(), strText.size());
+        m_doc.AppendRun(pElement, strText.data(), strText.size());
     }
 }
 

@@ -21,11 +21,11 @@ bool IsInstanceOrXmlnsNamespace(const std::string& strNamespace) {
 // A node is made per element or attribute parsed: its instance record is found once.
 static CInstanceMonitor::ClassHandle s_monitor("CXmlAttribute");
 
-CXmlAttribute::CXmlAttribute(const CXmlElement* pElement, const char* pLocalName, size_t nLocalNameLength,
-                             const char* pValue, size_t nValueLength, const std::string* pNamespace)
+CXmlAttribute::CXmlAttribute(const CXmlElement* pElement, const std::string* pLocalName, const char* pValue,
+                             size_t nValueLength, const std::string* pNamespace)
     : CInstanceMonitor(s_monitor),
       m_pElement(pElement),
-      m_strLocalName(pLocalName, nLocalNameLength),
+      m_pLocalName(pLocalName),
       m_strValue(pValue, nValueLength),
       m_pNamespace(pNamespace) {}
 
@@ -33,12 +33,12 @@ CXmlAttribute::~CXmlAttribute() {}
 
 bool CXmlAttribute::IsNamespaceAttribute() const {
     if (!IsInstanceOrXmlnsNamespace(*m_pNamespace)) return false;
-    return m_strLocalName == "xmlns" || m_strLocalName == "type" || m_strLocalName == "schemaLocation" ||
-           m_strLocalName == "noNamespaceSchemaLocation";
+    return *m_pLocalName == "xmlns" || *m_pLocalName == "type" || *m_pLocalName == "schemaLocation" ||
+           *m_pLocalName == "noNamespaceSchemaLocation";
 }
 
 bool CXmlAttribute::IsNilAttribute() const {
-    return m_strLocalName == "nil" && IsInstanceOrXmlnsNamespace(*m_pNamespace);
+    return *m_pLocalName == "nil" && IsInstanceOrXmlnsNamespace(*m_pNamespace);
 }
 
 std::string CXmlAttribute::GetXPath() const {
@@ -53,7 +53,7 @@ std::string CXmlAttribute::GetXPath() const {
         }
     }
     strPath += '@';
-    strPath += m_strLocalName;
+    strPath += *m_pLocalName;
     return strPath;
 }
 

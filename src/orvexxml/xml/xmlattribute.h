@@ -21,7 +21,7 @@ public:
     CXmlAttribute& operator=(const CXmlAttribute&) = delete;
 
     const CXmlElement* GetElement() const { return m_pElement; }
-    const std::string& GetLocalName() const { return m_strLocalName; }
+    const std::string& GetLocalName() const { return *m_pLocalName; }
     const std::string& GetNamespaceURI() const { return *m_pNamespace; }
     const std::string& GetValue() const { return m_strValue; }
 
@@ -35,14 +35,16 @@ public:
     std::string GetXPath() const;
 
 protected:
-    // pNamespace is the document's stored copy of the URI.
-    CXmlAttribute(const CXmlElement* pElement, const char* pLocalName, size_t nLocalNameLength, const char* pValue,
-                  size_t nValueLength, const std::string* pNamespace);
+    // pLocalName and pNamespace are the document's stored copies of the name and the URI.
+    CXmlAttribute(const CXmlElement* pElement, const std::string* pLocalName, const char* pValue, size_t nValueLength,
+                  const std::string* pNamespace);
     ~CXmlAttribute() override;
 
 private:
     const CXmlElement* m_pElement;
-    std::string m_strLocalName;
+    // The name is stored once per document, like the names of elements: a document repeats a
+    // handful of attribute names.
+    const std::string* m_pLocalName;
     std::string m_strValue;
     const std::string* m_pNamespace;  // the namespace URI, stored once per document
 };

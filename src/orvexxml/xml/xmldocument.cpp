@@ -123,7 +123,7 @@ CXmlDocument::~CXmlDocument() {
 void CXmlDocument::Cleanup() {
     // A read in flight targets one of our buffers: it must finish before any buffer goes.
     CancelChunk();
-    CXmlElement::Destroy(m_pDocumentElement);  // iterative over the whole tree
+    CXmlElement::Destroy(m_pNodeStore, m_pDocumentElement);  // iterative over the whole tree
     m_pDocumentElement = nullptr;
     m_pNodeStore->Release();  // no node lives any more
     FreeBuffer();
@@ -485,12 +485,12 @@ CXmlElement* CXmlDocument::AddDocElement(const char* pNamespace, size_t nNamespa
     // stored, nothing may fail before the push.
     m_pElementStack.clear();
     m_pElementStack.reserve(64);
-    CXmlElement* pElement = CXmlElement::Create(this, nullptr);
-    CXmlElement::Destroy(m_pDocumentElement);
+    CXmlElement* pElement = CXmlElement::Create(m_pNodeStore, this, nullptr);
+    CXmlElement::Destroy(m_pNodeStore, m_pDocumentElement);
     m_pDocumentElement = pElement;
-    pElement->SetNamespace(pNamespace, nNamespaceLength);
-    pElement->SetElementName(pName, nNameLength);
-    m_pElementStack.push_back(pElement);
+    pElement->SetNamespace(m_pNodeStore, pNamespace, nNamespaceLength);
+    pElement->SetElementName(m_pNodeStore, pName, nNameLength);
+    m_pElementStack.push_back(OpenElement{pElement, nullptr});
     return pElement;
 }
 
@@ -506,43 +506,59 @@ CXmlElement* CXmlDocument::AddChildElement(const char* pNamespace, size_t nNames
     // step throws.
     if (m_pElementStack.empty()) throw COxInvalidStateException("No open element to add a child element to");
     if (m_pElementStack.size() == m_pElementStack.capacity()) m_pElementStack.reserve(2 * m_pElementStack.size());
-    CXmlElement* pElement = m_pElementStack.back()->CreateNewChildElement();
-    pElement->SetNamespace(pNamespace, nNamespaceLength);
-    pElement->SetElementName(pName, nNameLength);
+    OpenElement& parent = m_pElementStack.back();
+    CXmlElement* pElement = parent.pElement->CreateNewChildElement(m_pNodeStore, parent.pLastChild);
+    parent.pLastChild = pElement;
+    pElement->SetNamespace(m_pNodeStore, pNamespace, nNamespaceLength);
+    pElement->SetElementName(m_pNodeStore, pName, nNameLength);
     // The tree itself is built without recursion, but the walks that read it recurse once per
     // level: a document deeper than the context allows is refused here, at its first element
     // too deep, so that no walk ever sees it.
     const int32_t nMaxDepth = m_pContext->GetMaxDepth();
     if (m_pElementStack.size() >= static_cast<size_t>(nMaxDepth))
         CSerializationContext::ThrowTooDeep(nMaxDepth, pElement->GetXPath());
-    m_pElementStack.push_back(pElement);
+    m_pElementStack.push_back(OpenElement{pElement, nullptr});
     return pElement;
 }
 
 void CXmlDocument::EndElement() {
     if (m_pElementStack.empty()) return;
-    CXmlElement* pElement = m_pElementStack.back();
+    CXmlElement* pElement = m_pElementStack.back().pElement;
     m_pElementStack.pop_back();
     if (!m_pfnElementCallback || !m_pfnElementCallback(pElement)) return;
     // The callback has dealt with the element. The root has no parent to leave: it stays.
     if (m_pElementStack.empty()) return;
-    CXmlElement* pRemoved = m_pElementStack.back()->RemoveLastChildElement();
-    CXmlElement::Destroy(pRemoved);  // the element just ended is always its parent's last child
+    // The element just ended is always its parent's last child.
+    OpenElement& parent = m_pElementStack.back();
+    parent.pLastChild = parent.pElement->RemoveLastChildElement(pElement);
+    CXmlElement::Destroy(m_pNodeStore, pElement);
 }
 
 CXmlAttribute* CXmlDocument::AddElementAttribute(CXmlElement* pElement, const char* pszLocalName, const char* pszValue,
                                                  const char* pszNamespace) {
-    return pElement->AddAttribute(pszLocalName, pszValue, pszNamespace);
+    return pElement->AddAttribute(pElement->GetStore(), pszLocalName, pszValue, pszNamespace);
 }
 
 CXmlAttribute* CXmlDocument::AddElementAttribute(CXmlElement* pElement, const char* pLocalName, size_t nLocalNameLength,
                                                  const char* pValue, size_t nValueLength, const char* pNamespace,
                                                  size_t nNamespaceLength) {
-    return pElement->AddAttribute(pLocalName, nLocalNameLength, pValue, nValueLength, pNamespace, nNamespaceLength);
+    return pElement->AddAttribute(pElement->GetStore(), pLocalName, nLocalNameLength, pValue, nValueLength, pNamespace,
+                                  nNamespaceLength);
 }
 
 void CXmlDocument::ReserveElementAttributes(CXmlElement* pElement, size_t nCount) {
-    pElement->ReserveAttributes(pElement->m_nAttributeCount + nCount);
+    pElement->ReserveAttributes(pElement->GetStore(), pElement->GetAttributes().size() + nCount);
+}
+
+CXmlAttribute* CXmlDocument::AddAttribute(CXmlElement* pElement, const char* pLocalName, size_t nLocalNameLength,
+                                          const char* pValue, size_t nValueLength, const char* pNamespace,
+                                          size_t nNamespaceLength) {
+    return pElement->AddAttribute(m_pNodeStore, pLocalName, nLocalNameLength, pValue, nValueLength, pNamespace,
+                                  nNamespaceLength);
+}
+
+void CXmlDocument::ReserveAttributes(CXmlElement* pElement, size_t nCount) {
+    pElement->ReserveAttributes(m_pNodeStore, pElement->GetAttributes().size() + nCount);
 }
 
 void CXmlDocument::AppendTextExcludingCR(CXmlElement* pElement, const char* pszText) {
@@ -555,11 +571,15 @@ void CXmlDocument::AppendTextExcludingCR(CXmlElement* pElement, const char* pTex
 }
 
 void CXmlDocument::AppendRunExcludingCR(CXmlElement* pElement, const char* pText, size_t nLength) {
+    AppendRun(pElement->GetStore(), pElement, pText, nLength);
+}
+
+void CXmlDocument::AppendRun(CXmlNodeStore* pStore, CXmlElement* pElement, const char* pText, size_t nLength) {
     const char* pEnd = pText + nLength;
     while (pText < pEnd) {
         const char* pCR = static_cast<const char*>(std::memchr(pText, '\r', static_cast<size_t>(pEnd - pText)));
         const char* pRunEnd = pCR ? pCR : pEnd;
-        if (pRunEnd > pText) pElement->AppendText(pText, static_cast<OxULong>(pRunEnd - pText));
+        if (pRunEnd > pText) pElement->AppendText(pStore, pText, static_cast<OxULong>(pRunEnd - pText));
         pText = pCR ? pCR + 1 : pEnd;
     }
 }

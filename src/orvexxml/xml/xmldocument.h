@@ -119,8 +119,20 @@ private:
     // The same for text of exactly nLength bytes known to hold no null byte, as the parser's
     // text always is: no search for the end.
     static void AppendRunExcludingCR(CXmlElement* pElement, const char* pText, size_t nLength);
+    // The parser's own calls, for elements of this document: the static forms above find the
+    // document's node store by a walk to the root, these have it at hand.
+    CXmlAttribute* AddAttribute(CXmlElement* pElement, const char* pLocalName, size_t nLocalNameLength,
+                                const char* pValue, size_t nValueLength, const char* pNamespace,
+                                size_t nNamespaceLength);
+    void ReserveAttributes(CXmlElement* pElement, size_t nCount);
+    void AppendRun(CXmlElement* pElement, const char* pText, size_t nLength) {
+        AppendRun(m_pNodeStore, pElement, pText, nLength);
+    }
+    static void AppendRun(CXmlNodeStore* pStore, CXmlElement* pElement, const char* pText, size_t nLength);
     // The element at the back of the stack of open elements, null if none is open.
-    CXmlElement* GetCurrentElement() const { return m_pElementStack.empty() ? nullptr : m_pElementStack.back(); }
+    CXmlElement* GetCurrentElement() const {
+        return m_pElementStack.empty() ? nullptr : m_pElementStack.back().pElement;
+    }
 
     // The input forms that may be compressed or Fast Infoset.
     void InflateBuffer();
@@ -149,7 +161,13 @@ private:
     uint64_t m_nFilePosition;        // offset of the next read
     int m_hFile;                     // descriptor of the file during an overlapped load, else -1
     CXmlElement* m_pDocumentElement;
-    std::vector<CXmlElement*> m_pElementStack;
+    // An element being built and its last child so far, where the next child is linked: the
+    // elements themselves keep no pointer to their last child.
+    struct OpenElement {
+        CXmlElement* pElement;
+        CXmlElement* pLastChild;
+    };
+    std::vector<OpenElement> m_pElementStack;
     std::map<std::string, std::string> m_mapAliases;
     unsigned char* m_pBuffer;
     bool m_bOwnsBuffer;  // false while m_pBuffer is the caller's input (see CBorrowedBuffer)

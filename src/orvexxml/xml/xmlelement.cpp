@@ -27,23 +27,20 @@ static CInstanceMonitor::ClassHandle s_monitor("CXmlElement");
 
 CXmlElement::CXmlElement(const CXmlDocument* pDocument, const CXmlElement* pParent)
     : CInstanceMonitor(s_monitor),
-      m_pDocument(pDocument),
       m_pParent(pParent),
       m_pNextSibling(nullptr),
       m_pFirstChild(nullptr),
-      m_pLastChild(nullptr),
-      m_ppAttributes(nullptr),
-      m_nAttributeCount(0),
-      m_nAttributeCapacity(0),
+      m_pAttributes(nullptr),
       m_pText(nullptr),
       m_nTextLength(0),
       m_nTextCapacity(0),
       m_pTextString(nullptr),
       m_pElementName(CXmlNodeStore::EmptyNamespace()),
-      m_pNamespace(CXmlNodeStore::EmptyNamespace()) {}
+      m_pNamespace(CXmlNodeStore::EmptyNamespace()) {
+    if (!pParent) m_pDocument = pDocument;
+}
 
-CXmlElement* CXmlElement::Create(const CXmlDocument* pDocument, const CXmlElement* pParent) {
-    CXmlNodeStore* pStore = pDocument->m_pNodeStore;
+CXmlElement* CXmlElement::Create(CXmlNodeStore* pStore, const CXmlDocument* pDocument, const CXmlElement* pParent) {
     void* pMemory = pStore->Allocate(sizeof(CXmlElement));
     try {
         return new (pMemory) CXmlElement(pDocument, pParent);
@@ -53,58 +50,71 @@ CXmlElement* CXmlElement::Create(const CXmlDocument* pDocument, const CXmlElemen
     }
 }
 
-void CXmlElement::Destroy(CXmlElement* pElement) {
+void CXmlElement::Destroy(CXmlNodeStore* pStore, CXmlElement* pElement) {
     if (!pElement) return;
-    CXmlNodeStore* pStore = pElement->m_pDocument->m_pNodeStore;
-    pElement->~CXmlElement();
-    pStore->Free(pElement, sizeof(CXmlElement));
-}
-
-void CXmlElement::DestroyAttribute(const CXmlDocument* pDocument, CXmlAttribute* pAttribute) {
-    pAttribute->~CXmlAttribute();
-    pDocument->m_pNodeStore->Free(pAttribute, sizeof(CXmlAttribute));
-}
-
-CXmlElement::~CXmlElement() {
-    FreeText();
-    // Delete the whole subtree without recursion. The pending nodes form one list linked
-    // through m_pNextSibling. A node with children splices them in front of its successor
-    // and is then deleted childless, so no destructor below this one has work to pass on.
-    CXmlElement* pNode = m_pFirstChild;
-    m_pFirstChild = m_pLastChild = nullptr;
+    // The whole subtree without recursion. The pending nodes form one list linked through
+    // m_pNextSibling, starting with the element itself (its own sibling, or the document if
+    // it is the root, is not followed). A node with children splices them in front of its
+    // successor and is then ended childless. Finding the end of the children walks each list
+    // of children once: linear in the tree.
+    CXmlElement* pNode = pElement;
+    bool bFirst = true;
     while (pNode) {
+        CXmlElement* pNext = bFirst ? nullptr : pNode->m_pNextSibling;
+        bFirst = false;
         if (pNode->m_pFirstChild) {
-            pNode->m_pLastChild->m_pNextSibling = pNode->m_pNextSibling;
-            pNode->m_pNextSibling = pNode->m_pFirstChild;
-            pNode->m_pFirstChild = pNode->m_pLastChild = nullptr;
+            CXmlElement* pLast = pNode->m_pFirstChild;
+            while (pLast->m_pNextSibling) pLast = pLast->m_pNextSibling;
+            pLast->m_pNextSibling = pNext;
+            pNext = pNode->m_pFirstChild;
+            pNode->m_pFirstChild = nullptr;
         }
-        CXmlElement* pNext = pNode->m_pNextSibling;
-        pNode->m_pNextSibling = nullptr;
-        Destroy(pNode);
+        pNode->FreeText(pStore);
+        if (AttributeArray* pAttributes = pNode->m_pAttributes) {
+            for (uint32_t i = 0; i < pAttributes->nCount; ++i) DestroyAttribute(pStore, pAttributes->apItems[i]);
+            pStore->Free(pAttributes, AttributeArray::SizeFor(pAttributes->nCapacity));
+            pNode->m_pAttributes = nullptr;
+        }
+        pNode->~CXmlElement();
+        pStore->Free(pNode, sizeof(CXmlElement));
         pNode = pNext;
     }
-    if (m_ppAttributes) {
-        for (uint32_t i = 0; i < m_nAttributeCount; ++i) DestroyAttribute(m_pDocument, m_ppAttributes[i]);
-        m_pDocument->m_pNodeStore->Free(m_ppAttributes, m_nAttributeCapacity * sizeof(CXmlAttribute*));
-    }
 }
+
+void CXmlElement::DestroyAttribute(CXmlNodeStore* pStore, CXmlAttribute* pAttribute) {
+    pAttribute->~CXmlAttribute();
+    pStore->Free(pAttribute, sizeof(CXmlAttribute));
+}
+
+// Destroy has given back the text, the attributes and the children.
+CXmlElement::~CXmlElement() {}
+
+const CXmlDocument* CXmlElement::GetDocument() const {
+    const CXmlElement* pRoot = this;
+    while (pRoot->m_pParent) pRoot = pRoot->m_pParent;
+    return pRoot->m_pDocument;
+}
+
+CXmlNodeStore* CXmlElement::GetStore() const { return GetDocument()->m_pNodeStore; }
 
 CXmlAttribute* CXmlElement::CAttributeList::at(size_t nIndex) const {
     if (nIndex >= m_nCount) throw std::out_of_range("CXmlElement::CAttributeList::at");
     return m_ppItems[nIndex];
 }
 
-void CXmlElement::ReserveAttributes(size_t nCount) {
+void CXmlElement::ReserveAttributes(CXmlNodeStore* pStore, size_t nCount) {
     // The array comes from the node store, like the attributes themselves: an element with
     // attributes costs no heap allocation.
-    if (nCount <= m_nAttributeCapacity) return;
+    const uint32_t nOldCount = m_pAttributes ? m_pAttributes->nCount : 0;
+    const uint32_t nOldCapacity = m_pAttributes ? m_pAttributes->nCapacity : 0;
+    if (nCount <= nOldCapacity) return;
     if (nCount > UINT32_MAX / 2) throw std::bad_alloc();
-    CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
-    CXmlAttribute** ppNew = static_cast<CXmlAttribute**>(pStore->Allocate(nCount * sizeof(CXmlAttribute*)));
-    if (m_nAttributeCount) std::memcpy(ppNew, m_ppAttributes, m_nAttributeCount * sizeof(CXmlAttribute*));
-    if (m_ppAttributes) pStore->Free(m_ppAttributes, m_nAttributeCapacity * sizeof(CXmlAttribute*));
-    m_ppAttributes = ppNew;
-    m_nAttributeCapacity = static_cast<uint32_t>(nCount);
+    AttributeArray* pNew = static_cast<AttributeArray*>(pStore->Allocate(AttributeArray::SizeFor(nCount)));
+    pNew->nCount = nOldCount;
+    pNew->nCapacity = static_cast<uint32_t>(nCount);
+    if (nOldCount) std::memcpy(pNew->apItems, m_pAttributes->apItems, nOldCount * sizeof(CXmlAttribute*));
+    if (m_pAttributes) pStore->Free(m_pAttributes, AttributeArray::SizeFor(nOldCapacity));
+    m_pAttributes = pNew;
 }
 
 const std::string& CXmlElement::GetAttribute(const char* pszLocalName, const char* pszNamespace) const {
@@ -131,8 +141,9 @@ std::string CXmlElement::GetXPath() const {
 }
 
 std::string CXmlElement::GetQName() const {
-    if (m_pDocument && !m_pNamespace->empty()) {
-        const std::string& strPrefix = m_pDocument->LookupAliasFromNamespace(m_pNamespace->c_str());
+    const CXmlDocument* pDocument = m_pNamespace->empty() ? nullptr : GetDocument();
+    if (pDocument) {
+        const std::string& strPrefix = pDocument->LookupAliasFromNamespace(m_pNamespace->c_str());
         if (!strPrefix.empty()) {
             std::string strQName;
             strQName.reserve(strPrefix.size() + 1 + m_pElementName->size());
@@ -171,34 +182,35 @@ std::string CXmlElement::GetNameWithPredicate() const {
     return strQName;
 }
 
-void CXmlElement::SetElementName(const char* pszName) {
+void CXmlElement::SetElementName(CXmlNodeStore* pStore, const char* pszName) {
     pszName = NotNull(pszName);
-    SetElementName(pszName, std::strlen(pszName));
+    SetElementName(pStore, pszName, std::strlen(pszName));
 }
 
-void CXmlElement::SetElementName(const char* pName, size_t nLength) {
-    m_pElementName = m_pDocument->m_pNodeStore->InternName(pName, nLength);
+void CXmlElement::SetElementName(CXmlNodeStore* pStore, const char* pName, size_t nLength) {
+    m_pElementName = pStore->InternName(pName, nLength);
 }
 
-void CXmlElement::SetNamespace(const char* pszNamespace) {
+void CXmlElement::SetNamespace(CXmlNodeStore* pStore, const char* pszNamespace) {
     pszNamespace = NotNull(pszNamespace);
-    SetNamespace(pszNamespace, std::strlen(pszNamespace));
+    SetNamespace(pStore, pszNamespace, std::strlen(pszNamespace));
 }
 
-void CXmlElement::SetNamespace(const char* pNamespace, size_t nLength) {
-    m_pNamespace = m_pDocument->m_pNodeStore->InternNamespace(pNamespace, nLength);
+void CXmlElement::SetNamespace(CXmlNodeStore* pStore, const char* pNamespace, size_t nLength) {
+    m_pNamespace = pStore->InternNamespace(pNamespace, nLength);
 }
 
-void CXmlElement::AppendText(const char* pszText) {
-    if (pszText) AppendText(pszText, static_cast<OxULong>(std::strlen(pszText)));
+void CXmlElement::AppendText(CXmlNodeStore* pStore, const char* pszText) {
+    if (pszText) AppendText(pStore, pszText, static_cast<OxULong>(std::strlen(pszText)));
 }
 
-void CXmlElement::AppendText(const char* pText, OxULong nLength) {
+void CXmlElement::AppendText(CXmlNodeStore* pStore, const char* pText, OxULong nLength) {
     if (nLength == 0) return;
+    if (nLength > UINT32_MAX - m_nTextLength) throw std::bad_alloc();  // the length is 32 bits
     const size_t nNewLength = m_nTextLength + nLength;
-    if (nNewLength > m_nTextCapacity) GrowText(nNewLength);
+    if (nNewLength > m_nTextCapacity) GrowText(pStore, nNewLength);
     std::memcpy(m_pText + m_nTextLength, pText, nLength);
-    m_nTextLength = nNewLength;
+    m_nTextLength = static_cast<uint32_t>(nNewLength);
     // A string made of the former text no longer matches.
     delete m_pTextString.exchange(nullptr, std::memory_order_acq_rel);
 }
@@ -209,12 +221,12 @@ namespace {
 const size_t kMaxStoredText = 512;
 }  // namespace
 
-void CXmlElement::GrowText(size_t nNeeded) {
+void CXmlElement::GrowText(CXmlNodeStore* pStore, size_t nNeeded) {
     // The capacity at least doubles, so that text arriving in many pieces (the line breaks and
     // indentation between the children of an element) is copied a bounded number of times.
-    size_t nCapacity = m_nTextCapacity < 8 ? 16 : 2 * m_nTextCapacity;
+    size_t nCapacity = m_nTextCapacity < 8 ? 16 : 2 * static_cast<size_t>(m_nTextCapacity);
     if (nCapacity < nNeeded) nCapacity = nNeeded;
-    CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
+    if (nCapacity > UINT32_MAX) nCapacity = UINT32_MAX;  // nNeeded fits: AppendText checked it
     if (nCapacity <= kMaxStoredText) {
         nCapacity = (nCapacity + 15) & ~static_cast<size_t>(15);
         char* pNew = static_cast<char*>(pStore->Allocate(nCapacity));
@@ -232,16 +244,16 @@ void CXmlElement::GrowText(size_t nNeeded) {
         if (m_pText) pStore->Free(m_pText, m_nTextCapacity);
         m_pText = pNew;
     }
-    m_nTextCapacity = nCapacity;
+    m_nTextCapacity = static_cast<uint32_t>(nCapacity);
 }
 
-void CXmlElement::FreeText() {
+void CXmlElement::FreeText(CXmlNodeStore* pStore) {
     delete m_pTextString.exchange(nullptr, std::memory_order_acq_rel);
     if (!m_pText) return;
     if (m_nTextCapacity > kMaxStoredText)
         std::free(m_pText);
     else
-        m_pDocument->m_pNodeStore->Free(m_pText, m_nTextCapacity);
+        pStore->Free(m_pText, m_nTextCapacity);
     m_pText = nullptr;
     m_nTextLength = m_nTextCapacity = 0;
 }
@@ -257,55 +269,53 @@ const std::string& CXmlElement::GetText() const {
     return *pString;
 }
 
-CXmlElement* CXmlElement::CreateNewChildElement() {
-    CXmlElement* pChild = Create(m_pDocument, this);
-    if (m_pLastChild)
-        m_pLastChild->m_pNextSibling = pChild;
+CXmlElement* CXmlElement::CreateNewChildElement(CXmlNodeStore* pStore, CXmlElement* pLastChild) {
+    CXmlElement* pChild = Create(pStore, nullptr, this);
+    if (pLastChild)
+        pLastChild->m_pNextSibling = pChild;
     else
         m_pFirstChild = pChild;
-    m_pLastChild = pChild;
     return pChild;
 }
 
-CXmlAttribute* CXmlElement::AddAttribute(const char* pszLocalName, const char* pszValue, const char* pszNamespace) {
+CXmlAttribute* CXmlElement::AddAttribute(CXmlNodeStore* pStore, const char* pszLocalName, const char* pszValue,
+                                         const char* pszNamespace) {
     pszLocalName = NotNull(pszLocalName);
     pszValue = NotNull(pszValue);
     pszNamespace = NotNull(pszNamespace);
-    return AddAttribute(pszLocalName, std::strlen(pszLocalName), pszValue, std::strlen(pszValue), pszNamespace,
+    return AddAttribute(pStore, pszLocalName, std::strlen(pszLocalName), pszValue, std::strlen(pszValue), pszNamespace,
                         std::strlen(pszNamespace));
 }
 
-CXmlAttribute* CXmlElement::AddAttribute(const char* pLocalName, size_t nLocalNameLength, const char* pValue,
-                                         size_t nValueLength, const char* pNamespace, size_t nNamespaceLength) {
+CXmlAttribute* CXmlElement::AddAttribute(CXmlNodeStore* pStore, const char* pLocalName, size_t nLocalNameLength,
+                                         const char* pValue, size_t nValueLength, const char* pNamespace,
+                                         size_t nNamespaceLength) {
     // Make room first, so that a failing push_back can't lose the new attribute.
-    if (m_nAttributeCount == m_nAttributeCapacity) ReserveAttributes(m_nAttributeCount ? 2 * m_nAttributeCount : 4);
-    CXmlNodeStore* pStore = m_pDocument->m_pNodeStore;
+    const uint32_t nCount = m_pAttributes ? m_pAttributes->nCount : 0;
+    if (!m_pAttributes || nCount == m_pAttributes->nCapacity) ReserveAttributes(pStore, nCount ? 2 * nCount : 4);
     const std::string* pStoredNamespace = pStore->InternNamespace(pNamespace, nNamespaceLength);
+    const std::string* pStoredName = pStore->InternName(pLocalName, nLocalNameLength);
     void* pMemory = pStore->Allocate(sizeof(CXmlAttribute));
     CXmlAttribute* pAttribute;
     try {
-        pAttribute =
-            new (pMemory) CXmlAttribute(this, pLocalName, nLocalNameLength, pValue, nValueLength, pStoredNamespace);
+        pAttribute = new (pMemory) CXmlAttribute(this, pStoredName, pValue, nValueLength, pStoredNamespace);
     } catch (...) {
         pStore->Free(pMemory, sizeof(CXmlAttribute));
         throw;
     }
-    m_ppAttributes[m_nAttributeCount++] = pAttribute;
+    m_pAttributes->apItems[m_pAttributes->nCount++] = pAttribute;
     return pAttribute;
 }
 
-CXmlElement* CXmlElement::RemoveLastChildElement() {
-    CXmlElement* pLast = m_pLastChild;
-    if (!pLast) return nullptr;
-    if (m_pFirstChild == pLast) {
-        m_pFirstChild = m_pLastChild = nullptr;
-    } else {
-        CXmlElement* pPrevious = m_pFirstChild;
-        while (pPrevious->m_pNextSibling != pLast) pPrevious = pPrevious->m_pNextSibling;
-        pPrevious->m_pNextSibling = nullptr;
-        m_pLastChild = pPrevious;
+CXmlElement* CXmlElement::RemoveLastChildElement(CXmlElement* pLastChild) {
+    if (m_pFirstChild == pLastChild) {
+        m_pFirstChild = nullptr;
+        return nullptr;
     }
-    return pLast;
+    CXmlElement* pPrevious = m_pFirstChild;
+    while (pPrevious->m_pNextSibling != pLastChild) pPrevious = pPrevious->m_pNextSibling;
+    pPrevious->m_pNextSibling = nullptr;
+    return pPrevious;
 }
 
 }  // namespace OrvexXml

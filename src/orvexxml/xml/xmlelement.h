@@ -14,11 +14,12 @@ namespace OrvexXml {
 
 class CXmlAttribute;
 class CXmlDocument;
+class CXmlNodeStore;
 
 // One element of a parsed document. The children form a singly linked list (first child,
-// next sibling, and the last child for appending); the element owns its children and its
-// attributes. All text of the element, including the text between its children, is kept
-// in one string. Strings are in the local encoding.
+// next sibling; the document that builds the tree remembers the last child of each open
+// element for appending); the element owns its children and its attributes. All text of the element, including the text
+// between its children, is kept in one string. Strings are in the local encoding.
 //
 // Elements are built and destroyed by their document only. Destruction is iterative in
 // both directions, along siblings and along depth, so that arbitrarily deep or wide trees
@@ -49,12 +50,13 @@ public:
     CXmlElement(const CXmlElement&) = delete;
     CXmlElement& operator=(const CXmlElement&) = delete;
 
-    const CXmlDocument* GetDocument() const { return m_pDocument; }
+    // The document, found through the root: only the root keeps it.
+    const CXmlDocument* GetDocument() const;
     const CXmlElement* GetParentElm() const { return m_pParent; }
     // The first child element, null if there is none.
     CXmlElement* GetFirstElement() const { return m_pFirstChild; }
     // The next sibling element, null at the end of the parent's children.
-    CXmlElement* GetNextSiblingElement() const { return m_pNextSibling; }
+    CXmlElement* GetNextSiblingElement() const { return m_pParent ? m_pNextSibling : nullptr; }
     const std::string& GetLocalName() const { return *m_pElementName; }
     const std::string& GetNamespaceURI() const { return *m_pNamespace; }
     const std::string& GetText() const;
@@ -62,7 +64,10 @@ public:
     // between child elements, which nobody reads as a rule, never becomes a string.
     std::string_view GetTextView() const { return std::string_view(m_pText, m_nTextLength); }
     // In document order.
-    CAttributeList GetAttributes() const { return CAttributeList(m_ppAttributes, m_nAttributeCount); }
+    CAttributeList GetAttributes() const {
+        return m_pAttributes ? CAttributeList(m_pAttributes->apItems, m_pAttributes->nCount)
+                             : CAttributeList(nullptr, 0);
+    }
     // The value of the first attribute with that local name and namespace (null counts as
     // empty). Without a match: a reference to a shared empty string that stays valid.
     const std::string& GetAttribute(const char* pszLocalName, const char* pszNamespace = "") const;
@@ -74,29 +79,39 @@ protected:
     CXmlElement(const CXmlDocument* pDocument, const CXmlElement* pParent);
     ~CXmlElement() override;
 
-    void SetElementName(const char* pszName);
-    void SetElementName(const char* pName, size_t nLength);
-    void SetNamespace(const char* pszNamespace);
-    void SetNamespace(const char* pNamespace, size_t nLength);
-    void AppendText(const char* pszText);
+    // The builders pass the document's node store, where the element's memory comes from: an
+    // element keeps no pointer to it, and finding it through the root would cost a walk up
+    // the tree per call.
+    void SetElementName(CXmlNodeStore* pStore, const char* pszName);
+    void SetElementName(CXmlNodeStore* pStore, const char* pName, size_t nLength);
+    void SetNamespace(CXmlNodeStore* pStore, const char* pszNamespace);
+    void SetNamespace(CXmlNodeStore* pStore, const char* pNamespace, size_t nLength);
+    void AppendText(CXmlNodeStore* pStore, const char* pszText);
     // Appends nLength bytes. Capacity at least doubles when it has to grow, so text that
     // arrives in many small pieces is copied a logarithmic number of times.
-    void AppendText(const char* pText, OxULong nLength);
-    // A new last child of this element.
-    CXmlElement* CreateNewChildElement();
-    CXmlAttribute* AddAttribute(const char* pszLocalName, const char* pszValue, const char* pszNamespace);
-    CXmlAttribute* AddAttribute(const char* pLocalName, size_t nLocalNameLength, const char* pValue,
-                                size_t nValueLength, const char* pNamespace, size_t nNamespaceLength);
-    // Unlinks the last child and returns it (the caller deletes it); null without children.
-    CXmlElement* RemoveLastChildElement();
+    void AppendText(CXmlNodeStore* pStore, const char* pText, OxULong nLength);
+    // A new child of this element after pLastChild, its last child so far (null for the first).
+    CXmlElement* CreateNewChildElement(CXmlNodeStore* pStore, CXmlElement* pLastChild);
+    CXmlAttribute* AddAttribute(CXmlNodeStore* pStore, const char* pszLocalName, const char* pszValue,
+                                const char* pszNamespace);
+    CXmlAttribute* AddAttribute(CXmlNodeStore* pStore, const char* pLocalName, size_t nLocalNameLength,
+                                const char* pValue, size_t nValueLength, const char* pNamespace,
+                                size_t nNamespaceLength);
+    // Unlinks pLastChild, the last child, and returns the child before it, the new last child
+    // (null when none is left). The caller deletes pLastChild.
+    CXmlElement* RemoveLastChildElement(CXmlElement* pLastChild);
 
 private:
     // Elements and attributes live in the document's node store: these make and end them.
-    static CXmlElement* Create(const CXmlDocument* pDocument, const CXmlElement* pParent);
-    static void Destroy(CXmlElement* pElement);
-    static void DestroyAttribute(const CXmlDocument* pDocument, CXmlAttribute* pAttribute);
+    // pDocument is kept by the root only (pParent null).
+    static CXmlElement* Create(CXmlNodeStore* pStore, const CXmlDocument* pDocument, const CXmlElement* pParent);
+    // The element with its whole subtree and their attributes.
+    static void Destroy(CXmlNodeStore* pStore, CXmlElement* pElement);
+    static void DestroyAttribute(CXmlNodeStore* pStore, CXmlAttribute* pAttribute);
+    // The node store of the element's document, found through the root.
+    CXmlNodeStore* GetStore() const;
     // The list of attributes, made empty in the node store on first use.
-    void ReserveAttributes(size_t nCount);
+    void ReserveAttributes(CXmlNodeStore* pStore, size_t nCount);
 
     // The prefix of the namespace, ":" and the local name; the local name alone when the
     // element has no namespace or the namespace has no prefix.
@@ -104,26 +119,37 @@ private:
     // The qualified name, with "[n]" when siblings share it.
     std::string GetNameWithPredicate() const;
 
-    const CXmlDocument* m_pDocument;
+    // The attributes: their count and room, then the pointers, in one piece of the node
+    // store, so that an element pays one pointer for them and most elements, which have none,
+    // nothing else.
+    struct AttributeArray {
+        uint32_t nCount;
+        uint32_t nCapacity;
+        CXmlAttribute* apItems[1];  // nCapacity items
+        static size_t SizeFor(size_t nCapacity) {
+            return offsetof(AttributeArray, apItems) + nCapacity * sizeof(CXmlAttribute*);
+        }
+    };
+
     const CXmlElement* m_pParent;
-    CXmlElement* m_pNextSibling;
+    // The root has no sibling: it keeps the document in that place instead.
+    union {
+        CXmlElement* m_pNextSibling;      // with a parent
+        const CXmlDocument* m_pDocument;  // the root
+    };
     CXmlElement* m_pFirstChild;
-    CXmlElement* m_pLastChild;
-    // Null until the first attribute arrives: most elements have none. Lives in the node
-    // store, like the attributes it lists; only its item array is on the heap.
-    CXmlAttribute** m_ppAttributes;  // in the node store
-    uint32_t m_nAttributeCount;
-    uint32_t m_nAttributeCapacity;
-    void GrowText(size_t nNeeded);
-    void FreeText();
+    AttributeArray* m_pAttributes;  // null until the first attribute arrives
+    void GrowText(CXmlNodeStore* pStore, size_t nNeeded);
+    void FreeText(CXmlNodeStore* pStore);
 
     // The text lives in the document's node store (on the heap past kMaxStoredText bytes) and
     // becomes a string only when GetText asks for one; that string is kept until the text
     // changes. Threads that read one tree may race to make it: one string wins, the others
-    // are deleted.
+    // are deleted. Length and room are 32 bits, which keeps the node at 88 bytes; a text of
+    // 4 GiB or more in one element is refused as memory that can't be had.
     char* m_pText;
-    size_t m_nTextLength;
-    size_t m_nTextCapacity;
+    uint32_t m_nTextLength;
+    uint32_t m_nTextCapacity;
     mutable std::atomic<std::string*> m_pTextString;
     // Names are stored once per document and shared by the elements that carry them.
     const std::string* m_pElementName;
