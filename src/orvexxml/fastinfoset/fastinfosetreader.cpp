@@ -271,7 +271,7 @@ void CFastInfosetReader::ReadDocumentChildren() {
 // open elements, not by recursion, so that the depth of a document costs no machine stack;
 // the document refuses a depth beyond its context's limit as it adds the element.
 void CFastInfosetReader::ReadElement(unsigned byFirst) {
-    std::vector<CXmlElement*>& stack = m_pDocument->m_pElementStack;
+    std::vector<CXmlDocument::OpenElement>& stack = m_pDocument->m_pElementStack;
     const size_t nBase = stack.size();
     if (StartElement(byFirst)) stack.pop_back();
     while (stack.size() > nBase) {
@@ -279,11 +279,11 @@ void CFastInfosetReader::ReadElement(unsigned byFirst) {
         if (byItem < 0x80) {
             if (StartElement(byItem)) stack.pop_back();
         } else if (byItem < 0xC0) {
-            ReadCharacterChunk(byItem, stack.back());
+            ReadCharacterChunk(byItem, stack.back().pElement);
         } else if (byItem == 0xF0) {
             if (kTrace)
-                DebugTrace("End Elm: %s::%s\n", stack.back()->GetNamespaceURI().c_str(),
-                           stack.back()->GetLocalName().c_str());
+                DebugTrace("End Elm: %s::%s\n", stack.back().pElement->GetNamespaceURI().c_str(),
+                           stack.back().pElement->GetLocalName().c_str());
             stack.pop_back();
         } else if (byItem == 0xFF) {
             // The terminator of this element and of its parent in one octet.
@@ -356,8 +356,8 @@ void CFastInfosetReader::ReadAttribute(unsigned byFirst, CXmlElement* pElement) 
         const std::string& strValue = Lookup(m_pVocabulary->m_attributeValues, m_dwLastValue, "attribute values");
         value = StringView{strValue.data(), strValue.size()};
     }
-    CXmlDocument::AddElementAttribute(pElement, m_pLocalName->data(), m_pLocalName->size(), value.pData, value.nLength,
-                                      m_pNamespace->data(), m_pNamespace->size());
+    m_pDocument->AddAttribute(pElement, m_pLocalName->data(), m_pLocalName->size(), value.pData, value.nLength,
+                              m_pNamespace->data(), m_pNamespace->size());
 }
 
 void CFastInfosetReader::ReadCharacterChunk(unsigned byFirst, CXmlElement* pElement) {
@@ -374,7 +374,7 @@ void CFastInfosetReader::ReadCharacterChunk(unsigned byFirst, CXmlElement* pElem
     }
     // The text ends at its first null already (see DecodeString), and the table holds such
     // texts only: what is left is to drop CR.
-    CXmlDocument::AppendRunExcludingCR(pElement, text.pData, text.nLength);
+    m_pDocument->AppendRun(pElement, text.pData, text.nLength);
 }
 
 // --- names ----------------------------------------------------------------------------
