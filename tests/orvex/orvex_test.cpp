@@ -481,6 +481,13 @@ TEST_F(Orvex, XmlToFastInfosetReadsAsTheSameDocument) {
     }
     WriteFile(Path("infoset"), strInfoset);
     EXPECT_EQ("", Shell("python3 '" + kInfoset + "' compare '" + Path("infoset") + "' 2>&1"));
+    // Behind an XML declaration that names the encoding finf it is Fast Infoset as well.
+    const std::string strDeclared = "<?xml version='1.0' encoding='finf'?>" + ReadFile(Path("doc0.plain.fi"));
+    WriteFile(Path("declared.fi"), strDeclared);
+    const std::string strHead = Run("info '" + Path("declared.fi") + "'").strOut;
+    EXPECT_EQ("form: fi\ncompression: none\nsize: " + std::to_string(strDeclared.size()) +
+                  "\nuncompressed size: " + std::to_string(strDeclared.size()) + "\n",
+              strHead.substr(0, strHead.find("elements: ")));
     WriteFile(Path("events"), strEvents);
     EXPECT_EQ("", Shell(ORVEXXML_JAVA_COMMAND + " compare '" + Path("events") + "' 2>&1"));
     if (std::system("script --version > /dev/null 2>&1") != 0) GTEST_SKIP() << "no script program for a terminal";
