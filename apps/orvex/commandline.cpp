@@ -33,8 +33,9 @@ const char* CCommandLine::GetHelpText() {
            "\n"
            "Converts, pretty-prints and describes XML documents of any vocabulary, without\n"
            "generated classes. IN and OUT may be \"-\" for standard input and output (the\n"
-           "default output). Compressed input (gzip or zlib) and its form are recognised by\n"
-           "content, not by name.\n"
+           "default output). Compressed input (gzip or zlib) and its form (XML, JSON or Fast\n"
+           "Infoset) are recognised by content, not by name. JSON is read as full JSON\n"
+           "describes XML (\"@\" attributes, \"#text\", \"@xmlns\" declarations).\n"
            "\n"
            "Commands:\n"
            "  convert          write IN in the form --to names\n"
@@ -49,7 +50,8 @@ const char* CCommandLine::GetHelpText() {
            "                   JSON keeps (full: \"@\" attributes, \"#text\", namespaces)\n"
            "  --gzip, --zlib   compress the output (compressed data never go to a terminal)\n"
            "  --indent         indent the output (default); --compact: no whitespace added\n"
-           "  --encoding ENC   utf-8 (default) or utf-16\n"
+           "  --encoding ENC   utf-8 (default) or utf-16; Fast Infoset is always UTF-8 and\n"
+           "                   never indented\n"
            "  --allow-mixed    accept mixed content (see below)\n"
            "\n"
            "What is kept: elements, attributes, namespaces with the document's prefixes and\n"
@@ -68,7 +70,8 @@ const char* CCommandLine::GetHelpText() {
            "decompression bomb), 2 bad usage or a file that can't be read or written.\n"
            "Errors go to standard error, one line, with the document's line where known.\n"
            "Output is written to a temporary file beside OUT and renamed at the end, so OUT\n"
-           "is never left half-written. On a terminal, inputs over 50 MB show progress.\n";
+           "is never left half-written. Compressed data and Fast Infoset are not written to a\n"
+           "terminal. On a terminal, inputs over 50 MB show progress.\n";
 }
 
 void CCommandLine::Allow(const std::string& strOption, bool bAllowed) const {
@@ -191,6 +194,8 @@ void CCommandLine::Parse(const std::vector<std::string>& vecArgs) {
     }
     if (!bHasInput) Usage("no input given for " + m_strCommandName);
     if (bConvert && !m_bHasTo) Usage("convert needs --to xml, json or fi");
+    if (m_eOutputForm == OutputForm_FastInfoset && m_eEncoding == XmlEncoding_UTF16)
+        Usage("--to fi writes its text in UTF-8; --encoding utf-16 is for xml and json");
 }
 
 }  // namespace OrvexTool

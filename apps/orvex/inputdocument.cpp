@@ -120,18 +120,85 @@ void CInputDocument::Detect() {
         }
     }
     // JSON: the first character that is not blank, behind a byte order mark, opens an object
-    // or an array; in UTF-16 every other byte is 0.
+    // or an array; in UTF-16 every other byte is 0, also without a byte order mark (the JSON
+    // the tool writes in UTF-16 has none).
     uint64_t i = 0;
     if (n >= 3 && p[0] == 0xEF && p[1] == 0xBB && p[2] == 0xBF) i = 3;
     if (n >= 2 && ((p[0] == 0xFF && p[1] == 0xFE) || (p[0] == 0xFE && p[1] == 0xFF))) i = 2;
     while (i < n && (IsWhitespace(p[i]) || p[i] == 0)) ++i;
-    if (i < n && (p[i] == '{' || p[i] == '[')) m_eForm = InputForm_Json;
+    if (i < n && (p[i] == '{' || p[i] == '[')) {
+        m_eForm = InputForm_Json;
+        if (n >= 2 && ((p[0] == 0 && p[1] != 0) || (p[0] != 0 && p[1] == 0))) m_bUtf16 = true;
+    }
+}
+
+void CInputDocument::ConvertJson(const CSerializationContext& ctx) {
+    const unsigned char* p = m_pContent;
+    size_t n = static_cast<size_t>(m_nContentLength);
+    // The library reads JSON in UTF-8: UTF-16 text is converted first, by its byte order mark
+    // or, without one, by the side of the zero byte of the first character.
+    std::string strUtf8;
+    if (m_bUtf16) {
+        bool bBigEndian = p[0] == 0;
+        if ((p[0] == 0xFF && p[1] == 0xFE) || (p[0] == 0xFE && p[1] == 0xFF)) {
+            bBigEndian = p[0] == 0xFE;
+            p += 2;
+            n -= 2;
+        }
+        if (n % 2 != 0)
+            throw CToolError(ExitStatus_BadDocument, m_strDisplayName + ": UTF-16 text of an odd number of bytes");
+        strUtf8.reserve(n / 2);
+        for (size_t i = 0; i < n; i += 2) {
+            uint32_t nCode = bBigEndian ? (p[i] << 8 | p[i + 1]) : (p[i + 1] << 8 | p[i]);
+            if (nCode >= 0xD800 && nCode < 0xDC00 && i + 3 < n) {
+                const uint32_t nLow = bBigEndian ? (p[i + 2] << 8 | p[i + 3]) : (p[i + 3] << 8 | p[i + 2]);
+                if (nLow >= 0xDC00 && nLow < 0xE000) {
+                    nCode = 0x10000 + ((nCode - 0xD800) << 10) + (nLow - 0xDC00);
+                    i += 2;
+                }
+            }
+            if (nCode >= 0xD800 && nCode < 0xE000) nCode = 0xFFFD;  // a lone surrogate
+            if (nCode < 0x80) {
+                strUtf8 += static_cast<char>(nCode);
+            } else if (nCode < 0x800) {
+                strUtf8 += static_cast<char>(0xC0 | nCode >> 6);
+                strUtf8 += static_cast<char>(0x80 | (nCode & 0x3F));
+            } else if (nCode < 0x10000) {
+                strUtf8 += static_cast<char>(0xE0 | nCode >> 12);
+                strUtf8 += static_cast<char>(0x80 | (nCode >> 6 & 0x3F));
+                strUtf8 += static_cast<char>(0x80 | (nCode & 0x3F));
+            } else {
+                strUtf8 += static_cast<char>(0xF0 | nCode >> 18);
+                strUtf8 += static_cast<char>(0x80 | (nCode >> 12 & 0x3F));
+                strUtf8 += static_cast<char>(0x80 | (nCode >> 6 & 0x3F));
+                strUtf8 += static_cast<char>(0x80 | (nCode & 0x3F));
+            }
+        }
+        if (strUtf8.empty()) strUtf8 = " ";  // a byte order mark alone: the reader says what is missing
+        p = reinterpret_cast<const unsigned char*>(strUtf8.data());
+        n = strUtf8.size();
+    }
+    try {
+        CXmlDocument document(ctx);
+        m_converted = document.LoadJsonStream(const_cast<unsigned char*>(p), static_cast<OxULong>(n));
+    } catch (const COxException& e) {
+        throw CToolError(ExitStatus_BadDocument, m_strDisplayName + ": " + OneLine(e));
+    }
+    // From here on the document is the XML text the JSON stands for, in UTF-8.
+    std::vector<unsigned char>().swap(m_vecRaw);
+    m_inflated.Clear();
+    m_pContent = m_converted.GetData();
+    m_nContentLength = m_converted.GetLength();
+    m_bUtf16 = false;
 }
 
 void CInputDocument::Parse(const CSerializationContext& ctx) {
+    const bool bUtf16 = m_bUtf16;
+    if (m_eForm == InputForm_Json) ConvertJson(ctx);
     m_spDocument.reset(new CXmlDocument(ctx));
     try {
         // Already inflated: the document's own check for compression finds nothing to do.
+        // Fast Infoset goes the same way: the document recognises it by its first octets.
         m_spDocument->LoadXmlStream(const_cast<unsigned char*>(m_pContent), static_cast<OxULong>(m_nContentLength));
     } catch (const COxException& e) {
         throw CToolError(ExitStatus_BadDocument, m_strDisplayName + ": " + OneLine(e));
@@ -161,7 +228,9 @@ void CInputDocument::Parse(const CSerializationContext& ctx) {
     // The tree holds copies of everything; the bytes can go.
     std::vector<unsigned char>().swap(m_vecRaw);
     m_inflated.Clear();
+    m_converted.Clear();
     m_pContent = nullptr;
+    m_bUtf16 = bUtf16;  // the encoding of the input, which format keeps
 }
 
 CInputDocument::Counts CInputDocument::Count() const {

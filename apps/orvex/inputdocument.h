@@ -36,7 +36,8 @@ public:
 
     // Reads the bytes, inflates them if they are compressed and tells the form.
     void Read(CProgress& progress);
-    // Builds the tree of an XML document with ctx (which must outlive this object).
+    // Builds the tree of the document with ctx (which must outlive this object): XML and Fast
+    // Infoset through the library's loading of bytes, JSON through its conversion to XML text.
     void Parse(const OrvexXml::CSerializationContext& ctx);
 
     // The name for messages: the file name, or "(standard input)".
@@ -62,11 +63,14 @@ public:
 private:
     void ReadBytes(int hFile, uint64_t nExpected, CProgress& progress);
     void Detect();
+    // Replaces JSON content by the XML text the library makes of it.
+    void ConvertJson(const OrvexXml::CSerializationContext& ctx);
 
     std::string m_strName;
     std::string m_strDisplayName;
     std::vector<unsigned char> m_vecRaw;
     OrvexXml::CBinaryData m_inflated;
+    OrvexXml::CBinaryData m_converted;  // the XML text of JSON input
     const unsigned char* m_pContent;
     uint64_t m_nContentLength;
     OrvexXml::CompressionType m_eCompression;

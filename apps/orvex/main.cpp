@@ -43,17 +43,6 @@ const char* CompressionName(CompressionType eType) {
     }
 }
 
-// The forms that this build reads: XML only. JSON input joins here with CXmlDocument's JSON
-// loading (the document then takes the ordinary XML path); Fast Infoset input with the Fast
-// Infoset reader, which CXmlDocument offers every byte buffer first.
-void RequireReadableForm(const CInputDocument& input) {
-    if (input.GetForm() == InputForm_Json)
-        throw CToolError(ExitStatus_BadUsage, input.GetDisplayName() + ": JSON input is not available in this build");
-    if (input.GetForm() == InputForm_FastInfoset)
-        throw CToolError(ExitStatus_BadUsage,
-                         input.GetDisplayName() + ": Fast Infoset input is not available in this build");
-}
-
 // Compresses a finished output at the library's level. zlib is used directly rather than
 // COxZip, which refuses data that don't shrink: a tool must compress a small document too.
 std::vector<unsigned char> Compress(const unsigned char* pData, size_t nLength, CompressionType eType) {
@@ -85,21 +74,21 @@ struct WriteSettings {
 // Reads the input as a tree, writes it as the settings say, and puts it in place.
 void Convert(const std::string& strIn, const std::string& strOut, const WriteSettings& settings, bool bKeepInputForm) {
     COutputFile output(strOut);
-    if (settings.eForm == OutputForm_FastInfoset) {
-        // Fast Infoset output joins here with ToFastInfosetStream.
-        throw CToolError(ExitStatus_BadUsage, "Fast Infoset output is not available in this build");
-    }
     CProgress progress;
     CInputDocument input(strIn);
     input.Read(progress);
-    RequireReadableForm(input);
     WriteSettings actual = settings;
     if (bKeepInputForm) {
+        actual.eForm = input.GetForm() == InputForm_Json          ? OutputForm_Json
+                       : input.GetForm() == InputForm_FastInfoset ? OutputForm_FastInfoset
+                                                                  : OutputForm_Xml;
         actual.eCompression = input.GetCompression();
         actual.eEncoding = input.IsUtf16() ? XmlEncoding_UTF16 : XmlEncoding_UTF8;
     }
     if (actual.eCompression != CompressionType_None && output.IsTerminal())
         throw CToolError(ExitStatus_BadUsage, "compressed data not written to a terminal; use -o or a redirection");
+    if (actual.eForm == OutputForm_FastInfoset && output.IsTerminal())
+        throw CToolError(ExitStatus_BadUsage, "Fast Infoset not written to a terminal; use -o or a redirection");
 
     progress.Step("parsing");
     CSerializationContext ctx;
@@ -126,6 +115,11 @@ void Convert(const std::string& strIn, const std::string& strOut, const WriteSet
         if (actual.eForm == OutputForm_Json) {
             ctx.GetJsonContext().SetSupportRoundtrip(actual.eJsonMode);
             data = pRoot->ToJsonStream(actual.bFormatted, actual.eEncoding, EOLType_LF, ctx, CompressionType_None);
+        } else if (actual.eForm == OutputForm_FastInfoset) {
+            // Without an XML declaration in front: the identification octets say what it is.
+            // Every namespace is declared on the root with the document's prefixes, so that
+            // no name carries a prefix of the writer's that no namespace attribute declares.
+            data = pRoot->ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None);
         } else {
             data = pRoot->ToXmlStream(true, actual.bFormatted, actual.eEncoding, EOLType_LF, ctx, CompressionType_None);
         }
@@ -161,11 +155,17 @@ void Info(const std::string& strIn) {
     strText += std::string("compression: ") + CompressionName(input.GetCompression()) + "\n";
     strText += "size: " + std::to_string(input.GetInputSize()) + "\n";
     strText += "uncompressed size: " + std::to_string(input.GetContentSize()) + "\n";
-    RequireReadableForm(input);
     progress.Step("parsing");
     CSerializationContext ctx;
     ctx.SetMaxDepth(INT32_MAX);
-    input.Parse(ctx);
+    try {
+        input.Parse(ctx);
+    } catch (const CToolError&) {
+        // What the bytes are is known without the tree: it is printed before the error.
+        progress.Done();
+        COutputFile("-").WriteAndCommit(reinterpret_cast<const unsigned char*>(strText.data()), strText.size());
+        throw;
+    }
     const CInputDocument::Counts counts = input.Count();
     strText += "elements: " + std::to_string(counts.nElements) + "\n";
     strText += "attributes: " + std::to_string(counts.nAttributes) + "\n";
