@@ -225,6 +225,11 @@ void CInputDocument::Parse(const CSerializationContext& ctx) {
         while (pFound < pEnd && !IsWhitespace(static_cast<unsigned char>(*pFound)) && *pFound != '=') ++pFound;
         if (pFound > pName) m_setPrefixCandidates.insert(std::string(pName, pFound));
     }
+    // Fast Infoset carries its declarations as namespace attributes, not as text: the
+    // document's own table lists them.
+    for (const auto& alias : m_spDocument->GetAliases()) {
+        if (!alias.first.empty()) m_setPrefixCandidates.insert(alias.first);
+    }
     // The tree holds copies of everything; the bytes can go.
     std::vector<unsigned char>().swap(m_vecRaw);
     m_inflated.Clear();

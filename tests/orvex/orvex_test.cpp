@@ -470,7 +470,11 @@ TEST_F(Orvex, XmlToFastInfosetReadsAsTheSameDocument) {
         }
         ASSERT_EQ(std::string("\xE0\x00\x00\x01", 4), strFi.substr(0, 4));
         WriteFile(strBase + ".plain.fi", strFi);
+        // And back: the Fast Infoset document, compressed or not, converts to the same infoset.
+        result = Run("convert '" + strBase + ".fi' --to xml --compact --allow-mixed -o '" + strBase + ".back.xml'");
+        ASSERT_EQ(0, result.nStatus) << result.strErr;
         strInfoset += "exact " + vecFiles[i] + " " + strBase + ".xml\n";
+        strInfoset += "exact " + vecFiles[i] + " " + strBase + ".back.xml\n";
         strEvents += vecFiles[i] + " " + strBase + ".plain.fi " + strBase + ".xml\n";
         // info tells the form and compression before it reads the tree.
         const std::string strHead = Run("info '" + strBase + ".fi'").strOut;

@@ -88,6 +88,9 @@ public:
     const std::string& LookupNamespaceFromAlias(const char* pszAlias) const;
     // The first prefix, in prefix order, declared for the URI; empty if none.
     const std::string& LookupAliasFromNamespace(const char* pszNamespace) const;
+    // Every prefix the document declared, with its namespace: what the two lookups above
+    // answer one prefix at a time, for a reader that doesn't know the prefixes in advance.
+    const std::map<std::string, std::string>& GetAliases() const { return m_mapAliases; }
 
     const CSerializationContext& GetContext() const { return *m_pContext; }
 
