@@ -6,12 +6,15 @@
 
 #include <cstdio>
 #include <fstream>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <thread>
 #include <typeinfo>
+#include <utility>
 #include <vector>
 
+#include "envelope.h"
 #include "invoiceline.h"
 #include "orvexxml/infrastructure/localencoding.h"
 #include "person.h"
@@ -186,6 +189,55 @@ TEST_F(FromJson, ContextGetsItsNamespaceSettingBack) {
               "<Remittance><Payer>p</Payer></Remittance>\nFailed to process the element.\nPath: /Remittance\nFailed to "
               "find the required Attribute [reference].");
     EXPECT_FALSE(ctx.GetIgnoreNamespaces());
+}
+
+// An element behind a collection of open content keeps its name: the array closes before it.
+// Inside one collection of open content the items carry no name of their own, only the first
+// item names the array; an item named otherwise reads back under the first item's name. The
+// XML text of the object read back, against the XML text of the original, shows what is lost.
+TEST_F(FromJson, OpenContentItemsReadBackUnderTheNameOfTheFirst) {
+    const char* const kEnvelope = "urn:orvex:samples:envelope";
+    struct {
+        const char* pszCase;
+        std::function<void(Samples::CEnvelope&)> fill;
+        std::string strJson;
+        std::pair<std::string, std::string> lost;  // text of the original and what reads back
+    } cases[] = {
+        {"element behind the Stamp collection",
+         [&](Samples::CEnvelope& e) {
+             e.GetStamp().Add("Stamp", kEnvelope)->SetText("1");
+             e.GetBody().Add("b", "")->SetText("2");
+         },
+         "{\"AA:Envelope\": {\"@xmlns:AA\": \"urn:orvex:samples:envelope\",\"AA:Header\": \"h\",\"AA:Stamp\": "
+         "[\"1\"],\"b\": [\"2\"]}}",
+         {"", ""}},
+        {"two names in the Body collection",
+         [](Samples::CEnvelope& e) {
+             e.GetBody().Add("a", "")->SetText("1");
+             e.GetBody().Add("b", "")->SetText("2");
+         },
+         "{\"AA:Envelope\": {\"@xmlns:AA\": \"urn:orvex:samples:envelope\",\"AA:Header\": \"h\",\"a\": "
+         "[\"1\",\"2\"]}}",
+         {"<b>2</b>", "<a>2</a>"}},
+    };
+    const CSerializationContext& ctx = CSerializationContext::GetDefaultContext();
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.pszCase);
+        CSmartPtr<Samples::CEnvelope> original = Samples::CEnvelope::CreateInstance();
+        original->SetHeader("h");
+        c.fill(*original);
+        const std::string strJson = original->ToJson(false, EOLType_LF, ctx);
+        EXPECT_EQ(strJson, c.strJson);
+        CSmartPtr<Samples::CEnvelope> back = Samples::CEnvelope::CreateInstance();
+        ASSERT_EQ(Thrown([&] { back->FromJson(strJson.c_str(), ctx); }), "");
+        std::string strExpected = original->ToXml(false, false, EOLType_LF, ctx);
+        if (!c.lost.first.empty()) {
+            const size_t nAt = strExpected.find(c.lost.first);
+            ASSERT_NE(nAt, std::string::npos);
+            strExpected.replace(nAt, c.lost.first.size(), c.lost.second);
+        }
+        EXPECT_EQ(back->ToXml(false, false, EOLType_LF, ctx), strExpected);
+    }
 }
 
 std::string Repeat(const std::string& strPart, size_t nCount) {
