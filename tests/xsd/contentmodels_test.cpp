@@ -220,31 +220,41 @@ bool ValidBySchema(const std::string& strXml) {
 TEST(GeneratedGroups, RepeatedGroupsAcceptWhatTheSchemaAcceptsAndWriteItBack) {
     // A run of choices, then a run of sequences, then a mandatory named group: each run has to
     // end where the next group begins, and each item takes one pass of its group.
-    const char* const documents[] = {
-        "<Journal><At>10:00:00</At><SignedBy>x</SignedBy></Journal>",
-        "<Journal><Day>a</Day><Night>b</Night><Day>c</Day><At>10:00:00</At><Remark>r</Remark><At>11:00:00</At>"
-        "<SignedBy>x</SignedBy></Journal>",
-        "<Journal><Night>b</Night><SignedBy>x</SignedBy></Journal>",
-        "<Journal><At>10:00:00</At><At>11:00:00</At><At>12:00:00</At><SignedBy>x</SignedBy></Journal>",
-        "<Journal><Day>a</Day><At>10:00:00</At><Day>b</Day><SignedBy>x</SignedBy></Journal>",
-        "<Journal><At>10:00:00</At><Remark>r</Remark><Remark>s</Remark><SignedBy>x</SignedBy></Journal>",
-        "<Journal><Day>a</Day><At>10:00:00</At></Journal>",
+    const struct {
+        const char* pszRoot;
+        const char* pszDocument;
+    } documents[] = {
+        {"Journal", "<Journal><At>10:00:00</At><SignedBy>x</SignedBy></Journal>"},
+        {"Journal",
+         "<Journal><Day>a</Day><Night>b</Night><Day>c</Day><At>10:00:00</At><Remark>r</Remark>"
+         "<At>11:00:00</At><SignedBy>x</SignedBy></Journal>"},
+        {"Journal", "<Journal><Night>b</Night><SignedBy>x</SignedBy></Journal>"},
+        {"Journal", "<Journal><At>10:00:00</At><At>11:00:00</At><At>12:00:00</At><SignedBy>x</SignedBy></Journal>"},
+        {"Journal", "<Journal><Day>a</Day><At>10:00:00</At><Day>b</Day><SignedBy>x</SignedBy></Journal>"},
+        {"Journal", "<Journal><At>10:00:00</At><Remark>r</Remark><Remark>s</Remark><SignedBy>x</SignedBy></Journal>"},
+        {"Journal", "<Journal><Day>a</Day><At>10:00:00</At></Journal>"},
+        // A repeated choice as the whole content of a type.
+        {"Votes", "<Votes><Yes>a</Yes><No>b</No><Yes>c</Yes></Votes>"},
+        {"Votes", "<Votes/>"},
+        {"Votes", "<Votes><No>a</No><No>b</No><No>c</No><Yes>d</Yes></Votes>"},
+        {"Votes", "<Votes><No>a</No><Maybe>b</Maybe></Votes>"},
     };
-    for (const char* pszDocument : documents) {
-        SCOPED_TRACE(pszDocument);
-        CSmartPtr<XsdModels::CJournal> journal = XsdModels::CJournal::CreateInstance();
+    for (const auto& d : documents) {
+        SCOPED_TRACE(d.pszDocument);
+        CSmartPtr<CXmlGeneratedClass> root = XsdModels::CreateRootElement(d.pszRoot, "");
+        ASSERT_TRUE(root);
         const std::string strOutcome = Outcome([&] {
-            journal->FromXml(pszDocument, Ctx());
-            return journal->ToXml(false, false, EOLType_LF, Ctx());
+            root->FromXml(d.pszDocument, Ctx());
+            return root->ToXml(false, false, EOLType_LF, Ctx());
         });
-        if (ValidBySchema(pszDocument))
-            EXPECT_EQ(strOutcome, pszDocument);
+        if (ValidBySchema(d.pszDocument))
+            EXPECT_EQ(strOutcome, d.pszDocument);
         else
             EXPECT_EQ(strOutcome.rfind("refused: ", 0), 0u) << strOutcome;
     }
     // The items keep the document's order, each with its own selection.
     CSmartPtr<XsdModels::CJournal> journal = XsdModels::CJournal::CreateInstance();
-    journal->FromXml(documents[1], Ctx());
+    journal->FromXml(documents[1].pszDocument, Ctx());
     std::string strSelected;
     for (int i = 0; i < journal->GetJournalChoice().GetCount(); ++i)
         strSelected += journal->GetJournalChoice().Item(i)->GetChoiceSelectedElement() + " ";
