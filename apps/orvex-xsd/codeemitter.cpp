@@ -720,8 +720,11 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
              "    bool) const {\n    ItemsToXml_Int(pWriter, pszNamespace, ctx);\n}\n\n";
         s += "CXmlElement* " + c +
              "Col::FromXml_Int(CXmlElement* pParent, CXmlElement* pCurrent, const CSerializationContext& ctx,\n"
-             "    bool) {\n    return ItemsFromXml_Int(pParent, pCurrent, ctx, &" +
-             strNew + ");\n}\n";
+             "    bool) {\n    return " +
+             // Items of a model group have no tags: each reads on from the cursor among the
+             // parent's children, where a run of named elements would find none of its name.
+             (cls.m_bPseudo ? "GroupItemsFromXml_Int" : "ItemsFromXml_Int") + "(pParent, pCurrent, ctx, &" + strNew +
+             ");\n}\n";
     }
     s += "\n}  // namespace " + m_model.m_strNamespace + "\n";
     return s;

@@ -664,12 +664,6 @@ std::string CModelBuilder::GroupName(XSModelGroup* pGroup, int nParent) {
 
 void CModelBuilder::AddGroup(int nClass, XSParticle* pParticle, const CPlace& place) {
     XSModelGroup* pGroup = pParticle->getModelGroupTerm();
-    if (pParticle->getMaxOccursUnbounded() || pParticle->getMaxOccurs() > 1) {
-        const char* pszGroup = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_CHOICE ? "choice"
-                               : pGroup->getCompositor() == XSModelGroup::COMPOSITOR_ALL  ? "all"
-                                                                                          : "sequence";
-        throw At(place, pszGroup, "", std::string("a repeated nested xs:") + pszGroup + " is not supported yet");
-    }
     const std::string strName = GroupName(pGroup, nClass);
     const int nGroup = NewClass(CNameRules::Word(strName), strName, m_model.m_vecClasses[nClass].m_strNamespace,
                                 "the model group " + strName, 0);

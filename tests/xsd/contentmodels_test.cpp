@@ -2,16 +2,20 @@
 // of the hand binding samples/shape.h, which serves as the oracle: both read, refuse, select
 // and write alike. Picks chooses between runs of elements, whose counts make the selection.
 // Price and Note hold their element's text as the class's value. Box keeps open content.
-// Config takes its elements in any order. Schedule holds groups without tags of their own. Tree
-// is a recursive type, whose name Node its class can't take.
+// Config takes its elements in any order. Schedule holds groups without tags of their own, and
+// Journal runs of them, judged against xmllint on the schema. Tree is a recursive type, whose
+// name Node its class can't take.
 #include <gtest/gtest.h>
 #include <orvexxml/orvexxml.h>
 
+#include <cstdlib>
+#include <fstream>
 #include <functional>
 #include <string>
 
 #include "box.h"
 #include "config.h"
+#include "journal.h"
 #include "leaf.h"
 #include "node2.h"
 #include "note.h"
@@ -202,6 +206,62 @@ TEST(GeneratedGroups, NestedAndNamedGroupsReadAndWriteInPlace) {
                                    "</Schedule>",
                                    Ctx()),
                  COxException);
+}
+
+// xmllint's verdict on a document against the schema of these classes: true when valid.
+bool ValidBySchema(const std::string& strXml) {
+    const std::string strFile = testing::TempDir() + "contentmodels_check.xml";
+    std::ofstream(strFile, std::ios::binary) << strXml;
+    return std::system(("xmllint --noout --schema '" + std::string(ORVEXXML_SOURCE_DIR) +
+                        "/tests/xsd/contentmodels.xsd' '" + strFile + "' 2>/dev/null")
+                           .c_str()) == 0;
+}
+
+TEST(GeneratedGroups, RepeatedGroupsAcceptWhatTheSchemaAcceptsAndWriteItBack) {
+    // A run of choices, then a run of sequences, then a mandatory named group: each run has to
+    // end where the next group begins, and each item takes one pass of its group.
+    const struct {
+        const char* pszRoot;
+        const char* pszDocument;
+    } documents[] = {
+        {"Journal", "<Journal><At>10:00:00</At><SignedBy>x</SignedBy></Journal>"},
+        {"Journal",
+         "<Journal><Day>a</Day><Night>b</Night><Day>c</Day><At>10:00:00</At><Remark>r</Remark>"
+         "<At>11:00:00</At><SignedBy>x</SignedBy></Journal>"},
+        {"Journal", "<Journal><Night>b</Night><SignedBy>x</SignedBy></Journal>"},
+        {"Journal", "<Journal><At>10:00:00</At><At>11:00:00</At><At>12:00:00</At><SignedBy>x</SignedBy></Journal>"},
+        {"Journal", "<Journal><Day>a</Day><At>10:00:00</At><Day>b</Day><SignedBy>x</SignedBy></Journal>"},
+        {"Journal", "<Journal><At>10:00:00</At><Remark>r</Remark><Remark>s</Remark><SignedBy>x</SignedBy></Journal>"},
+        {"Journal", "<Journal><Day>a</Day><At>10:00:00</At></Journal>"},
+        // A repeated choice as the whole content of a type.
+        {"Votes", "<Votes><Yes>a</Yes><No>b</No><Yes>c</Yes></Votes>"},
+        {"Votes", "<Votes/>"},
+        {"Votes", "<Votes><No>a</No><No>b</No><No>c</No><Yes>d</Yes></Votes>"},
+        {"Votes", "<Votes><No>a</No><Maybe>b</Maybe></Votes>"},
+    };
+    for (const auto& d : documents) {
+        SCOPED_TRACE(d.pszDocument);
+        CSmartPtr<CXmlGeneratedClass> root = XsdModels::CreateRootElement(d.pszRoot, "");
+        ASSERT_TRUE(root);
+        const std::string strOutcome = Outcome([&] {
+            root->FromXml(d.pszDocument, Ctx());
+            return root->ToXml(false, false, EOLType_LF, Ctx());
+        });
+        if (ValidBySchema(d.pszDocument))
+            EXPECT_EQ(strOutcome, d.pszDocument);
+        else
+            EXPECT_EQ(strOutcome.rfind("refused: ", 0), 0u) << strOutcome;
+    }
+    // The items keep the document's order, each with its own selection.
+    CSmartPtr<XsdModels::CJournal> journal = XsdModels::CJournal::CreateInstance();
+    journal->FromXml(documents[1].pszDocument, Ctx());
+    std::string strSelected;
+    for (int i = 0; i < journal->GetJournalChoice().GetCount(); ++i)
+        strSelected += journal->GetJournalChoice().Item(i)->GetChoiceSelectedElement() + " ";
+    EXPECT_EQ(strSelected, "Day Night Day ");
+    ASSERT_EQ(journal->GetJournalSequence().GetCount(), 2);
+    EXPECT_TRUE(journal->GetJournalSequence().Item(0)->IsValidRemark());
+    EXPECT_FALSE(journal->GetJournalSequence().Item(1)->IsValidRemark());
 }
 
 TEST(GeneratedRecursion, ATypeThatHoldsItselfReadsAndWritesItsTree) {
