@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "orvexxml/fastinfoset/fastinfosetbinarydata.h"
+#include "orvexxml/fastinfoset/fideclarations.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/localencoding.h"
@@ -25,19 +26,6 @@ const unsigned char byAddToTable = 0x40;             // attribute value literal 
 const unsigned char byChunkLiteral = 0x80;           // character chunk, literal
 const unsigned char byChunkLiteralAdd = 0x90;        // character chunk, literal that enters its table
 const unsigned char byChunkIndex = 0xA0;             // character chunk, index
-
-const char* const s_apszDeclarations[] = {
-    "",
-    "<?xml encoding='finf'?>",
-    "<?xml encoding='finf' standalone='yes'?>",
-    "<?xml encoding='finf' standalone='no'?>",
-    "<?xml version='1.0' encoding='finf'?>",
-    "<?xml version='1.0' encoding='finf' standalone='yes'?>",
-    "<?xml version='1.0' encoding='finf' standalone='no'?>",
-    "<?xml version='1.1' encoding='finf'?>",
-    "<?xml version='1.1' encoding='finf' standalone='yes'?>",
-    "<?xml version='1.1' encoding='finf' standalone='no'?>",
-};
 
 const char* const pszAttributeAfterContent = "Attributes must be added before elements";
 
@@ -74,7 +62,7 @@ void CFastInfosetWriter::WriteHeader(FInfoDecl eDecl) {
         throw COxInvalidParamException(
             FormatString("Failed to write FastInfoset. Unknown XML declaration [%d]", static_cast<int>(eDecl)));
     if (eDecl != FInfoDecl_None) {
-        const char* pszDecl = s_apszDeclarations[eDecl];
+        const char* pszDecl = kFInfoDeclarations[eDecl];
         m_pStream->Append(LocalToUtf8(pszDecl, std::strlen(pszDecl)));
     }
     static const unsigned char s_abyIdentification[] = {0xE0, 0x00, 0x00, 0x01};
