@@ -461,42 +461,31 @@ void CFastInfosetWriter::AppendNonEmptyOctetStringBit2(unsigned char byCurrent, 
         IsLocalEncodingUtf8() ? reinterpret_cast<const unsigned char*>(strLocal.data()) : utf8.GetData();
     OxULong nLength = IsLocalEncodingUtf8() ? static_cast<OxULong>(strLocal.size()) : utf8.GetLength();
     if (nLength == 0) throw COxException("Failed to write FastInfoset. A name or namespace is empty.");
-    if (nLength <= 64) {
-        Write(byCurrent | static_cast<unsigned char>(nLength - 1));
-    } else if (nLength <= 320) {
-        Write(byCurrent | 0x40);
-        Write(static_cast<unsigned char>(nLength - 65));
-    } else {
-        Write(byCurrent | 0x60);
-        AppendLength32(nLength - 321);
-    }
-    m_pStream->Append(pData, nLength);
+    AppendNonEmptyOctetString(byCurrent, pData, nLength, 64, 0x40, 0x60);
 }
 
 void CFastInfosetWriter::AppendNonEmptyOctetStringBit5(unsigned char byCurrent, const unsigned char* pData,
                                                        OxULong nLength) {
-    if (nLength <= 8) {
-        Write(byCurrent | static_cast<unsigned char>(nLength - 1));
-    } else if (nLength <= 264) {
-        Write(byCurrent | 0x08);
-        Write(static_cast<unsigned char>(nLength - 9));
-    } else {
-        Write(byCurrent | 0x0C);
-        AppendLength32(nLength - 265);
-    }
-    m_pStream->Append(pData, nLength);
+    AppendNonEmptyOctetString(byCurrent, pData, nLength, 8, 0x08, 0x0C);
 }
 
 void CFastInfosetWriter::AppendNonEmptyOctetStringBit7(unsigned char byCurrent, const unsigned char* pData,
                                                        OxULong nLength) {
-    if (nLength <= 2) {
+    AppendNonEmptyOctetString(byCurrent, pData, nLength, 2, 0x02, 0x03);
+}
+
+// The length goes in the bits left of the first octet up to nSmall, in one more octet for the
+// next 256 lengths, in four more octets beyond; byMedium and byLarge mark the two longer forms.
+void CFastInfosetWriter::AppendNonEmptyOctetString(unsigned char byCurrent, const unsigned char* pData, OxULong nLength,
+                                                   OxULong nSmall, unsigned char byMedium, unsigned char byLarge) {
+    if (nLength <= nSmall) {
         Write(byCurrent | static_cast<unsigned char>(nLength - 1));
-    } else if (nLength <= 258) {
-        Write(byCurrent | 0x02);
-        Write(static_cast<unsigned char>(nLength - 3));
+    } else if (nLength <= nSmall + 256) {
+        Write(byCurrent | byMedium);
+        Write(static_cast<unsigned char>(nLength - nSmall - 1));
     } else {
-        Write(byCurrent | 0x03);
-        AppendLength32(nLength - 259);
+        Write(byCurrent | byLarge);
+        AppendLength32(nLength - nSmall - 257);
     }
     m_pStream->Append(pData, nLength);
 }
@@ -517,41 +506,35 @@ void CFastInfosetWriter::AppendIntegerBit2(unsigned char byCurrent, uint32_t dwI
 }
 
 void CFastInfosetWriter::AppendIntegerBit3(unsigned char byCurrent, uint32_t dwIndex) {
-    if (dwIndex <= 32) {
-        Write(byCurrent | static_cast<unsigned char>(dwIndex - 1));
-    } else if (dwIndex <= 2080) {
-        uint32_t v = dwIndex - 33;  // '100' and 11 bits
-        Write(byCurrent | 0x20 | static_cast<unsigned char>(v >> 8));
-        Write(static_cast<unsigned char>(v));
-    } else if (dwIndex <= 526368) {
-        uint32_t v = dwIndex - 2081;  // '101' and 19 bits
-        Write(byCurrent | 0x28 | static_cast<unsigned char>(v >> 16));
-        Write(static_cast<unsigned char>(v >> 8));
-        Write(static_cast<unsigned char>(v));
-    } else {
-        uint32_t v = dwIndex - 526369;  // '110', seven bits of padding and 20 bits
-        Write(byCurrent | 0x30);
-        Write(static_cast<unsigned char>(v >> 16));
-        Write(static_cast<unsigned char>(v >> 8));
-        Write(static_cast<unsigned char>(v));
-    }
+    AppendIntegerBit3Or4(byCurrent, dwIndex, 3);
 }
 
 void CFastInfosetWriter::AppendIntegerBit4(unsigned char byCurrent, uint32_t dwIndex) {
-    if (dwIndex <= 16) {
+    AppendIntegerBit3Or4(byCurrent, dwIndex, 2);
+}
+
+// nFree is the number of bits the first octet has after the integer's three-bit prefix: 3
+// when the integer starts on the third bit, 2 on the fourth. The four forms hold the index
+// in 2 + nFree bits ('0'), 8 + nFree bits ('100'), 16 + nFree bits ('101') and, after
+// padding, 20 bits ('110').
+void CFastInfosetWriter::AppendIntegerBit3Or4(unsigned char byCurrent, uint32_t dwIndex, int nFree) {
+    const uint32_t dwSmall = 1u << (nFree + 2);
+    const uint32_t dwMedium = dwSmall + (1u << (nFree + 8));
+    const uint32_t dwLarge = dwMedium + (1u << (nFree + 16));
+    if (dwIndex <= dwSmall) {
         Write(byCurrent | static_cast<unsigned char>(dwIndex - 1));
-    } else if (dwIndex <= 1040) {
-        uint32_t v = dwIndex - 17;  // '100' and 10 bits
-        Write(byCurrent | 0x10 | static_cast<unsigned char>(v >> 8));
+    } else if (dwIndex <= dwMedium) {
+        uint32_t v = dwIndex - dwSmall - 1;
+        Write(byCurrent | static_cast<unsigned char>(4 << nFree) | static_cast<unsigned char>(v >> 8));
         Write(static_cast<unsigned char>(v));
-    } else if (dwIndex <= 263184) {
-        uint32_t v = dwIndex - 1041;  // '101' and 18 bits
-        Write(byCurrent | 0x14 | static_cast<unsigned char>(v >> 16));
+    } else if (dwIndex <= dwLarge) {
+        uint32_t v = dwIndex - dwMedium - 1;
+        Write(byCurrent | static_cast<unsigned char>(5 << nFree) | static_cast<unsigned char>(v >> 16));
         Write(static_cast<unsigned char>(v >> 8));
         Write(static_cast<unsigned char>(v));
     } else {
-        uint32_t v = dwIndex - 263185;  // '110', six bits of padding and 20 bits
-        Write(byCurrent | 0x18);
+        uint32_t v = dwIndex - dwLarge - 1;
+        Write(byCurrent | static_cast<unsigned char>(6 << nFree));
         Write(static_cast<unsigned char>(v >> 16));
         Write(static_cast<unsigned char>(v >> 8));
         Write(static_cast<unsigned char>(v));
