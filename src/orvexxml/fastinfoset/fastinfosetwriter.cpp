@@ -367,47 +367,47 @@ CBinaryData CFastInfosetWriter::EncodeValue(const std::string& strValue, ItemTyp
 
 void CFastInfosetWriter::AppendEncodedCharacterStringBit5(unsigned char byCurrent, const std::string& strValue,
                                                           ItemType eType) {
-    if (IsPlainUtf8(eType)) {
-        AppendNonEmptyOctetStringBit5(byCurrent, reinterpret_cast<const unsigned char*>(strValue.data()),
-                                      static_cast<OxULong>(strValue.size()));
-        return;
-    }
-    CFastInfosetContext::EncodingKind eKind;
-    uint32_t dwIndex;
-    CBinaryData octets =
-        EncodeValue(strValue, eType, "Failed to write FastInfoset. Unknown encoding in EncodedCharacterStringBit5.",
-                    eKind, dwIndex);
-    if (eKind == CFastInfosetContext::EncodingKind_DefaultString) {
-        AppendNonEmptyOctetStringBit5(byCurrent, octets.GetData(), octets.GetLength());
-        return;
-    }
-    // Discriminant 10 (alphabet) or 11 (algorithm), then the 8-bit index less one across the octets.
-    unsigned char byDiscriminant = eKind == CFastInfosetContext::EncodingKind_RestrictedAlphabet ? 0x20 : 0x30;
-    Write(byCurrent | byDiscriminant | static_cast<unsigned char>((dwIndex - 1) >> 4));
-    AppendNonEmptyOctetStringBit5(static_cast<unsigned char>(((dwIndex - 1) << 4) & 0xF0), octets.GetData(),
-                                  octets.GetLength());
+    AppendEncodedCharacterString(byCurrent, strValue, eType, false);
 }
 
 void CFastInfosetWriter::AppendEncodedCharacterStringBit7(unsigned char byCurrent, const std::string& strValue,
                                                           ItemType eType) {
+    AppendEncodedCharacterString(byCurrent, strValue, eType, true);
+}
+
+// The string starts on the fifth bit of an octet, or on the seventh with bBit7; its octets,
+// after a discriminant and an index when they are encoded, start on that bit again.
+void CFastInfosetWriter::AppendEncodedCharacterString(unsigned char byCurrent, const std::string& strValue,
+                                                      ItemType eType, bool bBit7) {
+    auto appendOctets = [this, bBit7](unsigned char byFirst, const unsigned char* pData, OxULong nLength) {
+        if (bBit7)
+            AppendNonEmptyOctetStringBit7(byFirst, pData, nLength);
+        else
+            AppendNonEmptyOctetStringBit5(byFirst, pData, nLength);
+    };
     if (IsPlainUtf8(eType)) {
-        AppendNonEmptyOctetStringBit7(byCurrent, reinterpret_cast<const unsigned char*>(strValue.data()),
-                                      static_cast<OxULong>(strValue.size()));
+        appendOctets(byCurrent, reinterpret_cast<const unsigned char*>(strValue.data()),
+                     static_cast<OxULong>(strValue.size()));
         return;
     }
     CFastInfosetContext::EncodingKind eKind;
     uint32_t dwIndex;
     CBinaryData octets =
-        EncodeValue(strValue, eType, "Failed to write FastInfoset. Unknown encoding in EncodedCharacterStringBit7.",
+        EncodeValue(strValue, eType,
+                    bBit7 ? "Failed to write FastInfoset. Unknown encoding in EncodedCharacterStringBit7."
+                          : "Failed to write FastInfoset. Unknown encoding in EncodedCharacterStringBit5.",
                     eKind, dwIndex);
     if (eKind == CFastInfosetContext::EncodingKind_DefaultString) {
-        AppendNonEmptyOctetStringBit7(byCurrent, octets.GetData(), octets.GetLength());
+        appendOctets(byCurrent, octets.GetData(), octets.GetLength());
         return;
     }
-    unsigned char byDiscriminant = eKind == CFastInfosetContext::EncodingKind_RestrictedAlphabet ? 0x08 : 0x0C;
-    Write(byCurrent | byDiscriminant | static_cast<unsigned char>((dwIndex - 1) >> 6));
-    AppendNonEmptyOctetStringBit7(static_cast<unsigned char>(((dwIndex - 1) << 2) & 0xFC), octets.GetData(),
-                                  octets.GetLength());
+    // Discriminant 10 (alphabet) or 11 (algorithm), then the 8-bit index less one across the
+    // octets: its high nHigh bits end this one, the rest begin the next.
+    const int nHigh = bBit7 ? 2 : 4;
+    const unsigned char byDiscriminant =
+        static_cast<unsigned char>((eKind == CFastInfosetContext::EncodingKind_RestrictedAlphabet ? 2 : 3) << nHigh);
+    Write(byCurrent | byDiscriminant | static_cast<unsigned char>((dwIndex - 1) >> (8 - nHigh)));
+    appendOctets(static_cast<unsigned char>((dwIndex - 1) << nHigh), octets.GetData(), octets.GetLength());
 }
 
 CBinaryData CFastInfosetWriter::AppendRestrictedAlphabetString(uint32_t dwAlphabetIndex,
