@@ -4,30 +4,16 @@
 // must read back into an object that writes the same XML, unless the XML holds one of the
 // forms the library writes one way on purpose. The bytes of a successful plain conversion
 // must be read by the XML loader into a tree or refused with a COxException.
-#include <orvexxml/orvexxml.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
+#include <type_traits>
 
-#include "alltypes.h"
-#include "envelope.h"
-#include "invoiceline.h"
-#include "note.h"
-#include "order.h"
-#include "order/orderbook.h"
-#include "person.h"
-#include "primitiveset.h"
-#include "remittance.h"
-#include "selection.h"
-#include "settings.h"
-#include "shape.h"
-#include "shop.h"
-#include "support/onewayforms.h"
-#include "tally.h"
+#include "fuzzsamples.h"
 
 using namespace OrvexXml;
+using namespace OrvexFuzz;
 
 // Whether the object's XML holds a form that doesn't read back as it was written.
 static bool HasOneWayForm(const std::string& strXml, const CSerializationContext& ctx) {
@@ -96,57 +82,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
     const unsigned nTarget = nSize > 1 ? pData[1] % 16 : 0;
     std::string text(reinterpret_cast<const char*>(pData) + (nSize > 1 ? 2 : 1), nSize > 1 ? nSize - 2 : 0);
     const char* pszJson = text.c_str();
-    switch (nTarget) {
-        case 0:
-            Convert(pszJson, ctx);
-            break;
-        case 1:
-            ReadInto<Samples::CPerson>(pszJson, ctx, s_contexts[2], true);
-            break;
-        case 2:
-            ReadInto<Samples::CPrimitiveSet>(pszJson, ctx, s_contexts[2], true);
-            break;
-        case 3:
-            ReadInto<Samples::CShape>(pszJson, ctx, s_contexts[2], true);
-            break;
-        case 4:
-            ReadInto<Samples::CNote>(pszJson, ctx, s_contexts[2], true);
-            break;
-        case 5:
-            ReadInto<Samples::CTally>(pszJson, ctx, s_contexts[2], true);
-            break;
-        case 6:
-            ReadInto<Samples::CSettings>(pszJson, ctx, s_contexts[2], true);
-            break;
-        case 7:
-            ReadInto<Samples::CSelection>(pszJson, ctx, s_contexts[2], true);
-            break;
-        case 8:
-            // The JSON writer gives an untyped item whose name differs from the one before it
-            // no name of its own inside that one's array: no round trip for open content.
-            ReadInto<Samples::CEnvelope>(pszJson, ctx, s_contexts[2], false);
-            break;
-        case 9:
-            ReadInto<Samples::CInvoiceLine>(pszJson, ctx, s_contexts[2], true);
-            break;
-        case 10:
-            ReadInto<Samples::CRemittance>(pszJson, ctx, s_contexts[2], true);
-            break;
-        case 11:
-            ReadInto<Samples::COrder>(pszJson, ctx, s_contexts[2], true);
-            break;
-        case 12:
-            ReadInto<Samples::CShop>(pszJson, ctx, s_contexts[2], true);
-            break;
-        case 13:
-            ReadInto<Samples::CAllTypes>(pszJson, ctx, s_contexts[2], true);
-            break;
-        case 14:
-            ReadInto<OrderBook::COrderBook>(pszJson, ctx, s_contexts[2], true);
-            break;
-        default:
-            Convert(pszJson, ctx);
-            break;
+    if (nTarget == 0 || nTarget > kSampleClasses) {
+        Convert(pszJson, ctx);
+        return 0;
     }
+    WithSampleClass(static_cast<int>(nTarget) - 1, [&](auto* pClass) {
+        using T = std::remove_pointer_t<decltype(pClass)>;
+        // The JSON writer gives an untyped item whose name differs from the one before it no
+        // name of its own inside that one's array: no round trip for open content.
+        ReadInto<T>(pszJson, ctx, s_contexts[2], !std::is_same<T, Samples::CEnvelope>::value);
+    });
     return 0;
 }

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "bindinghelpers.h"
+#include "support/testfiles.h"
 #include "support/zlibcheck.h"
 #include "tally.h"
 
@@ -14,19 +15,6 @@ using namespace OrvexTest;
 using namespace Samples;
 
 namespace {
-
-std::string Bytes(const CBinaryData& data) {
-    return std::string(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
-}
-
-std::string ReadFile(const std::string& strPath) {
-    std::ifstream in(strPath, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-void WriteFile(const std::string& strPath, const std::string& strData) {
-    std::ofstream(strPath, std::ios::binary).write(strData.data(), static_cast<std::streamsize>(strData.size()));
-}
 
 class Compression : public ::testing::Test {
 protected:

@@ -10,28 +10,21 @@
 
 #include "bindinghelpers.h"
 #include "person.h"
+#include "support/testfiles.h"
 #include "tally.h"
 
 using namespace OrvexXml;
+using namespace OrvexTest;
 using namespace OrvexBindTest;
 using namespace Samples;
 
 namespace {
-
-std::string Bytes(const CBinaryData& data) {
-    return std::string(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
-}
 
 // Each character of an ASCII text as a little-endian UTF-16 code unit.
 std::string Utf16Le(const std::string& ascii) {
     std::string out;
     for (char c : ascii) out += std::string(1, c) + '\0';
     return out;
-}
-
-std::string ReadFile(const std::string& strPath) {
-    std::ifstream in(strPath, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
 int CountOpenDescriptors() {

@@ -9,22 +9,13 @@
 
 #include "orvexxml/orvexxml.h"
 #include "person.h"
+#include "support/testfiles.h"
 #include "tally.h"
 
 using namespace OrvexXml;
+using namespace OrvexTest;
 
 namespace {
-
-std::string ReadFile(const std::string& strPath) {
-    std::ifstream in(strPath, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
-std::string Bytes(const CBinaryData& data) {
-    return std::string(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
-}
 
 std::string Thrown(const std::function<void()>& call) {
     try {

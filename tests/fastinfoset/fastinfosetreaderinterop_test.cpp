@@ -28,36 +28,13 @@
 #include "settings.h"
 #include "shape.h"
 #include "shop.h"
+#include "support/samplecorpus.h"
 #include "tally.h"
 
 using namespace OrvexXml;
+using namespace OrvexTest;
 
 namespace {
-
-const std::string kCorpus = std::string(ORVEXXML_SOURCE_DIR) + "/fuzz/corpus/read_xml/";
-
-std::string ReadFile(const std::string& strPath) {
-    std::ifstream in(strPath, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
-void WriteFile(const std::string& strPath, const std::string& strData) {
-    std::ofstream out(strPath, std::ios::binary);
-    out.write(strData.data(), static_cast<std::streamsize>(strData.size()));
-}
-
-// The settings the first byte of a corpus document picks, as the reading fuzzer does.
-void ApplySettings(char cSelector, CSerializationContext& ctx) {
-    if (cSelector % 4 == 1) {
-        ctx.SetIgnoreUnknownElements(true);
-        ctx.SetIgnoreUnknownAttributes(true);
-    } else if (cSelector % 4 == 2) {
-        ctx.SetIgnoreMissingMandatoryElements(true);
-        ctx.SetStripCDATA(false);
-    }
-}
 
 struct Sample {
     const char* pszName;

@@ -7,16 +7,13 @@
 #include <string>
 
 #include "orvexxml/infrastructure/exceptions.h"
+#include "support/testfiles.h"
 #include "support/zlibcheck.h"
 
 using namespace OrvexXml;
 using namespace OrvexTest;
 
 namespace {
-
-std::string Bytes(const CBinaryData& data) {
-    return std::string(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
-}
 
 CBinaryData Data(const std::string& str) {
     return CBinaryData(reinterpret_cast<unsigned char*>(const_cast<char*>(str.data())),

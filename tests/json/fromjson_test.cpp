@@ -20,15 +20,12 @@
 #include "person.h"
 #include "remittance.h"
 #include "support/testclasses.h"
+#include "support/testfiles.h"
 
 using namespace OrvexXml;
+using namespace OrvexTest;
 
 namespace {
-
-void WriteFile(const std::string& strPath, const std::string& strData) {
-    std::ofstream out(strPath, std::ios::binary);
-    out.write(strData.data(), static_cast<std::streamsize>(strData.size()));
-}
 
 // The full message of what fn throws, "" if nothing; its class in pstrType.
 template <class Fn>

@@ -33,31 +33,16 @@
 #include "shape.h"
 #include "shop.h"
 #include "support/jsonsyntax.h"
+#include "support/samplecorpus.h"
 #include "tally.h"
 #include "transfer.h"
 
 using namespace OrvexXml;
+using namespace OrvexTest;
 
 namespace {
 
-const std::string kCorpus = std::string(ORVEXXML_SOURCE_DIR) + "/fuzz/corpus/read_xml/";
 const std::string kChecker = std::string(ORVEXXML_SOURCE_DIR) + "/tests/json/check_json.py";
-
-std::string ReadFile(const std::string& strPath) {
-    std::ifstream in(strPath, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
-void WriteFile(const std::string& strPath, const std::string& strData) {
-    std::ofstream out(strPath, std::ios::binary);
-    out.write(strData.data(), static_cast<std::streamsize>(strData.size()));
-}
-
-std::string Bytes(const CBinaryData& data) {
-    return std::string(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
-}
 
 // Runs the checker on a manifest; its output, empty when all files pass.
 std::string RunChecker(const std::string& strManifest) {
@@ -70,23 +55,6 @@ std::string RunChecker(const std::string& strManifest) {
     const int nStatus = pclose(pPipe);
     if (nStatus != 0 && strOutput.empty()) strOutput = "checker status " + std::to_string(nStatus);
     return strOutput;
-}
-
-// An object read from a corpus document: the first byte picks the settings as the fuzzer does.
-template <class T>
-CSmartPtr<CXmlObjectBase> FromCorpus(const char* pszFile) {
-    const std::string strData = ReadFile(kCorpus + pszFile);
-    CSerializationContext ctx;
-    if (strData[0] % 4 == 1) {
-        ctx.SetIgnoreUnknownElements(true);
-        ctx.SetIgnoreUnknownAttributes(true);
-    } else if (strData[0] % 4 == 2) {
-        ctx.SetIgnoreMissingMandatoryElements(true);
-        ctx.SetStripCDATA(false);
-    }
-    CSmartPtr<T> object = T::CreateInstance();
-    object->FromXml(strData.substr(1).c_str(), ctx);
-    return CSmartPtr<CXmlObjectBase>(object->GetBase());
 }
 
 // A reading log with every collection filled, the doubles with infinities and NaN among them.

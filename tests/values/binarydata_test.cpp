@@ -11,18 +11,14 @@
 #include <vector>
 
 #include "expectthrow.h"
+#include "support/testfiles.h"
 
+using OrvexTest::Bytes;
 using OrvexXml::CBinaryData;
 using OrvexXml::COxException;
 using OrvexXml::OxULong;
 
 namespace {
-
-// The bytes of a value as a string, for comparisons with readable failure output.
-std::string Bytes(const CBinaryData& data) {
-    if (data.GetData() == nullptr) return std::string();
-    return std::string(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
-}
 
 std::vector<unsigned char> RandomBytes(size_t nCount, unsigned nSeed) {
     std::mt19937 engine(nSeed);

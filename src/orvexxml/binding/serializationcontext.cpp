@@ -82,11 +82,13 @@ CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() co
     return m_rootAttributes.m_pAttributes;
 }
 
-CSerializationContext::CJsonContextHolder::CJsonContextHolder(const CJsonContextHolder& other)
-    : m_pContext(other.m_pContext ? new CJsonContext(*other.m_pContext) : nullptr) {}
+template <class T>
+CSerializationContext::CContextHolder<T>::CContextHolder(const CContextHolder& other)
+    : m_pContext(other.m_pContext ? new T(*other.m_pContext) : nullptr) {}
 
-CSerializationContext::CJsonContextHolder& CSerializationContext::CJsonContextHolder::operator=(
-    const CJsonContextHolder& other) {
+template <class T>
+CSerializationContext::CContextHolder<T>& CSerializationContext::CContextHolder<T>::operator=(
+    const CContextHolder& other) {
     if (this == &other) return *this;
     if (!other.m_pContext) {
         delete m_pContext;
@@ -94,41 +96,28 @@ CSerializationContext::CJsonContextHolder& CSerializationContext::CJsonContextHo
     } else if (m_pContext) {
         *m_pContext = *other.m_pContext;
     } else {
-        m_pContext = new CJsonContext(*other.m_pContext);
+        m_pContext = new T(*other.m_pContext);
     }
     return *this;
 }
 
-CSerializationContext::CJsonContextHolder::~CJsonContextHolder() { delete m_pContext; }
-
-CJsonContext& CSerializationContext::GetJsonContext() const {
-    if (!m_jsonContext.m_pContext) m_jsonContext.m_pContext = new CJsonContext;
-    return *m_jsonContext.m_pContext;
+template <class T>
+CSerializationContext::CContextHolder<T>::~CContextHolder() {
+    delete m_pContext;
 }
 
-CSerializationContext::CFIContextHolder::CFIContextHolder(const CFIContextHolder& other)
-    : m_pContext(other.m_pContext ? new CFastInfosetContext(*other.m_pContext) : nullptr) {}
-
-CSerializationContext::CFIContextHolder& CSerializationContext::CFIContextHolder::operator=(
-    const CFIContextHolder& other) {
-    if (this == &other) return *this;
-    if (!other.m_pContext) {
-        delete m_pContext;
-        m_pContext = nullptr;
-    } else if (m_pContext) {
-        *m_pContext = *other.m_pContext;
-    } else {
-        m_pContext = new CFastInfosetContext(*other.m_pContext);
-    }
-    return *this;
+template <class T>
+T& CSerializationContext::CContextHolder<T>::Get() {
+    if (!m_pContext) m_pContext = new T;
+    return *m_pContext;
 }
 
-CSerializationContext::CFIContextHolder::~CFIContextHolder() { delete m_pContext; }
+template class CSerializationContext::CContextHolder<CJsonContext>;
+template class CSerializationContext::CContextHolder<CFastInfosetContext>;
 
-CFastInfosetContext& CSerializationContext::GetFIContext() const {
-    if (!m_fiContext.m_pContext) m_fiContext.m_pContext = new CFastInfosetContext;
-    return *m_fiContext.m_pContext;
-}
+CJsonContext& CSerializationContext::GetJsonContext() const { return m_jsonContext.Get(); }
+
+CFastInfosetContext& CSerializationContext::GetFIContext() const { return m_fiContext.Get(); }
 
 void CSerializationContext::SetMaxDepth(int32_t nDepth) {
     if (nDepth < 1) throw COxInvalidParamException("MaxDepth must be at least 1, the level of the root element");

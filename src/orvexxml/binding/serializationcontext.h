@@ -130,26 +130,20 @@ private:
         CSmartPtr<CAttributeCol> m_pAttributes;
     };
 
-    // Holds the JSON settings: null until asked for, copied with the context.
-    class ORVEXXML_API CJsonContextHolder {
+    // Holds a settings object (JSON, Fast Infoset): null until asked for, copied with the
+    // context. The members are defined and instantiated for both kinds in the source.
+    template <class T>
+    class ORVEXXML_API CContextHolder {
     public:
-        CJsonContextHolder() : m_pContext(nullptr) {}
-        CJsonContextHolder(const CJsonContextHolder& other);
-        CJsonContextHolder& operator=(const CJsonContextHolder& other);
-        ~CJsonContextHolder();
+        CContextHolder() : m_pContext(nullptr) {}
+        CContextHolder(const CContextHolder& other);
+        CContextHolder& operator=(const CContextHolder& other);
+        ~CContextHolder();
 
-        CJsonContext* m_pContext;  // owned
-    };
+        // The held object, created with its defaults on first use.
+        T& Get();
 
-    // Holds the Fast Infoset settings: null until asked for, copied with the context.
-    class ORVEXXML_API CFIContextHolder {
-    public:
-        CFIContextHolder() : m_pContext(nullptr) {}
-        CFIContextHolder(const CFIContextHolder& other);
-        CFIContextHolder& operator=(const CFIContextHolder& other);
-        ~CFIContextHolder();
-
-        CFastInfosetContext* m_pContext;  // owned
+        T* m_pContext;  // owned
     };
 
     std::string m_strDefaultNamespaceURI;
@@ -172,8 +166,8 @@ private:
     int32_t m_nMaxDepth;
     // Created on first use, through a const reference too.
     mutable CRootAttributes m_rootAttributes;
-    mutable CJsonContextHolder m_jsonContext;
-    mutable CFIContextHolder m_fiContext;
+    mutable CContextHolder<CJsonContext> m_jsonContext;
+    mutable CContextHolder<CFastInfosetContext> m_fiContext;
 };
 
 }  // namespace OrvexXml

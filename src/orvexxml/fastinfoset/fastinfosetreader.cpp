@@ -5,6 +5,7 @@
 #include "orvexxml/binding/serializationcontext.h"
 #include "orvexxml/fastinfoset/fastinfosetbinarydata.h"
 #include "orvexxml/fastinfoset/fastinfosetcontext.h"
+#include "orvexxml/fastinfoset/fideclarations.h"
 #include "orvexxml/fastinfoset/fivocabulary.h"
 #include "orvexxml/infrastructure/debugtrace.h"
 #include "orvexxml/infrastructure/exceptions.h"
@@ -17,20 +18,6 @@ namespace OrvexXml {
 namespace {
 
 const uint32_t kScratchSize = 1024;
-
-// The XML declarations that may stand in front of the binary data, in the order in which
-// they are tried.
-const char* const kDeclarations[] = {
-    "<?xml encoding='finf'?>",
-    "<?xml encoding='finf' standalone='yes'?>",
-    "<?xml encoding='finf' standalone='no'?>",
-    "<?xml version='1.0' encoding='finf'?>",
-    "<?xml version='1.0' encoding='finf' standalone='yes'?>",
-    "<?xml version='1.0' encoding='finf' standalone='no'?>",
-    "<?xml version='1.1' encoding='finf'?>",
-    "<?xml version='1.1' encoding='finf' standalone='yes'?>",
-    "<?xml version='1.1' encoding='finf' standalone='no'?>",
-};
 
 const char kInvalidElement[] = "Failed to parse FastInfoset. Invalid Encoding of Element type.";
 const char kPrefixWithoutNamespace[] = "Failed to parse FastInfoset. Invalid QName type Prefix without Namespace.";
@@ -126,7 +113,8 @@ bool CFastInfosetReader::Parse() {
 
     if (!CheckHeader()) {
         bool bFound = false;
-        for (const char* pszDeclaration : kDeclarations) {
+        for (int nDecl = FInfoDecl_Encoding; nDecl <= FInfoDecl_Version11StandaloneNo; ++nDecl) {
+            const char* pszDeclaration = kFInfoDeclarations[nDecl];
             size_t nLength = std::strlen(pszDeclaration);
             if (static_cast<size_t>(m_pEnd - m_pCurrent) < nLength || std::memcmp(m_pCurrent, pszDeclaration, nLength))
                 continue;

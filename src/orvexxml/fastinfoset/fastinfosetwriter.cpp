@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "orvexxml/fastinfoset/fastinfosetbinarydata.h"
+#include "orvexxml/fastinfoset/fideclarations.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
 #include "orvexxml/infrastructure/localencoding.h"
@@ -25,19 +26,6 @@ const unsigned char byAddToTable = 0x40;             // attribute value literal 
 const unsigned char byChunkLiteral = 0x80;           // character chunk, literal
 const unsigned char byChunkLiteralAdd = 0x90;        // character chunk, literal that enters its table
 const unsigned char byChunkIndex = 0xA0;             // character chunk, index
-
-const char* const s_apszDeclarations[] = {
-    "",
-    "<?xml encoding='finf'?>",
-    "<?xml encoding='finf' standalone='yes'?>",
-    "<?xml encoding='finf' standalone='no'?>",
-    "<?xml version='1.0' encoding='finf'?>",
-    "<?xml version='1.0' encoding='finf' standalone='yes'?>",
-    "<?xml version='1.0' encoding='finf' standalone='no'?>",
-    "<?xml version='1.1' encoding='finf'?>",
-    "<?xml version='1.1' encoding='finf' standalone='yes'?>",
-    "<?xml version='1.1' encoding='finf' standalone='no'?>",
-};
 
 const char* const pszAttributeAfterContent = "Attributes must be added before elements";
 
@@ -74,7 +62,7 @@ void CFastInfosetWriter::WriteHeader(FInfoDecl eDecl) {
         throw COxInvalidParamException(
             FormatString("Failed to write FastInfoset. Unknown XML declaration [%d]", static_cast<int>(eDecl)));
     if (eDecl != FInfoDecl_None) {
-        const char* pszDecl = s_apszDeclarations[eDecl];
+        const char* pszDecl = kFInfoDeclarations[eDecl];
         m_pStream->Append(LocalToUtf8(pszDecl, std::strlen(pszDecl)));
     }
     static const unsigned char s_abyIdentification[] = {0xE0, 0x00, 0x00, 0x01};
@@ -379,47 +367,47 @@ CBinaryData CFastInfosetWriter::EncodeValue(const std::string& strValue, ItemTyp
 
 void CFastInfosetWriter::AppendEncodedCharacterStringBit5(unsigned char byCurrent, const std::string& strValue,
                                                           ItemType eType) {
-    if (IsPlainUtf8(eType)) {
-        AppendNonEmptyOctetStringBit5(byCurrent, reinterpret_cast<const unsigned char*>(strValue.data()),
-                                      static_cast<OxULong>(strValue.size()));
-        return;
-    }
-    CFastInfosetContext::EncodingKind eKind;
-    uint32_t dwIndex;
-    CBinaryData octets =
-        EncodeValue(strValue, eType, "Failed to write FastInfoset. Unknown encoding in EncodedCharacterStringBit5.",
-                    eKind, dwIndex);
-    if (eKind == CFastInfosetContext::EncodingKind_DefaultString) {
-        AppendNonEmptyOctetStringBit5(byCurrent, octets.GetData(), octets.GetLength());
-        return;
-    }
-    // Discriminant 10 (alphabet) or 11 (algorithm), then the 8-bit index less one across the octets.
-    unsigned char byDiscriminant = eKind == CFastInfosetContext::EncodingKind_RestrictedAlphabet ? 0x20 : 0x30;
-    Write(byCurrent | byDiscriminant | static_cast<unsigned char>((dwIndex - 1) >> 4));
-    AppendNonEmptyOctetStringBit5(static_cast<unsigned char>(((dwIndex - 1) << 4) & 0xF0), octets.GetData(),
-                                  octets.GetLength());
+    AppendEncodedCharacterString(byCurrent, strValue, eType, false);
 }
 
 void CFastInfosetWriter::AppendEncodedCharacterStringBit7(unsigned char byCurrent, const std::string& strValue,
                                                           ItemType eType) {
+    AppendEncodedCharacterString(byCurrent, strValue, eType, true);
+}
+
+// The string starts on the fifth bit of an octet, or on the seventh with bBit7; its octets,
+// after a discriminant and an index when they are encoded, start on that bit again.
+void CFastInfosetWriter::AppendEncodedCharacterString(unsigned char byCurrent, const std::string& strValue,
+                                                      ItemType eType, bool bBit7) {
+    auto appendOctets = [this, bBit7](unsigned char byFirst, const unsigned char* pData, OxULong nLength) {
+        if (bBit7)
+            AppendNonEmptyOctetStringBit7(byFirst, pData, nLength);
+        else
+            AppendNonEmptyOctetStringBit5(byFirst, pData, nLength);
+    };
     if (IsPlainUtf8(eType)) {
-        AppendNonEmptyOctetStringBit7(byCurrent, reinterpret_cast<const unsigned char*>(strValue.data()),
-                                      static_cast<OxULong>(strValue.size()));
+        appendOctets(byCurrent, reinterpret_cast<const unsigned char*>(strValue.data()),
+                     static_cast<OxULong>(strValue.size()));
         return;
     }
     CFastInfosetContext::EncodingKind eKind;
     uint32_t dwIndex;
     CBinaryData octets =
-        EncodeValue(strValue, eType, "Failed to write FastInfoset. Unknown encoding in EncodedCharacterStringBit7.",
+        EncodeValue(strValue, eType,
+                    bBit7 ? "Failed to write FastInfoset. Unknown encoding in EncodedCharacterStringBit7."
+                          : "Failed to write FastInfoset. Unknown encoding in EncodedCharacterStringBit5.",
                     eKind, dwIndex);
     if (eKind == CFastInfosetContext::EncodingKind_DefaultString) {
-        AppendNonEmptyOctetStringBit7(byCurrent, octets.GetData(), octets.GetLength());
+        appendOctets(byCurrent, octets.GetData(), octets.GetLength());
         return;
     }
-    unsigned char byDiscriminant = eKind == CFastInfosetContext::EncodingKind_RestrictedAlphabet ? 0x08 : 0x0C;
-    Write(byCurrent | byDiscriminant | static_cast<unsigned char>((dwIndex - 1) >> 6));
-    AppendNonEmptyOctetStringBit7(static_cast<unsigned char>(((dwIndex - 1) << 2) & 0xFC), octets.GetData(),
-                                  octets.GetLength());
+    // Discriminant 10 (alphabet) or 11 (algorithm), then the 8-bit index less one across the
+    // octets: its high nHigh bits end this one, the rest begin the next.
+    const int nHigh = bBit7 ? 2 : 4;
+    const unsigned char byDiscriminant =
+        static_cast<unsigned char>((eKind == CFastInfosetContext::EncodingKind_RestrictedAlphabet ? 2 : 3) << nHigh);
+    Write(byCurrent | byDiscriminant | static_cast<unsigned char>((dwIndex - 1) >> (8 - nHigh)));
+    appendOctets(static_cast<unsigned char>((dwIndex - 1) << nHigh), octets.GetData(), octets.GetLength());
 }
 
 CBinaryData CFastInfosetWriter::AppendRestrictedAlphabetString(uint32_t dwAlphabetIndex,
@@ -473,42 +461,31 @@ void CFastInfosetWriter::AppendNonEmptyOctetStringBit2(unsigned char byCurrent, 
         IsLocalEncodingUtf8() ? reinterpret_cast<const unsigned char*>(strLocal.data()) : utf8.GetData();
     OxULong nLength = IsLocalEncodingUtf8() ? static_cast<OxULong>(strLocal.size()) : utf8.GetLength();
     if (nLength == 0) throw COxException("Failed to write FastInfoset. A name or namespace is empty.");
-    if (nLength <= 64) {
-        Write(byCurrent | static_cast<unsigned char>(nLength - 1));
-    } else if (nLength <= 320) {
-        Write(byCurrent | 0x40);
-        Write(static_cast<unsigned char>(nLength - 65));
-    } else {
-        Write(byCurrent | 0x60);
-        AppendLength32(nLength - 321);
-    }
-    m_pStream->Append(pData, nLength);
+    AppendNonEmptyOctetString(byCurrent, pData, nLength, 64, 0x40, 0x60);
 }
 
 void CFastInfosetWriter::AppendNonEmptyOctetStringBit5(unsigned char byCurrent, const unsigned char* pData,
                                                        OxULong nLength) {
-    if (nLength <= 8) {
-        Write(byCurrent | static_cast<unsigned char>(nLength - 1));
-    } else if (nLength <= 264) {
-        Write(byCurrent | 0x08);
-        Write(static_cast<unsigned char>(nLength - 9));
-    } else {
-        Write(byCurrent | 0x0C);
-        AppendLength32(nLength - 265);
-    }
-    m_pStream->Append(pData, nLength);
+    AppendNonEmptyOctetString(byCurrent, pData, nLength, 8, 0x08, 0x0C);
 }
 
 void CFastInfosetWriter::AppendNonEmptyOctetStringBit7(unsigned char byCurrent, const unsigned char* pData,
                                                        OxULong nLength) {
-    if (nLength <= 2) {
+    AppendNonEmptyOctetString(byCurrent, pData, nLength, 2, 0x02, 0x03);
+}
+
+// The length goes in the bits left of the first octet up to nSmall, in one more octet for the
+// next 256 lengths, in four more octets beyond; byMedium and byLarge mark the two longer forms.
+void CFastInfosetWriter::AppendNonEmptyOctetString(unsigned char byCurrent, const unsigned char* pData, OxULong nLength,
+                                                   OxULong nSmall, unsigned char byMedium, unsigned char byLarge) {
+    if (nLength <= nSmall) {
         Write(byCurrent | static_cast<unsigned char>(nLength - 1));
-    } else if (nLength <= 258) {
-        Write(byCurrent | 0x02);
-        Write(static_cast<unsigned char>(nLength - 3));
+    } else if (nLength <= nSmall + 256) {
+        Write(byCurrent | byMedium);
+        Write(static_cast<unsigned char>(nLength - nSmall - 1));
     } else {
-        Write(byCurrent | 0x03);
-        AppendLength32(nLength - 259);
+        Write(byCurrent | byLarge);
+        AppendLength32(nLength - nSmall - 257);
     }
     m_pStream->Append(pData, nLength);
 }
@@ -529,41 +506,35 @@ void CFastInfosetWriter::AppendIntegerBit2(unsigned char byCurrent, uint32_t dwI
 }
 
 void CFastInfosetWriter::AppendIntegerBit3(unsigned char byCurrent, uint32_t dwIndex) {
-    if (dwIndex <= 32) {
-        Write(byCurrent | static_cast<unsigned char>(dwIndex - 1));
-    } else if (dwIndex <= 2080) {
-        uint32_t v = dwIndex - 33;  // '100' and 11 bits
-        Write(byCurrent | 0x20 | static_cast<unsigned char>(v >> 8));
-        Write(static_cast<unsigned char>(v));
-    } else if (dwIndex <= 526368) {
-        uint32_t v = dwIndex - 2081;  // '101' and 19 bits
-        Write(byCurrent | 0x28 | static_cast<unsigned char>(v >> 16));
-        Write(static_cast<unsigned char>(v >> 8));
-        Write(static_cast<unsigned char>(v));
-    } else {
-        uint32_t v = dwIndex - 526369;  // '110', seven bits of padding and 20 bits
-        Write(byCurrent | 0x30);
-        Write(static_cast<unsigned char>(v >> 16));
-        Write(static_cast<unsigned char>(v >> 8));
-        Write(static_cast<unsigned char>(v));
-    }
+    AppendIntegerBit3Or4(byCurrent, dwIndex, 3);
 }
 
 void CFastInfosetWriter::AppendIntegerBit4(unsigned char byCurrent, uint32_t dwIndex) {
-    if (dwIndex <= 16) {
+    AppendIntegerBit3Or4(byCurrent, dwIndex, 2);
+}
+
+// nFree is the number of bits the first octet has after the integer's three-bit prefix: 3
+// when the integer starts on the third bit, 2 on the fourth. The four forms hold the index
+// in 2 + nFree bits ('0'), 8 + nFree bits ('100'), 16 + nFree bits ('101') and, after
+// padding, 20 bits ('110').
+void CFastInfosetWriter::AppendIntegerBit3Or4(unsigned char byCurrent, uint32_t dwIndex, int nFree) {
+    const uint32_t dwSmall = 1u << (nFree + 2);
+    const uint32_t dwMedium = dwSmall + (1u << (nFree + 8));
+    const uint32_t dwLarge = dwMedium + (1u << (nFree + 16));
+    if (dwIndex <= dwSmall) {
         Write(byCurrent | static_cast<unsigned char>(dwIndex - 1));
-    } else if (dwIndex <= 1040) {
-        uint32_t v = dwIndex - 17;  // '100' and 10 bits
-        Write(byCurrent | 0x10 | static_cast<unsigned char>(v >> 8));
+    } else if (dwIndex <= dwMedium) {
+        uint32_t v = dwIndex - dwSmall - 1;
+        Write(byCurrent | static_cast<unsigned char>(4 << nFree) | static_cast<unsigned char>(v >> 8));
         Write(static_cast<unsigned char>(v));
-    } else if (dwIndex <= 263184) {
-        uint32_t v = dwIndex - 1041;  // '101' and 18 bits
-        Write(byCurrent | 0x14 | static_cast<unsigned char>(v >> 16));
+    } else if (dwIndex <= dwLarge) {
+        uint32_t v = dwIndex - dwMedium - 1;
+        Write(byCurrent | static_cast<unsigned char>(5 << nFree) | static_cast<unsigned char>(v >> 16));
         Write(static_cast<unsigned char>(v >> 8));
         Write(static_cast<unsigned char>(v));
     } else {
-        uint32_t v = dwIndex - 263185;  // '110', six bits of padding and 20 bits
-        Write(byCurrent | 0x18);
+        uint32_t v = dwIndex - dwLarge - 1;
+        Write(byCurrent | static_cast<unsigned char>(6 << nFree));
         Write(static_cast<unsigned char>(v >> 16));
         Write(static_cast<unsigned char>(v >> 8));
         Write(static_cast<unsigned char>(v));

@@ -101,6 +101,10 @@ private:
     void AppendIntegerBit2(unsigned char byCurrent, uint32_t dwIndex);
     void AppendIntegerBit3(unsigned char byCurrent, uint32_t dwIndex);
     void AppendIntegerBit4(unsigned char byCurrent, uint32_t dwIndex);
+    void AppendNonEmptyOctetString(unsigned char byCurrent, const unsigned char* pData, OxULong nLength, OxULong nSmall,
+                                   unsigned char byMedium, unsigned char byLarge);
+    void AppendEncodedCharacterString(unsigned char byCurrent, const std::string& strValue, ItemType eType, bool bBit7);
+    void AppendIntegerBit3Or4(unsigned char byCurrent, uint32_t dwIndex, int nFree);
     // The 32-bit length of the long octet string forms, most significant octet first.
     void AppendLength32(OxULong nValue);
 

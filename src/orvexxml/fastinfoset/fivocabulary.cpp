@@ -30,29 +30,20 @@ void CFIVocabulary::AddAttribute(std::string strPrefix, std::string strNamespace
 }
 
 void CFIVocabulary::AddElementValue(std::string strValue) {
-    AddValueToMap(strValue, m_characterChunksMap);
-    AddValueToVector(strValue, m_characterChunks);
+    AddValue(strValue, m_characterChunksMap, m_characterChunks);
 }
 
 void CFIVocabulary::AddAttributeValue(std::string strValue) {
-    AddValueToMap(strValue, m_attributeValuesMap);
-    AddValueToVector(strValue, m_attributeValues);
+    AddValue(strValue, m_attributeValuesMap, m_attributeValues);
 }
 
-void CFIVocabulary::AddPrefixName(std::string strValue) {
-    AddValueToMap(strValue, m_prefixNamesMap);
-    AddValueToVector(strValue, m_prefixNames);
-}
+void CFIVocabulary::AddPrefixName(std::string strValue) { AddValue(strValue, m_prefixNamesMap, m_prefixNames); }
 
 void CFIVocabulary::AddNamespaceName(std::string strValue) {
-    AddValueToMap(strValue, m_namespaceNamesMap);
-    AddValueToVector(strValue, m_namespaceNames);
+    AddValue(strValue, m_namespaceNamesMap, m_namespaceNames);
 }
 
-void CFIVocabulary::AddLocalName(std::string strValue) {
-    AddValueToMap(strValue, m_localNamesMap);
-    AddValueToVector(strValue, m_localNames);
-}
+void CFIVocabulary::AddLocalName(std::string strValue) { AddValue(strValue, m_localNamesMap, m_localNames); }
 
 std::string CFIVocabulary::MakeQNameKey(const std::string& strPrefix, const std::string& strNamespace,
                                         const std::string& strLocalName) {
@@ -126,6 +117,11 @@ void CFIVocabulary::AddValueToMap(const std::string& strValue, IndexMap& map) {
 
 void CFIVocabulary::AddValueToVector(const std::string& strValue, CFIStringTable& table) {
     if (table.m_table.size() < MaxTableEntries) table.m_table.push_back(strValue);
+}
+
+void CFIVocabulary::AddValue(const std::string& strValue, IndexMap& map, CFIStringTable& table) {
+    AddValueToMap(strValue, map);
+    AddValueToVector(strValue, table);
 }
 
 namespace {

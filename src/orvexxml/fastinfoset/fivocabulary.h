@@ -132,6 +132,8 @@ private:
                                  CFIQNameTable& table);
     static void AddValueToMap(const std::string& strValue, IndexMap& map);
     static void AddValueToVector(const std::string& strValue, CFIStringTable& table);
+    // Both: the value enters the writer's map and the reader's table.
+    static void AddValue(const std::string& strValue, IndexMap& map, CFIStringTable& table);
 
     std::vector<std::string> m_restrictedAlphabets;
     IndexMap m_attributeNamesMap;
