@@ -229,7 +229,8 @@ public:
         auto fi = m_mapRates.find("Order_Read_FromFastInfoset");
         auto xmlRead = m_mapRates.find("Order_Read_FromXml");
         if (fi != m_mapRates.end() && xmlRead != m_mapRates.end() && fi->second > 0)
-            std::printf("\nReading Fast Infoset takes %.2f of the time of reading XML.\n", xmlRead->second / fi->second);
+            std::printf("\nReading Fast Infoset takes %.2f of the time of reading XML.\n",
+                        xmlRead->second / fi->second);
         auto fiTree = m_mapRates.find("Order_Tree_FromFastInfoset");
         auto xmlTree = m_mapRates.find("Order_Tree_FromXml");
         if (fiTree != m_mapRates.end() && xmlTree != m_mapRates.end() && fiTree->second > 0)
