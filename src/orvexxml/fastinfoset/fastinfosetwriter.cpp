@@ -135,11 +135,11 @@ void CFastInfosetWriter::WritePendingElement(bool bHasAttributes) {
 
     const std::string& strNamespace = pPending->m_strNamespace;
     if (strNamespace.empty() || strNamespace == pPending->GetDefaultNamespace()) {
-        AppendQualifiedNameBit3(byCurrent, std::string(), strNamespace, pPending->m_strName,
-                                m_pVocabulary->m_elementNamesMap);
+        AppendQualifiedName(byCurrent, true, std::string(), strNamespace, pPending->m_strName,
+                            m_pVocabulary->m_elementNamesMap);
     } else {
-        AppendQualifiedNameBit3(byCurrent, PrefixInScopeOf(pPending, strNamespace), strNamespace, pPending->m_strName,
-                                m_pVocabulary->m_elementNamesMap);
+        AppendQualifiedName(byCurrent, true, PrefixInScopeOf(pPending, strNamespace), strNamespace, pPending->m_strName,
+                            m_pVocabulary->m_elementNamesMap);
     }
     m_pContext = pPending;
     m_pPendingContext = nullptr;
@@ -197,7 +197,7 @@ void CFastInfosetWriter::WriteAttribute(const std::string& strName, const std::s
     // A namespace without a prefix in scope gets a generated one, carried by the qualified
     // name itself; the default namespace does not apply to attributes.
     std::string strPrefix = strNamespace.empty() ? std::string() : PrefixInScopeOf(m_pContext, strNamespace);
-    AppendQualifiedNameBit2(byNone, strPrefix, strNamespace, strName, m_pVocabulary->m_attributeNamesMap);
+    AppendQualifiedName(byNone, false, strPrefix, strNamespace, strName, m_pVocabulary->m_attributeNamesMap);
     AppendAttributeValue(strValue, eType);
 }
 
@@ -217,7 +217,7 @@ void CFastInfosetWriter::WriteXsiType(const std::string& strNamespace, const std
         return;
     }
     std::string strPrefix = PrefixInScopeOf(m_pContext, strNamespace);
-    AppendQualifiedNameBit2(byNone, strPrefix, XsiNamespaceURI, "type", m_pVocabulary->m_attributeNamesMap);
+    AppendQualifiedName(byNone, false, strPrefix, XsiNamespaceURI, "type", m_pVocabulary->m_attributeNamesMap);
     AppendAttributeValue(strPrefix + ":" + strTypeName, eType);
 }
 
@@ -229,32 +229,22 @@ void CFastInfosetWriter::WriteXsiNil() {
 
 // --- qualified names and identifying strings ------------------------------------------------
 
-void CFastInfosetWriter::AppendQualifiedNameBit2(unsigned char byCurrent, const std::string& strPrefix,
-                                                 const std::string& strNamespace, const std::string& strLocalName,
-                                                 CFIVocabulary::IndexMap& map) {
+void CFastInfosetWriter::AppendQualifiedName(unsigned char byCurrent, bool bThirdBit, const std::string& strPrefix,
+                                             const std::string& strNamespace, const std::string& strLocalName,
+                                             CFIVocabulary::IndexMap& map) {
     std::string& strKey = m_strKeyScratch;
     CFIVocabulary::MakeQNameKey(strPrefix, strNamespace, strLocalName, strKey);
     uint32_t dwIndex;
     if (CFIVocabulary::FindIndex(map, strKey, dwIndex)) {
-        AppendIntegerBit2(byCurrent, dwIndex);
+        if (bThirdBit)
+            AppendIntegerBit3(byCurrent, dwIndex);
+        else
+            AppendIntegerBit2(byCurrent, dwIndex);
         return;
     }
-    Write(byCurrent | (strPrefix.empty() ? (strNamespace.empty() ? 0x78 : 0x79) : 0x7B));
-    AppendNameParts(strPrefix, strNamespace, strLocalName);
-    CFIVocabulary::AddValueToMap(strKey, map);
-}
-
-void CFastInfosetWriter::AppendQualifiedNameBit3(unsigned char byCurrent, const std::string& strPrefix,
-                                                 const std::string& strNamespace, const std::string& strLocalName,
-                                                 CFIVocabulary::IndexMap& map) {
-    std::string& strKey = m_strKeyScratch;
-    CFIVocabulary::MakeQNameKey(strPrefix, strNamespace, strLocalName, strKey);
-    uint32_t dwIndex;
-    if (CFIVocabulary::FindIndex(map, strKey, dwIndex)) {
-        AppendIntegerBit3(byCurrent, dwIndex);
-        return;
-    }
-    Write(byCurrent | (strPrefix.empty() ? (strNamespace.empty() ? 0x3C : 0x3D) : 0x3F));
+    // The literal form: its marker bits, then one bit each for a prefix and a namespace.
+    const unsigned char byLiteral = bThirdBit ? 0x3C : 0x78;
+    Write(byCurrent | byLiteral | (strPrefix.empty() ? (strNamespace.empty() ? 0x00 : 0x01) : 0x03));
     AppendNameParts(strPrefix, strNamespace, strLocalName);
     CFIVocabulary::AddValueToMap(strKey, map);
 }

@@ -68,10 +68,11 @@ private:
     // if it has none.
     std::string PrefixInScopeOf(CXmlWriterContext* pContext, const std::string& strNamespace);
 
-    void AppendQualifiedNameBit2(unsigned char byCurrent, const std::string& strPrefix, const std::string& strNamespace,
-                                 const std::string& strLocalName, CFIVocabulary::IndexMap& map);
-    void AppendQualifiedNameBit3(unsigned char byCurrent, const std::string& strPrefix, const std::string& strNamespace,
-                                 const std::string& strLocalName, CFIVocabulary::IndexMap& map);
+    // A qualified name starting on the second bit (attributes) or the third (elements): its
+    // index if the name is in map, else the literal form, which enters map.
+    void AppendQualifiedName(unsigned char byCurrent, bool bThirdBit, const std::string& strPrefix,
+                             const std::string& strNamespace, const std::string& strLocalName,
+                             CFIVocabulary::IndexMap& map);
     // The parts of a literal qualified name, each an index or a literal that enters its table.
     void AppendNameParts(const std::string& strPrefix, const std::string& strNamespace,
                          const std::string& strLocalName);
