@@ -243,6 +243,18 @@ TEST(FastInfosetReader, RefusesMalformedDocuments) {
          "Failed to parse FastInfoset. Invalid QName type Prefix without Namespace."},
         {CFiBuilder().Header().ElementLiteral(false, "a b").Str(),
          "Failed to parse FastInfoset. Invalid Encoding of a name: not an XML name."},
+        // Broken UTF-8 in a name or a text: a stray byte, an overlong form, a surrogate, past
+        // U+10FFFF, a sequence cut short.
+        {CFiBuilder().Header().ElementLiteral(false, "a\xFF").Str(),
+         "Failed to parse FastInfoset. Invalid UTF-8 string."},
+        {CFiBuilder().Header().ElementLiteral(false, "a").Chunk("\xC0\xAF").Str(),
+         "Failed to parse FastInfoset. Invalid UTF-8 string."},
+        {CFiBuilder().Header().ElementLiteral(false, "a").Chunk("x\xED\xA0\x80").Str(),
+         "Failed to parse FastInfoset. Invalid UTF-8 string."},
+        {CFiBuilder().Header().ElementLiteral(false, "a").Chunk("\xF4\x90\x80\x80").Str(),
+         "Failed to parse FastInfoset. Invalid UTF-8 string."},
+        {CFiBuilder().Header().ElementLiteral(false, "a").Chunk("abcdefgh\xE2\x82").Str(),
+         "Failed to parse FastInfoset. Invalid UTF-8 string."},
         {CFiBuilder().Header().ElementLiteral(true, "a").AttributeLiteral("b", "urn:b", "1p").Str(),
          "Failed to parse FastInfoset. Invalid Encoding of a name: not an XML name."},
         {CFiBuilder().Header().Octets({0x3C, 0x50}).Str(),

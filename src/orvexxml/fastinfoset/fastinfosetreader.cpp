@@ -38,11 +38,56 @@ const char kInvalidAlphabetPosition[] =
     "Failed to parse FastInfoset. Invalid Encoding of Restricted Alphabet. Character position beyond the alphabet.";
 const char kInvalidUtf16Length[] = "Failed to parse FastInfoset. Invalid length of a UTF-16 string.";
 const char kInvalidName[] = "Failed to parse FastInfoset. Invalid Encoding of a name: not an XML name.";
+const char kInvalidUtf8[] = "Failed to parse FastInfoset. Invalid UTF-8 string.";
 const char kInvalidDocumentType[] = "Failed to parse FastInfoset. Invalid Encoding of Document Type Declaration.";
 
 // Whether UTF-8 octets can be an XML name without a colon. Only the ASCII range is checked:
 // what XML text can't hold there (blanks, controls, markup and punctuation, a colon, a digit,
 // "-" or "." in front) would come out of the XML writer as another name or as no XML at all.
+// Well-formed UTF-8: no stray continuation byte, no overlong form, no surrogate, nothing past
+// U+10FFFF. Strings of the document go into the tree as they are, and from there into XML and
+// JSON text, which must not carry broken characters. ASCII is passed over eight bytes a step.
+bool IsValidUtf8(const unsigned char* pData, size_t nLength) {
+    size_t i = 0;
+    while (i < nLength) {
+        if (nLength - i >= 8) {
+            uint64_t nWord;
+            std::memcpy(&nWord, pData + i, 8);
+            if ((nWord & 0x8080808080808080ull) == 0) {
+                i += 8;
+                continue;
+            }
+        }
+        const unsigned char c = pData[i];
+        if (c < 0x80) {
+            ++i;
+            continue;
+        }
+        size_t nMore = 2;
+        unsigned char byLow = 0x80, byHigh = 0xBF;  // the range of the second byte
+        if (c >= 0xC2 && c <= 0xDF)
+            nMore = 1;
+        else if (c == 0xE0)
+            byLow = 0xA0;
+        else if (c == 0xED)
+            byHigh = 0x9F;
+        else if (c >= 0xE1 && c <= 0xEF)
+            nMore = 2;
+        else if (c >= 0xF0 && c <= 0xF4)
+            nMore = 3;
+        else
+            return false;
+        if (c == 0xF0) byLow = 0x90;
+        if (c == 0xF4) byHigh = 0x8F;
+        if (nLength - i <= nMore || pData[i + 1] < byLow || pData[i + 1] > byHigh) return false;
+        for (size_t k = 2; k <= nMore; ++k) {
+            if ((pData[i + k] & 0xC0) != 0x80) return false;
+        }
+        i += nMore + 1;
+    }
+    return true;
+}
+
 bool IsNCName(const unsigned char* pData, size_t nLength) {
     for (size_t i = 0; i < nLength; ++i) {
         const unsigned char c = pData[i];
@@ -468,6 +513,7 @@ CFastInfosetReader::StringView CFastInfosetReader::DecodeString(unsigned nDiscri
                                                                 const unsigned char* pData, size_t nLength) {
     switch (nDiscriminant) {
         case 0:
+            if (!IsValidUtf8(pData, nLength)) Fail(kInvalidUtf8);
             if (m_bLocalIsUtf8) {
                 // In place: the text ends at an embedded null, as every conversion ends it.
                 const char* pText = reinterpret_cast<const char*>(pData);
@@ -568,6 +614,7 @@ void CFastInfosetReader::ReadRestrictedAlphabet(const unsigned char* pData, size
 
 void CFastInfosetReader::Utf8ToLocalText(const unsigned char* pData, size_t nLength, std::string& strTarget) {
     const char* pText = reinterpret_cast<const char*>(pData);
+    if (!IsValidUtf8(pData, nLength)) Fail(kInvalidUtf8);
     if (m_bLocalIsUtf8) {
         strTarget.assign(pText, ::strnlen(pText, nLength));
         return;
