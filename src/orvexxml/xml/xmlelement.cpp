@@ -211,8 +211,7 @@ void CXmlElement::AppendText(CXmlNodeStore* pStore, const char* pText, OxULong n
     if (nNewLength > m_nTextCapacity) GrowText(pStore, nNewLength);
     std::memcpy(m_pText + m_nTextLength, pText, nLength);
     m_nTextLength = static_cast<uint32_t>(nNewLength);
-    // A string made of the former text no longer matches.
-    delete m_pTextString.exchange(nullptr, std::memory_order_acq_rel);
+    DropTextString();  // a string made of the former text no longer matches
 }
 
 namespace {
@@ -247,8 +246,17 @@ void CXmlElement::GrowText(CXmlNodeStore* pStore, size_t nNeeded) {
     m_nTextCapacity = static_cast<uint32_t>(nCapacity);
 }
 
+void CXmlElement::DropTextString() {
+    // The text changes or goes only while one thread owns the tree (building it, freeing it),
+    // so a plain look first spares the locked exchange on every piece of text appended.
+    std::string* pString = m_pTextString.load(std::memory_order_relaxed);
+    if (!pString) return;
+    m_pTextString.store(nullptr, std::memory_order_relaxed);
+    delete pString;
+}
+
 void CXmlElement::FreeText(CXmlNodeStore* pStore) {
-    delete m_pTextString.exchange(nullptr, std::memory_order_acq_rel);
+    DropTextString();
     if (!m_pText) return;
     if (m_nTextCapacity > kMaxStoredText)
         std::free(m_pText);

@@ -140,6 +140,7 @@ private:
     CXmlElement* m_pFirstChild;
     AttributeArray* m_pAttributes;  // null until the first attribute arrives
     void GrowText(CXmlNodeStore* pStore, size_t nNeeded);
+    void DropTextString();
     void FreeText(CXmlNodeStore* pStore);
 
     // The text lives in the document's node store (on the heap past kMaxStoredText bytes) and
