@@ -316,6 +316,18 @@ std::string CModelBuilder::EnumFor(XSSimpleTypeDefinition* pType, const std::str
     return model.m_strName;
 }
 
+void CModelBuilder::TakeValue(CMemberModel& member, const CValueType& value) {
+    member.m_eKind = value.m_eKind;
+    member.m_strItemType = value.m_strItemType;
+    member.m_strBuiltIn = value.m_strBuiltIn;
+    member.m_strWhitespace = value.m_strWhitespace;
+    member.m_facets = value.m_facets;
+    member.m_strFacetsName = value.m_strFacetsName;
+    member.m_strFacetsSource = value.m_strFacetsSource;
+    member.m_strEnum = value.m_strEnum;
+    member.m_strDescription = value.m_strDescription;
+}
+
 CModelBuilder::CValueType CModelBuilder::ValueOf(XSSimpleTypeDefinition* pType, const std::string& strOwner,
                                                  const CPlace& place, const std::string& strLocalKind,
                                                  const std::string& strLocalName) {
@@ -464,15 +476,7 @@ void CModelBuilder::AddAttributes(int nClass, XSComplexTypeDefinition* pType, co
         member.m_eOccurrence = pUse->getRequired() ? Occurrence_Mandatory : Occurrence_Optional;
         const CValueType value = ValueOf(pDeclaration->getTypeDefinition(), "@" + member.m_strXmlName, place,
                                          "attribute", member.m_strXmlName);
-        member.m_eKind = value.m_eKind;
-        member.m_strItemType = value.m_strItemType;
-        member.m_strBuiltIn = value.m_strBuiltIn;
-        member.m_strWhitespace = value.m_strWhitespace;
-        member.m_facets = value.m_facets;
-        member.m_strFacetsName = value.m_strFacetsName;
-        member.m_strFacetsSource = value.m_strFacetsSource;
-        member.m_strEnum = value.m_strEnum;
-        member.m_strDescription = value.m_strDescription;
+        TakeValue(member, value);
         XSConstants::VALUE_CONSTRAINT eConstraint = pUse->getConstraintType();
         const XMLCh* pszConstraint = pUse->getConstraintValue();
         if (eConstraint == XSConstants::VALUE_CONSTRAINT_NONE) {
@@ -536,15 +540,7 @@ void CModelBuilder::AddElement(int nClass, XSParticle* pParticle, const CPlace& 
             throw At(place, "element", strName, "repeating enumeration element " + strName + " is not supported yet");
         if (value.m_strItemType == "char" && member.m_eOccurrence == Occurrence_Collection)
             throw At(place, "element", strName, "repeating element " + strName + " of kind char has no collection");
-        member.m_eKind = value.m_eKind;
-        member.m_strItemType = value.m_strItemType;
-        member.m_strBuiltIn = value.m_strBuiltIn;
-        member.m_strWhitespace = value.m_strWhitespace;
-        member.m_facets = value.m_facets;
-        member.m_strFacetsName = value.m_strFacetsName;
-        member.m_strFacetsSource = value.m_strFacetsSource;
-        member.m_strEnum = value.m_strEnum;
-        member.m_strDescription = value.m_strDescription;
+        TakeValue(member, value);
         if (pElement->getConstraintType() != XSConstants::VALUE_CONSTRAINT_NONE) {
             member.m_bHasDefault = true;
             member.m_strDefault = Text(pElement->getConstraintValue());

@@ -48,6 +48,8 @@ private:
         std::string m_strEnum;
         std::string m_strDescription;
     };
+    // Copies what a member takes of its value type: kind, item type, facets, enum, description.
+    static void TakeValue(CMemberModel& member, const CValueType& value);
 
     void CountTypeUses();
     void CountParticle(xercesc::XSParticle* pParticle);
