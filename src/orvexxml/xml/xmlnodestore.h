@@ -119,9 +119,18 @@ private:
     size_t m_nTextCount;
     const std::string* m_apRecent[2];
     unsigned m_nNextRecent;
-    static const unsigned kRecentNames = 8;
-    const std::string* m_apRecentNames[kRecentNames];
-    unsigned m_nNextRecentName;
+    // Names already stored, each in the slot of a cheap hash of its length and three of its
+    // bytes: a document's few dozen names mostly sit in slots of their own, so that a name
+    // is found with one comparison and the full hash of Store is paid once per slot conflict.
+    static const size_t kNameSlots = 256;
+    const std::string* m_apNameSlots[kNameSlots];
+    static size_t NameSlot(const char* pName, size_t nLength) {
+        size_t nHash = nLength;
+        nHash = nHash * 131 + static_cast<unsigned char>(pName[0]);
+        nHash = nHash * 131 + static_cast<unsigned char>(pName[nLength - 1]);
+        nHash = nHash * 131 + static_cast<unsigned char>(pName[nLength / 2]);
+        return (nHash ^ (nHash >> 8)) & (kNameSlots - 1);
+    }
 
     const std::string* Store(const char* pText, size_t nLength);
 };
