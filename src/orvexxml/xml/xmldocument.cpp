@@ -575,6 +575,7 @@ void CXmlDocument::AppendRunExcludingCR(CXmlElement* pElement, const char* pText
 }
 
 void CXmlDocument::AppendRun(CXmlNodeStore* pStore, CXmlElement* pElement, const char* pText, size_t nLength) {
+    if (pElement->AppendShortPiece(pText, nLength)) return;
     const char* pEnd = pText + nLength;
     while (pText < pEnd) {
         const char* pCR = static_cast<const char*>(std::memchr(pText, '\r', static_cast<size_t>(pEnd - pText)));
