@@ -16,9 +16,11 @@ namespace OrvexXml {
 namespace {
 
 const OxULong kScratchSize = 1024;
-// The buffer goes to expat in pieces. expat copies what it is given into its own buffer
-// before parsing (it keeps context bytes), so one huge call would copy the whole input into
-// fresh memory; pieces of this size keep its buffer small and warm.
+// A chunk that is not the last goes to expat in pieces. expat copies what it is given into its
+// own buffer before parsing (it keeps context bytes), and pieces of this size keep that buffer
+// small and warm. The last chunk goes in one call: after every call that is not final, expat
+// 2.5 brings its line and column count up to date by scanning every byte of the call once
+// more, which costs several times the one copy of the input that a single final call makes.
 const size_t kPieceSize = 0x40000;
 // XML_Parse takes an int length.
 const size_t kMaxPieceSize = 0x40000000;
@@ -180,7 +182,7 @@ void CExpatReader::ParseChunk(bool bFinal) {
     // the next piece arrives. While a piece yields no event at all, expat is inside one large
     // token (a huge attribute value, say): the next piece is twice as large, so such a token
     // costs a bounded number of rescans instead of one per piece.
-    size_t nPieceSize = kPieceSize;
+    size_t nPieceSize = bFinal ? kMaxPieceSize : kPieceSize;
     do {
         size_t nPiece = nRemaining > nPieceSize ? nPieceSize : nRemaining;
         bool bLast = nPiece == nRemaining;
@@ -202,7 +204,9 @@ void CExpatReader::ParseChunk(bool bFinal) {
         }
         pData += nPiece;
         nRemaining -= nPiece;
-        if (m_nEvents != nEventsBefore)
+        if (bFinal)
+            nPieceSize = kMaxPieceSize;
+        else if (m_nEvents != nEventsBefore)
             nPieceSize = kPieceSize;
         else if (nPieceSize < kMaxPieceSize)
             nPieceSize *= 2;
