@@ -187,8 +187,24 @@ void CExpatReader::ParseChunk(bool bFinal) {
         size_t nPiece = nRemaining > nPieceSize ? nPieceSize : nRemaining;
         bool bLast = nPiece == nRemaining;
         uint64_t nEventsBefore = m_nEvents;
-        XML_Status status =
-            XML_Parse(m_parser, pData, static_cast<int>(nPiece), bLast && bFinal ? XML_TRUE : XML_FALSE);
+        XML_Status status;
+        if (bFinal && bLast && pData == reinterpret_cast<const char*>(m_doc.m_pBuffer) && nPiece > 0) {
+            // The whole input in one final call. expat would copy it into its own buffer
+            // anyway: copied there by hand, the document's copy can go before the tree grows,
+            // so that the input is not held twice at the peak (a caller's buffer stays the
+            // caller's).
+            // A buffer that can't be had is expat's "out of memory", as from XML_Parse.
+            void* pTarget = XML_GetBuffer(m_parser, static_cast<int>(nPiece));
+            if (pTarget) {
+                std::memcpy(pTarget, pData, nPiece);
+                m_doc.FreeBuffer();
+                status = XML_ParseBuffer(m_parser, static_cast<int>(nPiece), XML_TRUE);
+            } else {
+                status = XML_STATUS_ERROR;
+            }
+        } else {
+            status = XML_Parse(m_parser, pData, static_cast<int>(nPiece), bLast && bFinal ? XML_TRUE : XML_FALSE);
+        }
         if (m_pendingException) {
             std::exception_ptr pending = m_pendingException;
             m_pendingException = nullptr;
@@ -202,8 +218,9 @@ void CExpatReader::ParseChunk(bool bFinal) {
             Release();
             throw COxException(strMessage);
         }
-        pData += nPiece;
         nRemaining -= nPiece;
+        if (nRemaining == 0) break;  // the input may be gone (see above)
+        pData += nPiece;
         if (bFinal)
             nPieceSize = kMaxPieceSize;
         else if (m_nEvents != nEventsBefore)
