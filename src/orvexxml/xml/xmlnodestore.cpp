@@ -159,11 +159,6 @@ void CXmlNodeStore::Release() {
     std::memset(static_cast<void*>(m_apNameSlots), 0, sizeof(m_apNameSlots));
 }
 
-const std::string* CXmlNodeStore::EmptyNamespace() {
-    static const std::string s_strEmpty;
-    return &s_strEmpty;
-}
-
 namespace {
 
 size_t HashText(const char* pText, size_t nLength) {
@@ -224,10 +219,7 @@ const std::string* CXmlNodeStore::InternNamespace(const char* pUri, size_t nLeng
     return pStored;
 }
 
-const std::string* CXmlNodeStore::InternName(const char* pName, size_t nLength) {
-    if (nLength == 0) return EmptyNamespace();
-    const std::string*& pSlot = m_apNameSlots[NameSlot(pName, nLength)];
-    if (pSlot && pSlot->size() == nLength && std::memcmp(pSlot->data(), pName, nLength) == 0) return pSlot;
+const std::string* CXmlNodeStore::StoreName(const std::string*& pSlot, const char* pName, size_t nLength) {
     pSlot = Store(pName, nLength);
     return pSlot;
 }

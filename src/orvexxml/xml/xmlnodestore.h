@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -73,9 +74,19 @@ public:
 
     // The stored copy of a namespace URI; the shared empty string for length 0.
     const std::string* InternNamespace(const char* pUri, size_t nLength);
-    static const std::string* EmptyNamespace();
+    // Inline, as every element asks for it: one test of the initialisation flag, no call.
+    static const std::string* EmptyNamespace() {
+        static const std::string s_strEmpty;
+        return &s_strEmpty;
+    }
     // The stored copy of an element name (names and URIs share one table).
-    const std::string* InternName(const char* pName, size_t nLength);
+    // Inline for a name already in its slot, as almost every name of a document is.
+    const std::string* InternName(const char* pName, size_t nLength) {
+        if (nLength == 0) return EmptyNamespace();
+        const std::string*& pSlot = m_apNameSlots[NameSlot(pName, nLength)];
+        if (pSlot && pSlot->size() == nLength && std::memcmp(pSlot->data(), pName, nLength) == 0) return pSlot;
+        return StoreName(pSlot, pName, nLength);
+    }
 
     // Gives back all blocks and forgets the stored URIs.
     void Release();
@@ -133,6 +144,8 @@ private:
     }
 
     const std::string* Store(const char* pText, size_t nLength);
+    // A name not in its slot: stored, and put in the slot in place of the one there.
+    const std::string* StoreName(const std::string*& pSlot, const char* pName, size_t nLength);
 };
 
 }  // namespace OrvexXml
