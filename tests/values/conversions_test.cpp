@@ -392,6 +392,68 @@ TEST(ConversionsFloats, Reading) {
     EXPECT_EQ(-INF, CConversions::r8FromString("-INF", NONE));
 }
 
+// Every numeral reads to the very bits that strtod in the "C" locale gives, whichever way the
+// reader takes: long mantissas, points in any place, exponents near both ends of the range,
+// halfway cases and the forms that only strtod accepts.
+TEST(ConversionsFloats, ReadingAgreesWithStrtod) {
+    const locale_t c = ::newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(nullptr));
+    ASSERT_NE(c, static_cast<locale_t>(nullptr));
+    std::vector<std::string> texts = {"0",
+                                      "-0",
+                                      "0.0",
+                                      ".5",
+                                      "-.5",
+                                      "5.",
+                                      "007",
+                                      "1e0",
+                                      "1E+2",
+                                      "1e-2",
+                                      "+1.5",
+                                      "0x1p3",
+                                      "infinity",
+                                      "-inf",
+                                      "nan",
+                                      "9007199254740993",
+                                      "2.2250738585072011e-308",
+                                      "4.9e-324",
+                                      "2e-324",
+                                      "1.7976931348623157e308",
+                                      "1.7976931348623159e308",
+                                      "1e-320"};
+    uint64_t nState = 0x9E3779B97F4A7C15ULL;
+    auto next = [&nState](uint64_t nBound) {
+        nState ^= nState << 13;
+        nState ^= nState >> 7;
+        nState ^= nState << 17;
+        return nState % nBound;
+    };
+    for (int i = 0; i < 20000; ++i) {
+        std::string strText = next(4) == 0 ? "-" : "";
+        const size_t nDigits = 1 + next(next(3) == 0 ? 40 : 18);
+        const size_t nPoint = next(nDigits + 2);
+        for (size_t d = 0; d < nDigits; ++d) {
+            if (d == nPoint) strText += '.';
+            strText += static_cast<char>('0' + next(10));
+        }
+        if (next(2) == 0) strText += (next(2) ? "e" : "E") + std::to_string(static_cast<int>(next(660)) - 340);
+        texts.push_back(strText);
+    }
+    for (const std::string& strText : texts) {
+        char* pEnd = nullptr;
+        const double dOracle = ::strtod_l(strText.c_str(), &pEnd, c);
+        ASSERT_EQ(*pEnd, '\0') << strText;
+        const double dRead = CConversions::r8FromString(strText, NONE);
+        if (std::isnan(dOracle)) {
+            EXPECT_TRUE(std::isnan(dRead)) << strText;
+            continue;
+        }
+        EXPECT_EQ(std::signbit(dOracle), std::signbit(dRead)) << strText;
+        EXPECT_EQ(dOracle, dRead) << strText;
+        EXPECT_EQ(static_cast<float>(dOracle), CConversions::r4FromString(strText, NONE)) << strText;
+    }
+    ::freelocale(c);
+}
+
 // --- char, string, boolean, year, month, day --------------------------------------------
 
 TEST(Conversions, CharStringAndBoolean) {

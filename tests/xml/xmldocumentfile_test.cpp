@@ -121,6 +121,35 @@ TEST_F(XmlDocumentFile, SameTreeInBothModesAtChunkMultiplesTheirNeighboursAndOth
     EXPECT_EQ("({}root text=[])", LoadResult(tiny.Path(), true));
 }
 
+// Inputs of some megabytes: the whole-file form hands the parser its input in one piece and
+// gives its own copy back before the tree is built. Every form gives the same tree or the same
+// error as the chunked form, a caller's bytes are left as they were, and the document loads
+// again after the input it held is gone.
+TEST_F(XmlDocumentFile, LargeInputsGiveTheSameTreeInEveryFormAndLeaveTheCallersBytes) {
+    const std::string strXml = MakeDocument(3 * 1024 * 1024 + 77, 11);
+    TempFile file(strXml);
+    const std::string strChunked = LoadResult(file.Path(), true);
+    EXPECT_EQ(0u, strChunked.rfind("({}root", 0)) << strChunked.substr(0, 200);
+    EXPECT_EQ(strChunked, LoadResult(file.Path(), false));
+
+    CXmlDocument doc;
+    std::string strBytes = strXml;
+    doc.LoadXmlStream(reinterpret_cast<unsigned char*>(&strBytes[0]), static_cast<OxULong>(strBytes.size()));
+    EXPECT_EQ(strChunked, Dump(doc.GetDocumentElement()));
+    EXPECT_EQ(strXml, strBytes);
+    doc.Load(file.Path());
+    EXPECT_EQ(strChunked, Dump(doc.GetDocumentElement()));
+    doc.LoadXml(strBytes.c_str());
+    EXPECT_EQ(strChunked, Dump(doc.GetDocumentElement()));
+    EXPECT_EQ(strXml, strBytes);
+
+    std::string strBroken = strXml;
+    TempFile broken(strBroken.insert(strBroken.size() - 8, "<open>"));
+    const std::string strError = LoadResult(broken.Path(), true);
+    EXPECT_EQ(0u, strError.rfind("error: mismatched tag at line ", 0)) << strError;
+    EXPECT_EQ(strError, LoadResult(broken.Path(), false));
+}
+
 TEST_F(XmlDocumentFile, CharactersLineEndsAndTagsAcrossChunkBoundaries) {
     // {as written, as stored}: a CRLF split between chunks is stored as LF as well.
     const std::string aCharacters[][2] = {{"\xC3\xA9", "\xC3\xA9"},

@@ -28,7 +28,8 @@ CElementInfo::CElementInfo(const char* pszName, const char* pszNamespace, int nP
       m_bNillable(false),
       m_pfnEnumToText(nullptr),
       m_pfnTextToEnum(nullptr),
-      m_bPrimitive(false) {}
+      m_bPrimitive(false),
+      m_bTakesClassNamespace(true) {}
 
 CElementInfo::CElementInfo(const char* pszName, const char* pszNamespace, int nPropertyIndex, bool bNillable,
                            EnumToTextFn pfnEnumToText, TextToEnumFn pfnTextToEnum, const char* pszDefault)
@@ -41,7 +42,8 @@ CElementInfo::CElementInfo(const char* pszName, const char* pszNamespace, int nP
       m_bNillable(bNillable),
       m_pfnEnumToText(pfnEnumToText),
       m_pfnTextToEnum(pfnTextToEnum),
-      m_bPrimitive(false) {}
+      m_bPrimitive(false),
+      m_bTakesClassNamespace(false) {}
 
 CElementInfo::CElementInfo(const char* pszName, const char* pszNamespace, int nPropertyIndex, bool bNillable,
                            ItemType eItemType, const char* pszFormat, CWhitespaceUtils::WhitespaceRule eWhitespaceRule,
@@ -57,7 +59,8 @@ CElementInfo::CElementInfo(const char* pszName, const char* pszNamespace, int nP
       m_bNillable(bNillable),
       m_pfnEnumToText(nullptr),
       m_pfnTextToEnum(nullptr),
-      m_bPrimitive(true) {}
+      m_bPrimitive(true),
+      m_bTakesClassNamespace(false) {}
 
 CElementInfo::~CElementInfo() {}
 

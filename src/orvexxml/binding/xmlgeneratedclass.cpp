@@ -1,5 +1,10 @@
 #include "orvexxml/binding/xmlgeneratedclass.h"
 
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <typeinfo>
+
 #include "orvexxml/binding/members/elementinfochoiceabsclscol.h"
 #include "orvexxml/binding/members/elementinfochoiceabsclsopt.h"
 #include "orvexxml/binding/members/elementinfochoiceclscol.h"
@@ -33,6 +38,47 @@ namespace {
 // alone don't bound them (nor an object tree that holds itself). A walk started from inside
 // another adds to it.
 thread_local int32_t t_nWalkDepth = 0;
+
+// The INillable of an object, as dynamic_cast finds it. The cross cast searches the class
+// hierarchy and compares type names on every call, once per object read; its result depends
+// only on the dynamic type and on where the CXmlGeneratedClass part lies in the complete
+// object, so it is remembered per such pair as two offsets from the complete object. The
+// table is shared by all threads and only ever filled: an entry is made whole and published
+// into an empty slot at once, and a pair whose slot is taken keeps using the cast.
+struct NillableCast {
+    const std::type_info* pType;
+    ptrdiff_t nPart;      // the CXmlGeneratedClass part from the complete object
+    ptrdiff_t nNillable;  // the INillable part from the complete object, if bNillable
+    bool bNillable;
+};
+
+const size_t kNillableCastSlots = 64;
+
+std::atomic<const NillableCast*>* NillableCastSlots() {
+    // Never destroyed: objects with static storage may still be read while the process ends.
+    static std::atomic<const NillableCast*>* s_pSlots = new std::atomic<const NillableCast*>[kNillableCastSlots]();
+    return s_pSlots;
+}
+
+INillable* NillableOf(CXmlGeneratedClass* pObject) {
+    char* pComplete = static_cast<char*>(dynamic_cast<void*>(pObject));
+    const ptrdiff_t nPart = reinterpret_cast<char*>(pObject) - pComplete;
+    const std::type_info* pType = &typeid(*pObject);
+    std::atomic<const NillableCast*>& slot =
+        NillableCastSlots()[((reinterpret_cast<uintptr_t>(pType) >> 4) ^ static_cast<uintptr_t>(nPart)) %
+                            kNillableCastSlots];
+    const NillableCast* pKnown = slot.load(std::memory_order_acquire);
+    if (pKnown && pKnown->pType == pType && pKnown->nPart == nPart)
+        return pKnown->bNillable ? reinterpret_cast<INillable*>(pComplete + pKnown->nNillable) : nullptr;
+    INillable* pNillable = dynamic_cast<INillable*>(pObject);
+    if (!pKnown) {
+        NillableCast* pNew = new NillableCast{
+            pType, nPart, pNillable ? reinterpret_cast<char*>(pNillable) - pComplete : 0, pNillable != nullptr};
+        const NillableCast* pExpected = nullptr;
+        if (!slot.compare_exchange_strong(pExpected, pNew, std::memory_order_acq_rel)) delete pNew;
+    }
+    return pNillable;
+}
 
 }  // namespace
 
@@ -241,7 +287,7 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* pElement, CXmlElement*
         if (pInfo->GetElementType() == XmlElementType_Element) SetElementName(pElement->GetLocalName().c_str());
         ProcessAttributesFromXml(ctx, pElement, pInfo->GetFromXmlFailIfAttributeUnknown());
 
-        INillable* pNillable = dynamic_cast<INillable*>(this);
+        INillable* pNillable = NillableOf(this);
         if (pNillable && pNillable->IsNil()) return pFirstChild;
 
         CXmlElement* pCursor = nullptr;
@@ -327,6 +373,13 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CSerializationContext& c
     for (int i = 0; i < nCount; ++i) ppAttributes[i]->Validate(ctx, seen[i]);
 }
 
+std::string CXmlGeneratedClass::NamespaceForMembers(CElementInfo** ppElements, int nCount) const {
+    for (int i = 0; i < nCount; ++i) {
+        if (ppElements[i]->m_bTakesClassNamespace) return GetNamespace();
+    }
+    return std::string();
+}
+
 void CXmlGeneratedClass::ThrowUnprocessedElement(CXmlElement* pElement, CXmlElement* pCurrent) {
     throw COxValidationException(
         FormatString("Failed read all the elements held within the element [%s]. The unexpected element [%s] "
@@ -340,7 +393,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CSerializationCo
     CElementInfo** ppElements = GetClassElementInfo();
     CXmlElement* pSaved = pCurrent;
     const int nCount = GetClassElementInfoCount();
-    const std::string strNamespace = GetNamespace();
+    const std::string strNamespace = NamespaceForMembers(ppElements, nCount);
     int nStart = 0;
     for (;;) {
         for (int i = nStart; i < nCount; ++i) {
@@ -365,7 +418,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CSerializationCo
     CXmlElement* pSaved = pCurrent;
     CXmlElement* pPrevious = nullptr;
     const int nCount = GetClassElementInfoCount();
-    const std::string strNamespace = GetNamespace();
+    const std::string strNamespace = NamespaceForMembers(ppElements, nCount);
     CFlags found(nCount);
     while (pCurrent && pCurrent != pPrevious) {
         pPrevious = pCurrent;
@@ -388,7 +441,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CSerializatio
                                                              bool bOptionalChoice) {
     CElementInfo** ppElements = GetClassElementInfo();
     const int nCount = GetClassElementInfoCount();
-    const std::string strNamespace = GetNamespace();
+    const std::string strNamespace = NamespaceForMembers(ppElements, nCount);
     CXmlElement* pSaved = pCurrent;
     bool bFound = false;
     for (;;) {

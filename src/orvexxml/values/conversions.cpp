@@ -249,10 +249,26 @@ std::string FloatToString(double value, const char* pszFormat, int nDefaultPreci
     return std::string(pBuffer, nLength);
 }
 
+// A text that std::from_chars may read in place of strtod: it begins with a digit, a point,
+// or a "-" before one of them, so that it can't be one of the special names, a "+" or
+// leading blanks. from_chars rounds correctly, as glibc's strtod does, so where it reads the
+// whole text without a range error both give the same value; everything else (an exponent
+// out of range, a stop before the end, the special names) is left to the general path.
+bool ReadPlainDecimal(const std::string& text, double& value) {
+    const char* p = text.data();
+    const char* pEnd = p + text.size();
+    const char* pFirst = *p == '-' && text.size() > 1 ? p + 1 : p;
+    if (!((*pFirst >= '0' && *pFirst <= '9') || *pFirst == '.')) return false;
+    std::from_chars_result result = std::from_chars(p, pEnd, value, std::chars_format::general);
+    return result.ec == std::errc() && result.ptr == pEnd;
+}
+
 double ReadFloat(const std::string& text, CWhitespaceUtils::WhitespaceRule rule, const char* pszNotANumber) {
     CProcessedText processed(text, rule);
     const std::string& strProcessed = processed.Get();
     if (strProcessed.empty()) ThrowInvalid(pszNotANumber, strProcessed);
+    double dPlain = 0;
+    if (ReadPlainDecimal(strProcessed, dPlain)) return dPlain;
     if (strProcessed == "NaN" || strProcessed == "1.#QNAN" || strProcessed == "-NAN") {
         return std::numeric_limits<double>::quiet_NaN();
     }

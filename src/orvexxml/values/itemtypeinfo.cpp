@@ -24,8 +24,17 @@ std::string ValueToText(const OxVariant& value, const char* pszFormat) {
 template <ItemType eType>
 void ValueFromText(OxVariant& target, const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
     typedef CItemTypeTraits<eType> Traits;
-    // The conversion runs to the end before the setter replaces the former content.
-    Traits::Store(target, Traits::FromText(text, rule));
+    // The conversion runs to the end before the former content is replaced.
+    if constexpr (Traits::Storage == CItemTypeInfo::Storage_owned) {
+        // The value is made where the variant keeps it, as its setter would keep a copy: a
+        // decimal, a date or a string read from text costs one allocation and no copy.
+        typename Traits::ValueType* pValue = new typename Traits::ValueType(Traits::FromText(text, rule));
+        target.Clear();
+        target.m_type = eType;
+        Traits::Slot(target) = pValue;
+    } else {
+        Traits::Store(target, Traits::FromText(text, rule));
+    }
 }
 
 template <ItemType eType>

@@ -99,6 +99,20 @@ std::string CWhitespaceUtils::ApplyRule(WhitespaceRule rule, const std::string& 
     return std::string();
 }
 
+namespace {
+
+// Every byte that the rules replace or look at (tab, line feed, CR, the character 0, the
+// space) is at most 0x20: a text without one, as numbers, dates and names are, is left as it
+// is by replace and collapse, and one comparison per byte tells.
+bool HasNoByteUpToSpace(const std::string& text) {
+    for (char c : text) {
+        if (static_cast<unsigned char>(c) <= 0x20) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
 bool CWhitespaceUtils::IsUnchangedByRule(WhitespaceRule rule, const std::string& text) {
     switch (rule) {
         case WhitespaceRule_none:
@@ -106,12 +120,13 @@ bool CWhitespaceUtils::IsUnchangedByRule(WhitespaceRule rule, const std::string&
         case WhitespaceRule_preserve:
             return text.find('\r') == std::string::npos;
         case WhitespaceRule_replace:
+            if (HasNoByteUpToSpace(text)) return true;
             for (char c : text) {
                 if (c == '\r' || c == '\t' || c == '\n' || c == '\0') return false;
             }
             return true;
         case WhitespaceRule_collapse: {
-            if (text.empty()) return true;
+            if (HasNoByteUpToSpace(text)) return true;
             if (text.front() == ' ' || text.back() == ' ') return false;
             char cPrev = 'x';
             for (char c : text) {

@@ -16,9 +16,11 @@ namespace OrvexXml {
 namespace {
 
 const OxULong kScratchSize = 1024;
-// The buffer goes to expat in pieces. expat copies what it is given into its own buffer
-// before parsing (it keeps context bytes), so one huge call would copy the whole input into
-// fresh memory; pieces of this size keep its buffer small and warm.
+// A chunk that is not the last goes to expat in pieces. expat copies what it is given into its
+// own buffer before parsing (it keeps context bytes), and pieces of this size keep that buffer
+// small and warm. The last chunk goes in one call: after every call that is not final, expat
+// 2.5 brings its line and column count up to date by scanning every byte of the call once
+// more, which costs several times the one copy of the input that a single final call makes.
 const size_t kPieceSize = 0x40000;
 // XML_Parse takes an int length.
 const size_t kMaxPieceSize = 0x40000000;
@@ -180,13 +182,29 @@ void CExpatReader::ParseChunk(bool bFinal) {
     // the next piece arrives. While a piece yields no event at all, expat is inside one large
     // token (a huge attribute value, say): the next piece is twice as large, so such a token
     // costs a bounded number of rescans instead of one per piece.
-    size_t nPieceSize = kPieceSize;
+    size_t nPieceSize = bFinal ? kMaxPieceSize : kPieceSize;
     do {
         size_t nPiece = nRemaining > nPieceSize ? nPieceSize : nRemaining;
         bool bLast = nPiece == nRemaining;
         uint64_t nEventsBefore = m_nEvents;
-        XML_Status status =
-            XML_Parse(m_parser, pData, static_cast<int>(nPiece), bLast && bFinal ? XML_TRUE : XML_FALSE);
+        XML_Status status;
+        if (bFinal && bLast && pData == reinterpret_cast<const char*>(m_doc.m_pBuffer) && nPiece > 0) {
+            // The whole input in one final call. expat would copy it into its own buffer
+            // anyway: copied there by hand, the document's copy can go before the tree grows,
+            // so that the input is not held twice at the peak (a caller's buffer stays the
+            // caller's).
+            // A buffer that can't be had is expat's "out of memory", as from XML_Parse.
+            void* pTarget = XML_GetBuffer(m_parser, static_cast<int>(nPiece));
+            if (pTarget) {
+                std::memcpy(pTarget, pData, nPiece);
+                m_doc.FreeBuffer();
+                status = XML_ParseBuffer(m_parser, static_cast<int>(nPiece), XML_TRUE);
+            } else {
+                status = XML_STATUS_ERROR;
+            }
+        } else {
+            status = XML_Parse(m_parser, pData, static_cast<int>(nPiece), bLast && bFinal ? XML_TRUE : XML_FALSE);
+        }
         if (m_pendingException) {
             std::exception_ptr pending = m_pendingException;
             m_pendingException = nullptr;
@@ -200,9 +218,12 @@ void CExpatReader::ParseChunk(bool bFinal) {
             Release();
             throw COxException(strMessage);
         }
-        pData += nPiece;
         nRemaining -= nPiece;
-        if (m_nEvents != nEventsBefore)
+        if (nRemaining == 0) break;  // the input may be gone (see above)
+        pData += nPiece;
+        if (bFinal)
+            nPieceSize = kMaxPieceSize;
+        else if (m_nEvents != nEventsBefore)
             nPieceSize = kPieceSize;
         else if (nPieceSize < kMaxPieceSize)
             nPieceSize *= 2;

@@ -1,6 +1,7 @@
 #include "orvexxml/xml/xmlattribute.h"
 
 #include <cstring>
+#include <string_view>
 
 #include "orvexxml/xml/xmldocument.h"
 #include "orvexxml/xml/xmlelement.h"
@@ -9,11 +10,14 @@ namespace OrvexXml {
 
 namespace {
 
-const char kXsiNamespace[] = "http://www.w3.org/2001/XMLSchema-instance";
-const char kXmlnsNamespace[] = "http://www.w3.org/2000/xmlns/";
+// Compared as views: the length decides at once for the attributes of other namespaces,
+// most of which have none at all.
+constexpr std::string_view kXsiNamespace = "http://www.w3.org/2001/XMLSchema-instance";
+constexpr std::string_view kXmlnsNamespace = "http://www.w3.org/2000/xmlns/";
 
 bool IsInstanceOrXmlnsNamespace(const std::string& strNamespace) {
-    return strNamespace == kXsiNamespace || strNamespace == kXmlnsNamespace;
+    const std::string_view ns(strNamespace);
+    return ns == kXsiNamespace || ns == kXmlnsNamespace;
 }
 
 }  // namespace
@@ -33,12 +37,12 @@ CXmlAttribute::~CXmlAttribute() {}
 
 bool CXmlAttribute::IsNamespaceAttribute() const {
     if (!IsInstanceOrXmlnsNamespace(*m_pNamespace)) return false;
-    return *m_pLocalName == "xmlns" || *m_pLocalName == "type" || *m_pLocalName == "schemaLocation" ||
-           *m_pLocalName == "noNamespaceSchemaLocation";
+    const std::string_view name(*m_pLocalName);
+    return name == "xmlns" || name == "type" || name == "schemaLocation" || name == "noNamespaceSchemaLocation";
 }
 
 bool CXmlAttribute::IsNilAttribute() const {
-    return *m_pLocalName == "nil" && IsInstanceOrXmlnsNamespace(*m_pNamespace);
+    return std::string_view(*m_pLocalName) == "nil" && IsInstanceOrXmlnsNamespace(*m_pNamespace);
 }
 
 std::string CXmlAttribute::GetXPath() const {

@@ -3,6 +3,7 @@
 #include <aio.h>
 #include <errno.h>
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -25,6 +26,8 @@ namespace {
 
 // Size of each of the two buffers of an overlapped load, and of each read.
 const OxULong kChunkSize = 0x20000;
+// Input buffers from this size on are mapped on their own (see NewInputBuffer).
+const size_t kMappedInputSize = 0x100000;
 
 std::atomic<bool> g_bAsyncFromXmlFile(false);
 
@@ -110,6 +113,7 @@ void CXmlDocument::Init() {
     m_pDocumentElement = nullptr;
     m_pBuffer = nullptr;
     m_bOwnsBuffer = true;
+    m_nMappedBuffer = 0;
     m_nBufferLength = 0;
     m_eSchemaType = m_pContext->GetSchemaType();
 }
@@ -131,8 +135,27 @@ void CXmlDocument::Cleanup() {
     m_mapAliases.clear();
 }
 
+unsigned char* CXmlDocument::NewInputBuffer(size_t nSize) {
+    FreeBuffer();
+    if (nSize >= kMappedInputSize) {
+        void* p = ::mmap(nullptr, nSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        if (p == MAP_FAILED) throw std::bad_alloc();
+        m_pBuffer = static_cast<unsigned char*>(p);
+        m_nMappedBuffer = nSize;
+    } else {
+        m_pBuffer = new unsigned char[nSize ? nSize : 1];
+    }
+    return m_pBuffer;
+}
+
 void CXmlDocument::FreeBuffer() {
-    if (m_bOwnsBuffer) delete[] m_pBuffer;
+    if (m_bOwnsBuffer) {
+        if (m_nMappedBuffer)
+            ::munmap(m_pBuffer, m_nMappedBuffer);
+        else
+            delete[] m_pBuffer;
+    }
+    m_nMappedBuffer = 0;
     m_pBuffer = nullptr;
     m_bOwnsBuffer = true;
     m_nBufferLength = 0;
@@ -181,7 +204,7 @@ void CXmlDocument::LoadXml(const wchar_t* pszXml) {
     std::u16string strUtf16 = WideToUtf16(pszXml);
     if (strUtf16.size() > (UINT32_MAX - 2) / 2) throw COxException("XML String is too large!");
     OxULong nLength = static_cast<OxULong>(2 + 2 * strUtf16.size());
-    m_pBuffer = new unsigned char[nLength];
+    NewInputBuffer(nLength);
     m_pBuffer[0] = 0xFF;
     m_pBuffer[1] = 0xFE;
     unsigned char* pOut = m_pBuffer + 2;
@@ -238,7 +261,7 @@ void CXmlDocument::ReadWholeFile(const char* pszFileName) {
     size_t nSize = static_cast<size_t>(info.st_size);
 
     try {
-        m_pBuffer = new unsigned char[nSize ? nSize : 1];
+        NewInputBuffer(nSize);
     } catch (...) {
         ::close(hFile);
         throw;
@@ -575,6 +598,7 @@ void CXmlDocument::AppendRunExcludingCR(CXmlElement* pElement, const char* pText
 }
 
 void CXmlDocument::AppendRun(CXmlNodeStore* pStore, CXmlElement* pElement, const char* pText, size_t nLength) {
+    if (pElement->AppendShortPiece(pText, nLength)) return;
     const char* pEnd = pText + nLength;
     while (pText < pEnd) {
         const char* pCR = static_cast<const char*>(std::memchr(pText, '\r', static_cast<size_t>(pEnd - pText)));

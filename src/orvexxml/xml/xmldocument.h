@@ -158,6 +158,10 @@ private:
     void CancelChunk();
     void CloseFile();
     void FreeBuffer();
+    // A buffer of nSize bytes for m_pBuffer, freed by FreeBuffer. A large one is mapped on its
+    // own, so that freeing it gives its pages back to the system at once: the parser frees
+    // the input as soon as it has its own copy, and the memory serves the tree and the objects.
+    unsigned char* NewInputBuffer(size_t nSize);
 
     CXmlNodeStore* m_pNodeStore;     // memory of the tree's nodes and namespace URIs
     COverlappedRead* m_pOverlapped;  // the read in flight during an overlapped load, else null
@@ -174,6 +178,8 @@ private:
     std::map<std::string, std::string> m_mapAliases;
     unsigned char* m_pBuffer;
     bool m_bOwnsBuffer;  // false while m_pBuffer is the caller's input (see CBorrowedBuffer)
+    // Bytes of the mapping when m_pBuffer is mapped on its own (see NewInputBuffer), else 0.
+    size_t m_nMappedBuffer;
     OxULong m_nBufferLength;
     SchemaType m_eSchemaType;
     XmlElementCallback m_pfnElementCallback;

@@ -142,6 +142,23 @@ private:
     void GrowText(CXmlNodeStore* pStore, size_t nNeeded);
     void DropTextString();
     void FreeText(CXmlNodeStore* pStore);
+    // Appends a short piece that fits the room the text already has, leaving out every CR
+    // byte, without a call; false, with nothing appended, when it doesn't fit. The parser's
+    // pieces are mostly that short: a line break, the tabs of indentation, a number, a word.
+    static const size_t kShortPiece = 64;
+    bool AppendShortPiece(const char* pText, size_t nLength) {
+        if (nLength == 0 || nLength > kShortPiece || nLength > m_nTextCapacity - m_nTextLength) return false;
+        char* pOut = m_pText + m_nTextLength;
+        for (size_t i = 0; i < nLength; ++i) {
+            const char c = pText[i];
+            *pOut = c;
+            pOut += c != '\r';
+        }
+        m_nTextLength = static_cast<uint32_t>(pOut - m_pText);
+        // A string made of the former text no longer matches.
+        if (m_pTextString.load(std::memory_order_relaxed)) DropTextString();
+        return true;
+    }
 
     // The text lives in the document's node store (on the heap past kMaxStoredText bytes) and
     // becomes a string only when GetText asks for one; that string is kept until the text

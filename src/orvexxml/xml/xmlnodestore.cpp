@@ -95,8 +95,7 @@ CXmlNodeStore::CXmlNodeStore()
       m_nTextCount(0),
       m_apRecent{nullptr, nullptr},
       m_nNextRecent(0),
-      m_apRecentNames{},
-      m_nNextRecentName(0) {
+      m_apNameSlots{} {
     std::memset(m_apFree, 0, sizeof(m_apFree));
 }
 
@@ -157,12 +156,7 @@ void CXmlNodeStore::Release() {
     m_nNextBlockSize = kFirstBlockSize;
     std::memset(m_apFree, 0, sizeof(m_apFree));
     m_apRecent[0] = m_apRecent[1] = nullptr;
-    for (const std::string*& pRecent : m_apRecentNames) pRecent = nullptr;
-}
-
-const std::string* CXmlNodeStore::EmptyNamespace() {
-    static const std::string s_strEmpty;
-    return &s_strEmpty;
+    std::memset(static_cast<void*>(m_apNameSlots), 0, sizeof(m_apNameSlots));
 }
 
 namespace {
@@ -225,16 +219,9 @@ const std::string* CXmlNodeStore::InternNamespace(const char* pUri, size_t nLeng
     return pStored;
 }
 
-const std::string* CXmlNodeStore::InternName(const char* pName, size_t nLength) {
-    if (nLength == 0) return EmptyNamespace();
-    // A document repeats a handful of names: a short list of recent ones saves the hashing.
-    for (const std::string* pRecent : m_apRecentNames) {
-        if (pRecent && pRecent->size() == nLength && std::memcmp(pRecent->data(), pName, nLength) == 0) return pRecent;
-    }
-    const std::string* pStored = Store(pName, nLength);
-    m_apRecentNames[m_nNextRecentName] = pStored;
-    m_nNextRecentName = (m_nNextRecentName + 1) % kRecentNames;
-    return pStored;
+const std::string* CXmlNodeStore::StoreName(const std::string*& pSlot, const char* pName, size_t nLength) {
+    pSlot = Store(pName, nLength);
+    return pSlot;
 }
 
 }  // namespace OrvexXml

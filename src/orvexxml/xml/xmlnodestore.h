@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -73,9 +74,19 @@ public:
 
     // The stored copy of a namespace URI; the shared empty string for length 0.
     const std::string* InternNamespace(const char* pUri, size_t nLength);
-    static const std::string* EmptyNamespace();
+    // Inline, as every element asks for it: one test of the initialisation flag, no call.
+    static const std::string* EmptyNamespace() {
+        static const std::string s_strEmpty;
+        return &s_strEmpty;
+    }
     // The stored copy of an element name (names and URIs share one table).
-    const std::string* InternName(const char* pName, size_t nLength);
+    // Inline for a name already in its slot, as almost every name of a document is.
+    const std::string* InternName(const char* pName, size_t nLength) {
+        if (nLength == 0) return EmptyNamespace();
+        const std::string*& pSlot = m_apNameSlots[NameSlot(pName, nLength)];
+        if (pSlot && pSlot->size() == nLength && std::memcmp(pSlot->data(), pName, nLength) == 0) return pSlot;
+        return StoreName(pSlot, pName, nLength);
+    }
 
     // Gives back all blocks and forgets the stored URIs.
     void Release();
@@ -119,11 +130,22 @@ private:
     size_t m_nTextCount;
     const std::string* m_apRecent[2];
     unsigned m_nNextRecent;
-    static const unsigned kRecentNames = 8;
-    const std::string* m_apRecentNames[kRecentNames];
-    unsigned m_nNextRecentName;
+    // Names already stored, each in the slot of a cheap hash of its length and three of its
+    // bytes: a document's few dozen names mostly sit in slots of their own, so that a name
+    // is found with one comparison and the full hash of Store is paid once per slot conflict.
+    static const size_t kNameSlots = 256;
+    const std::string* m_apNameSlots[kNameSlots];
+    static size_t NameSlot(const char* pName, size_t nLength) {
+        size_t nHash = nLength;
+        nHash = nHash * 131 + static_cast<unsigned char>(pName[0]);
+        nHash = nHash * 131 + static_cast<unsigned char>(pName[nLength - 1]);
+        nHash = nHash * 131 + static_cast<unsigned char>(pName[nLength / 2]);
+        return (nHash ^ (nHash >> 8)) & (kNameSlots - 1);
+    }
 
     const std::string* Store(const char* pText, size_t nLength);
+    // A name not in its slot: stored, and put in the slot in place of the one there.
+    const std::string* StoreName(const std::string*& pSlot, const char* pName, size_t nLength);
 };
 
 }  // namespace OrvexXml
