@@ -28,8 +28,7 @@ CElementInfo::CElementInfo(const char* pszName, const char* pszNamespace, int nP
       m_bNillable(false),
       m_pfnEnumToText(nullptr),
       m_pfnTextToEnum(nullptr),
-      m_bPrimitive(false),
-      m_bTakesClassNamespace(true) {}
+      m_bPrimitive(false) {}
 
 CElementInfo::CElementInfo(const char* pszName, const char* pszNamespace, int nPropertyIndex, bool bNillable,
                            EnumToTextFn pfnEnumToText, TextToEnumFn pfnTextToEnum, const char* pszDefault)
@@ -42,8 +41,7 @@ CElementInfo::CElementInfo(const char* pszName, const char* pszNamespace, int nP
       m_bNillable(bNillable),
       m_pfnEnumToText(pfnEnumToText),
       m_pfnTextToEnum(pfnTextToEnum),
-      m_bPrimitive(false),
-      m_bTakesClassNamespace(false) {}
+      m_bPrimitive(false) {}
 
 CElementInfo::CElementInfo(const char* pszName, const char* pszNamespace, int nPropertyIndex, bool bNillable,
                            ItemType eItemType, const char* pszFormat, CWhitespaceUtils::WhitespaceRule eWhitespaceRule,
@@ -59,8 +57,7 @@ CElementInfo::CElementInfo(const char* pszName, const char* pszNamespace, int nP
       m_bNillable(bNillable),
       m_pfnEnumToText(nullptr),
       m_pfnTextToEnum(nullptr),
-      m_bPrimitive(true),
-      m_bTakesClassNamespace(false) {}
+      m_bPrimitive(true) {}
 
 CElementInfo::~CElementInfo() {}
 

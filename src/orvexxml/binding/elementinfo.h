@@ -250,10 +250,6 @@ protected:
     EnumToTextFn m_pfnEnumToText;
     TextToEnumFn m_pfnTextToEnum;
     bool m_bPrimitive;
-    // Whether ElementFromXml may look at the class's namespace: not for a primitive or an enum
-    // element, whose constructors clear it; the drivers ask the class for its namespace only
-    // when a member may take it.
-    bool m_bTakesClassNamespace;
 };
 
 }  // namespace OrvexXmlData

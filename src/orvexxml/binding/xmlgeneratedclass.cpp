@@ -373,13 +373,6 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CSerializationContext& c
     for (int i = 0; i < nCount; ++i) ppAttributes[i]->Validate(ctx, seen[i]);
 }
 
-std::string CXmlGeneratedClass::NamespaceForMembers(CElementInfo** ppElements, int nCount) const {
-    for (int i = 0; i < nCount; ++i) {
-        if (ppElements[i]->m_bTakesClassNamespace) return GetNamespace();
-    }
-    return std::string();
-}
-
 void CXmlGeneratedClass::ThrowUnprocessedElement(CXmlElement* pElement, CXmlElement* pCurrent) {
     throw COxValidationException(
         FormatString("Failed read all the elements held within the element [%s]. The unexpected element [%s] "
@@ -393,7 +386,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CSerializationCo
     CElementInfo** ppElements = GetClassElementInfo();
     CXmlElement* pSaved = pCurrent;
     const int nCount = GetClassElementInfoCount();
-    const std::string strNamespace = NamespaceForMembers(ppElements, nCount);
+    const std::string strNamespace = GetNamespace();
     int nStart = 0;
     for (;;) {
         for (int i = nStart; i < nCount; ++i) {
@@ -418,7 +411,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CSerializationCo
     CXmlElement* pSaved = pCurrent;
     CXmlElement* pPrevious = nullptr;
     const int nCount = GetClassElementInfoCount();
-    const std::string strNamespace = NamespaceForMembers(ppElements, nCount);
+    const std::string strNamespace = GetNamespace();
     CFlags found(nCount);
     while (pCurrent && pCurrent != pPrevious) {
         pPrevious = pCurrent;
@@ -441,7 +434,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CSerializatio
                                                              bool bOptionalChoice) {
     CElementInfo** ppElements = GetClassElementInfo();
     const int nCount = GetClassElementInfoCount();
-    const std::string strNamespace = NamespaceForMembers(ppElements, nCount);
+    const std::string strNamespace = GetNamespace();
     CXmlElement* pSaved = pCurrent;
     bool bFound = false;
     for (;;) {

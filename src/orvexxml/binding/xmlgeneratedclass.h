@@ -83,10 +83,6 @@ private:
                                              bool bOptionalChoice);
     // The error of elements left over after a group has read what it could.
     [[noreturn]] static void ThrowUnprocessedElement(CXmlElement* pElement, CXmlElement* pCurrent);
-    // The namespace that the drivers hand to the members: GetNamespace() when a member of the
-    // table may look at it, else the empty string without asking (a primitive or an enum member
-    // ignores it, and the class makes a string per call).
-    std::string NamespaceForMembers(OrvexXmlData::CElementInfo** ppElements, int nCount) const;
 };
 
 }  // namespace OrvexXml
