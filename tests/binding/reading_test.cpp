@@ -1,8 +1,5 @@
-#include <atomic>
 #include <cstdio>
 #include <cstdlib>
-#include <thread>
-#include <vector>
 
 #include "amount.h"
 #include "bindinghelpers.h"
@@ -290,69 +287,6 @@ TEST(Attributes, NilIsReadCaseInsensitivelyOnNillableClassesAndRefusedElsewhere)
     record->FromXml("<Record xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance'><Value xsi:nil='true'/></Record>",
                     DefaultCtx());
     EXPECT_FALSE(record->m_value.IsValid());  // a nil element leaves the property as it was reset
-}
-
-// The tables of CTestRecord, made nillable by a class of its own: whether nil is read follows
-// the object's class, not its tables, also after objects of the other class have been read.
-class CNillableRecord : public CTestRecord, public INillable {
-public:
-    bool IsNil() const override { return m_bNil; }
-    void SetNil(bool bNil) override { m_bNil = bNil; }
-    void ResetToDefaults() override {
-        CTestRecord::ResetToDefaults();
-        m_bNil = false;
-    }
-    bool m_bNil = false;
-};
-
-const char kNilRecord[] =
-    "<Record xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' xsi:nil='%s'><Value>v</Value></Record>";
-
-TEST(Attributes, NilFollowsTheClassOfTheObjectWhateverWasReadBefore) {
-    CSmartPtr<CTestRecord> plain = new CTestRecord();
-    CSmartPtr<CNillableRecord> nillable = new CNillableRecord();
-    for (int nRound = 0; nRound < 2; ++nRound) {
-        plain->FromXml("<Record><Value>p</Value></Record>", DefaultCtx());
-        EXPECT_EQ(plain->m_value.GetString(), "p");
-        EXPECT_EQ(Thrown([&] { plain->FromXml(FormatString(kNilRecord, "true").c_str(), DefaultCtx()); }),
-                  "Invalid use of 'nil' attribute in non-nillable element.\nPath: /Record");
-        nillable->FromXml(FormatString(kNilRecord, "true").c_str(), DefaultCtx());
-        EXPECT_TRUE(nillable->IsNil());
-        EXPECT_FALSE(nillable->m_value.IsValid());
-        nillable->FromXml(FormatString(kNilRecord, "0").c_str(), DefaultCtx());
-        EXPECT_FALSE(nillable->IsNil());
-        EXPECT_EQ(nillable->m_value.GetString(), "v");
-    }
-}
-
-// Threads that read objects of several classes at once, nillable or not, each with objects of
-// its own: every read sees the nil handling of its own class.
-TEST(NillableReadingThreads, ThreadsReadNillableAndPlainClassesAtOnce) {
-    std::vector<std::thread> threads;
-    std::atomic<int> nWrong(0);
-    for (int t = 0; t < 4; ++t) {
-        threads.emplace_back([&nWrong, t] {
-            CSmartPtr<CTestRecord> plain = new CTestRecord();
-            CSmartPtr<CNillableRecord> nillable = new CNillableRecord();
-            CSmartPtr<CNote> note = CNote::CreateInstance();
-            for (int i = 0; i < 300; ++i) {
-                const bool bNil = (i + t) % 2 == 0;
-                const char* pszNil = bNil ? "true" : "false";
-                nillable->FromXml(FormatString(kNilRecord, pszNil).c_str(), DefaultCtx());
-                note->FromXml(FormatString("<Note xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' "
-                                           "xsi:nil='%s'><Body>b</Body></Note>",
-                                           pszNil)
-                                  .c_str(),
-                              DefaultCtx());
-                plain->FromXml("<Record><Value>p</Value></Record>", DefaultCtx());
-                if (nillable->IsNil() != bNil || nillable->m_value.IsValid() == bNil || note->IsNil() != bNil ||
-                    note->GetBody() != (bNil ? "" : "b") || plain->m_value.GetString() != "p")
-                    ++nWrong;
-            }
-        });
-    }
-    for (auto& th : threads) th.join();
-    EXPECT_EQ(nWrong.load(), 0);
 }
 
 // --- error paths ----------------------------------------------------------------------

@@ -1,10 +1,5 @@
 #include "orvexxml/binding/xmlgeneratedclass.h"
 
-#include <atomic>
-#include <cstddef>
-#include <cstdint>
-#include <typeinfo>
-
 #include "orvexxml/binding/members/elementinfochoiceabsclscol.h"
 #include "orvexxml/binding/members/elementinfochoiceabsclsopt.h"
 #include "orvexxml/binding/members/elementinfochoiceclscol.h"
@@ -38,47 +33,6 @@ namespace {
 // alone don't bound them (nor an object tree that holds itself). A walk started from inside
 // another adds to it.
 thread_local int32_t t_nWalkDepth = 0;
-
-// The INillable of an object, as dynamic_cast finds it. The cross cast searches the class
-// hierarchy and compares type names on every call, once per object read; its result depends
-// only on the dynamic type and on where the CXmlGeneratedClass part lies in the complete
-// object, so it is remembered per such pair as two offsets from the complete object. The
-// table is shared by all threads and only ever filled: an entry is made whole and published
-// into an empty slot at once, and a pair whose slot is taken keeps using the cast.
-struct NillableCast {
-    const std::type_info* pType;
-    ptrdiff_t nPart;      // the CXmlGeneratedClass part from the complete object
-    ptrdiff_t nNillable;  // the INillable part from the complete object, if bNillable
-    bool bNillable;
-};
-
-const size_t kNillableCastSlots = 64;
-
-std::atomic<const NillableCast*>* NillableCastSlots() {
-    // Never destroyed: objects with static storage may still be read while the process ends.
-    static std::atomic<const NillableCast*>* s_pSlots = new std::atomic<const NillableCast*>[kNillableCastSlots]();
-    return s_pSlots;
-}
-
-INillable* NillableOf(CXmlGeneratedClass* pObject) {
-    char* pComplete = static_cast<char*>(dynamic_cast<void*>(pObject));
-    const ptrdiff_t nPart = reinterpret_cast<char*>(pObject) - pComplete;
-    const std::type_info* pType = &typeid(*pObject);
-    std::atomic<const NillableCast*>& slot =
-        NillableCastSlots()[((reinterpret_cast<uintptr_t>(pType) >> 4) ^ static_cast<uintptr_t>(nPart)) %
-                            kNillableCastSlots];
-    const NillableCast* pKnown = slot.load(std::memory_order_acquire);
-    if (pKnown && pKnown->pType == pType && pKnown->nPart == nPart)
-        return pKnown->bNillable ? reinterpret_cast<INillable*>(pComplete + pKnown->nNillable) : nullptr;
-    INillable* pNillable = dynamic_cast<INillable*>(pObject);
-    if (!pKnown) {
-        NillableCast* pNew = new NillableCast{
-            pType, nPart, pNillable ? reinterpret_cast<char*>(pNillable) - pComplete : 0, pNillable != nullptr};
-        const NillableCast* pExpected = nullptr;
-        if (!slot.compare_exchange_strong(pExpected, pNew, std::memory_order_acq_rel)) delete pNew;
-    }
-    return pNillable;
-}
 
 }  // namespace
 
@@ -287,7 +241,7 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* pElement, CXmlElement*
         if (pInfo->GetElementType() == XmlElementType_Element) SetElementName(pElement->GetLocalName().c_str());
         ProcessAttributesFromXml(ctx, pElement, pInfo->GetFromXmlFailIfAttributeUnknown());
 
-        INillable* pNillable = NillableOf(this);
+        INillable* pNillable = dynamic_cast<INillable*>(this);
         if (pNillable && pNillable->IsNil()) return pFirstChild;
 
         CXmlElement* pCursor = nullptr;
