@@ -280,7 +280,12 @@ std::string CCodeEmitter::Accessors(const CClassModel& cls, const CMemberModel& 
                        : ".";
         strText += " The object takes the element name " + member.m_strXmlName;
         strText += member.m_bByDocument ? "; reading makes the class that xsi:type names, writing names it.\n" : ".\n";
-        strText += "    OrvexXml::CSmartPtr<" + child.m_strName + "> Get" + p + "() const { return m_" + p + "; }\n";
+        // A class this header only declares is complete in the source: the getter is defined there.
+        if (IsDeclaredOnly(IndexOf(cls), member.m_nClass) && member.m_nClass != IndexOf(cls))
+            strText += "    OrvexXml::CSmartPtr<" + child.m_strName + "> Get" + p + "() const;\n";
+        else
+            strText +=
+                "    OrvexXml::CSmartPtr<" + child.m_strName + "> Get" + p + "() const { return m_" + p + "; }\n";
         strText += "    void Set" + p + "(" + child.m_strName + "* value);\n";
         return strText;
     }
@@ -623,8 +628,24 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
          : IsFamily(cls) ? ", NS, true, true, "
                          : ", NS, true, false, ") +
         strValue + ", nullptr, false));\n";
+    // An attribute wildcard takes what the attributes before it leave: in a derivation family
+    // it comes after the attributes of every class, from the nearest class that has one.
+    const auto IsWildcard = [](const CMemberModel& member) {
+        return member.m_bAttribute && member.m_eKind == MemberKind_Untyped;
+    };
+    std::string strWildcard;
+    for (int n = IndexOf(cls); IsFamily(cls) && n >= 0 && strWildcard.empty(); n = m_model.m_vecClasses[n].m_nBase) {
+        const CClassModel& owner = m_model.m_vecClasses[n];
+        for (const CMemberModel& member : owner.m_vecMembers) {
+            if (IsWildcard(member))
+                strWildcard = Replace(
+                    MetaDataEntry(owner, member, mapRuleUses), "NS, nullptr",
+                    (owner.m_strNamespace == cls.m_strNamespace ? std::string("NS") : Quote(owner.m_strNamespace)) +
+                        ", nullptr");
+        }
+    }
     if (cls.m_bHasDerived) {
-        s += strParent + "    AddBaseElements(builder);\n}\n\nvoid " + c +
+        s += strParent + "    AddBaseElements(builder);\n" + strWildcard + "}\n\nvoid " + c +
              "::AddBaseElements(CMetaDataBuilder& builder) {\n";
     }
     if (cls.m_nBase >= 0) {
@@ -647,9 +668,15 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
              Restrictions(member.m_facets).substr(std::string("CPrimitiveRestrictions").size()) + ";\n";
     }
     if (!IsFamily(cls)) s += strParent;
+    bool bEntries = cls.m_nBase >= 0;
     for (const CMemberModel& member : cls.m_vecMembers) {
-        if (!member.m_bSimpleContent) s += MetaDataEntry(cls, member, mapRuleUses);
+        if (member.m_bSimpleContent || (IsFamily(cls) && IsWildcard(member))) continue;
+        s += MetaDataEntry(cls, member, mapRuleUses);
+        bEntries = true;
     }
+    if (!cls.m_bHasDerived) s += strWildcard;
+    // A base of no entries of its own, as an abstract type often is, adds nothing.
+    if (cls.m_bHasDerived && !bEntries) s += "    (void)builder;\n";
     s += "}\n\n";
 
     s += c + "::" + c + "() {\n    ms_metaData.Init(&BuildMetaData);\n    SetElementName(" + Quote(cls.m_strXmlName) +
@@ -762,6 +789,8 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         if (member.m_eKind == MemberKind_Class) {
             const std::string& strChild = m_model.m_vecClasses[member.m_nClass].m_strName;
             const std::string strDeclare = DeclareType(member.m_nClass, "value");
+            if (IsDeclaredOnly(IndexOf(cls), member.m_nClass) && member.m_nClass != IndexOf(cls))
+                s += "CSmartPtr<" + strChild + "> " + c + "::Get" + p + "() const { return m_" + p + "; }\n\n";
             if (member.m_eOccurrence == Occurrence_Mandatory)
                 s += "void " + c + "::Set" + p + "(" + strChild + "* value) {\n    Throw_IfPropertyIsNull(value, " +
                      Quote(member.m_strXmlName) + ");\n    CXmlObjectBase::SetElementName(value, " +

@@ -10,13 +10,13 @@
 #include <functional>
 #include <string>
 
-#include "address.h"
-#include "circle.h"
-#include "cityonly.h"
-#include "drawing.h"
-#include "memo.h"
-#include "square.h"
-#include "usaddress.h"
+#include "xsd_derive/address.h"
+#include "xsd_derive/circle.h"
+#include "xsd_derive/cityonly.h"
+#include "xsd_derive/drawing.h"
+#include "xsd_derive/memo.h"
+#include "xsd_derive/square.h"
+#include "xsd_derive/usaddress.h"
 
 using namespace OrvexXml;
 
@@ -48,7 +48,9 @@ std::string Outcome(const std::function<std::string()>& call) {
 }
 
 bool ValidBySchema(const std::string& strXml) {
-    const std::string strFile = testing::TempDir() + "derivation_check.xml";
+    // One file per test: ctest runs the tests of this program side by side.
+    const std::string strFile = testing::TempDir() + "derivation_" +
+                                testing::UnitTest::GetInstance()->current_test_info()->name() + ".xml";
     std::ofstream(strFile, std::ios::binary) << strXml;
     return std::system(("xmllint --noout --schema '" + std::string(ORVEXXML_SOURCE_DIR) +
                         "/tests/xsd/derivation.xsd' '" + strFile + "' 2>/dev/null")
