@@ -503,25 +503,84 @@ void CModelBuilder::AddAttributes(int nClass, XSComplexTypeDefinition* pType, co
     }
 }
 
+std::vector<XSElementDeclaration*> CModelBuilder::Substitutes(XSElementDeclaration* pHead) const {
+    // Every global element whose substitution group leads, in any number of steps, to the head,
+    // in document order.
+    std::vector<std::pair<long long, XSElementDeclaration*>> vecFound;
+    XSNamedMap<XSObject>* pElements = m_pModel->getComponents(XSConstants::ELEMENT_DECLARATION);
+    for (XMLSize_t i = 0; pElements && i < pElements->getLength(); ++i) {
+        XSElementDeclaration* pElement = static_cast<XSElementDeclaration*>(pElements->item(i));
+        for (XSElementDeclaration* p = pElement->getSubstitutionGroupAffiliation(); p;
+             p = p->getSubstitutionGroupAffiliation()) {
+            if (p != pHead) continue;
+            vecFound.push_back(
+                {m_index.OrderOf("element", Text(pElement->getNamespace()), Text(pElement->getName())), pElement});
+            break;
+        }
+    }
+    std::stable_sort(vecFound.begin(), vecFound.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<XSElementDeclaration*> vecSubstitutes;
+    for (const auto& found : vecFound) vecSubstitutes.push_back(found.second);
+    return vecSubstitutes;
+}
+
+void CModelBuilder::AddSubstitutionGroup(int nClass, XSParticle* pParticle,
+                                         const std::vector<XSElementDeclaration*>& vecSubstitutes,
+                                         const CPlace& place) {
+    // The head and the elements that may stand for it are a choice of their own, a model group
+    // of the class: each takes its element by name, and a run of them keeps the document's order.
+    XSElementDeclaration* pHead = pParticle->getElementTerm();
+    const std::string strHead = Text(pHead->getName());
+    const int nGroup = NewClass(CNameRules::Word(strHead) + "Group", strHead + "Group",
+                                m_model.m_vecClasses[nClass].m_strNamespace, "the substitution group of " + strHead, 0);
+    m_model.m_vecClasses[nGroup].m_bPseudo = true;
+    m_model.m_vecClasses[nGroup].m_bChoice = true;
+    if (!pHead->getAbstract()) AddElementMember(nGroup, pHead, 1, 1, place);
+    for (XSElementDeclaration* pSubstitute : vecSubstitutes) {
+        if (!pSubstitute->getAbstract()) AddElementMember(nGroup, pSubstitute, 1, 1, place);
+    }
+    CMemberModel member;
+    member.m_eKind = MemberKind_Class;
+    member.m_nClass = nGroup;
+    member.m_strXmlName = m_model.m_vecClasses[nGroup].m_strXmlName;
+    member.m_strXmlNamespace = m_model.m_vecClasses[nClass].m_strNamespace;
+    member.m_strProperty = TakeMemberName(nClass, strHead);
+    member.m_strDescription = "the substitution group of " + strHead;
+    member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
+    member.m_nMaxOccurs = pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs());
+    if (member.m_nMaxOccurs == 1)
+        member.m_eOccurrence = member.m_nMinOccurs == 1 && !m_model.m_vecClasses[nClass].m_bChoice
+                                   ? Occurrence_Mandatory
+                                   : Occurrence_Optional;
+    else
+        member.m_eOccurrence = Occurrence_Collection;
+    member.m_bMustConsume = member.m_nMinOccurs > 0;
+    if (member.m_eOccurrence == Occurrence_Collection) m_model.m_vecClasses[nGroup].m_bCollectionItem = true;
+    m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
+}
+
 void CModelBuilder::AddElement(int nClass, XSParticle* pParticle, const CPlace& place) {
     XSElementDeclaration* pElement = pParticle->getElementTerm();
+    if (pElement->getScope() == XSConstants::SCOPE_GLOBAL) {
+        const std::vector<XSElementDeclaration*> vecSubstitutes = Substitutes(pElement);
+        if (pElement->getAbstract() || !vecSubstitutes.empty()) {
+            AddSubstitutionGroup(nClass, pParticle, vecSubstitutes, place);
+            return;
+        }
+    }
+    AddElementMember(nClass, pElement, static_cast<int>(pParticle->getMinOccurs()),
+                     pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs()), place);
+}
+
+void CModelBuilder::AddElementMember(int nClass, XSElementDeclaration* pElement, int nMinOccurs, int nMaxOccurs,
+                                     const CPlace& place) {
     CMemberModel member;
     member.m_strXmlName = Text(pElement->getName());
     member.m_strXmlNamespace = Text(pElement->getNamespace());
     const std::string& strName = member.m_strXmlName;
-    if (pElement->getAbstract())
-        throw At(place, "element", strName, "abstract element " + strName + " is not supported yet");
-    if (pElement->getScope() == XSConstants::SCOPE_GLOBAL) {
-        XSNamedMap<XSObject>* pElements = m_pModel->getComponents(XSConstants::ELEMENT_DECLARATION);
-        for (XMLSize_t i = 0; pElements && i < pElements->getLength(); ++i) {
-            if (static_cast<XSElementDeclaration*>(pElements->item(i))->getSubstitutionGroupAffiliation() == pElement)
-                throw At(place, "element", strName, "substitution group of " + strName + " is not supported yet");
-        }
-    }
     member.m_strProperty = TakeMemberName(nClass, strName);
-    const bool bUnbounded = pParticle->getMaxOccursUnbounded();
-    member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
-    member.m_nMaxOccurs = bUnbounded ? -1 : static_cast<int>(pParticle->getMaxOccurs());
+    member.m_nMinOccurs = nMinOccurs;
+    member.m_nMaxOccurs = nMaxOccurs;
     // A member of a choice is there only when the choice selects it.
     if (member.m_nMaxOccurs == 1)
         member.m_eOccurrence = member.m_nMinOccurs == 1 && !m_model.m_vecClasses[nClass].m_bChoice

@@ -77,6 +77,11 @@ private:
     void FillGroup(int nClass, xercesc::XSModelGroup* pGroup, const CPlace& place);
     void AddParticles(int nClass, xercesc::XSParticle* pParticle, const CPlace& place);
     void AddElement(int nClass, xercesc::XSParticle* pParticle, const CPlace& place);
+    void AddElementMember(int nClass, xercesc::XSElementDeclaration* pElement, int nMinOccurs, int nMaxOccurs,
+                          const CPlace& place);
+    std::vector<xercesc::XSElementDeclaration*> Substitutes(xercesc::XSElementDeclaration* pHead) const;
+    void AddSubstitutionGroup(int nClass, xercesc::XSParticle* pParticle,
+                              const std::vector<xercesc::XSElementDeclaration*>& vecSubstitutes, const CPlace& place);
     int ClassOfElement(xercesc::XSElementDeclaration* pElement, const CPlace& place);
     CValueType ValueOf(xercesc::XSSimpleTypeDefinition* pType, const std::string& strOwner, const CPlace& place,
                        const std::string& strLocalKind, const std::string& strLocalName);
