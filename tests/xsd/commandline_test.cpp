@@ -86,6 +86,14 @@ const char* const kDerived =
     "    <xs:sequence><xs:element name=\"b\" type=\"xs:int\"/></xs:sequence>\n"
     "  </xs:extension></xs:complexContent></xs:complexType>\n"
     "</xs:schema>\n";
+const char* const kRestricted =
+    "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">\n"
+    "  <xs:complexType name=\"B\"><xs:sequence><xs:element name=\"a\" type=\"xs:int\" nillable=\"true\"/>"
+    "</xs:sequence></xs:complexType>\n"
+    "  <xs:complexType name=\"R\"><xs:complexContent><xs:restriction base=\"B\">\n"
+    "    <xs:sequence><xs:element name=\"a\" type=\"xs:int\" nillable=\"true\"/></xs:sequence>\n"
+    "  </xs:restriction></xs:complexContent></xs:complexType>\n"
+    "</xs:schema>\n";
 const char* const kList =
     "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">\n"
     "  <xs:element name=\"w\">\n"
@@ -110,6 +118,7 @@ protected:
         Write("notcatalog.xml", kNotACatalog);
         Write("derived.xsd", kDerived);
         Write("list.xsd", kList);
+        Write("restricted.xsd", kRestricted);
     }
     void TearDown() override { EXPECT_EQ(std::system(("rm -rf '" + m_strDir + "'").c_str()), 0); }
 
@@ -193,6 +202,12 @@ TEST_F(OrvexXsdProgram, FindsImportsOnlyWhereItIsToldAndWarnsOfWhatItCantBind) {
          "list.xsd:3:73: warning: the list type of sizes is bound as xs:string: its items are not "
          "checked\n",
          {"schema.cpp", "schema.h", "schemafactory.cpp", "schemafactory.h", "w.cpp", "w.h"}},
+        {"-o out restricted.xsd",
+         "restricted.xsd:2:93: warning: nillable element a is bound as its value: xsi:nil is accepted on reading but "
+         "leaves no value to write back\n"
+         "restricted.xsd:3:72: warning: the restriction R of B is bound with the members of B: what it narrows is not "
+         "checked\n",
+         {"b.cpp", "b.h", "r.cpp", "r.h", "schema.cpp", "schema.h", "schemafactory.cpp", "schemafactory.h"}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.pszArgs);
