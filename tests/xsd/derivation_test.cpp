@@ -103,6 +103,13 @@ TEST(GeneratedDerivation, DocumentsTheSchemaAcceptsReadAndWriteBackUnchanged) {
          "<Attachment><Name>n</Name></Attachment><Tone>calm</Tone><Tone>calm</Tone><Tone>calm</Tone>"
          "<Tone>calm</Tone>"},
         {"Memo", "<Attachment><Name>n</Name></Attachment><Tone>loud</Tone>"},
+        // Text with attributes, derived.
+        {"Memo", "<Attachment><Name>n</Name></Attachment><Cost currency=\"EUR\">12.5</Cost>"},
+        {"Memo",
+         "<Attachment><Name>n</Name></Attachment><Cost xsi:type=\"TaxedAmount\" currency=\"EUR\" "
+         "rate=\"0.2\">12.5</Cost>"},
+        {"Memo", "<Attachment><Name>n</Name></Attachment><Cost currency=\"EUR\" rate=\"0.2\">12.5</Cost>"},
+        {"Memo", "<Attachment><Name>n</Name></Attachment><Cost xsi:type=\"TaxedAmount\" rate=\"0.2\">12.5</Cost>"},
         // Substitution groups: an abstract head takes only its substitutes, in any mix.
         {"Agenda",
          "<Call><At>10:00:00</At></Call><Meeting><At>11:00:00</At><Room>r</Room></Meeting>"
