@@ -52,7 +52,12 @@ private:
     // from the element (Create<Class>FromElement).
     static bool IsFamily(const CClassModel& cls) { return cls.m_nBase >= 0 || cls.m_bHasDerived; }
     bool IsByDocument(int nClass) const { return m_vecByDocument[nClass]; }
-    int FamilyRoot(int nClass) const;
+    bool HasFamily() const {
+        for (const CClassModel& cls : m_model.m_vecClasses) {
+            if (IsFamily(cls)) return true;
+        }
+        return false;
+    }
     std::string DeclareType(int nClass, const std::string& strObject) const;
     std::string BaseName(const CClassModel& cls) const {
         return cls.m_nBase >= 0 ? m_model.m_vecClasses[cls.m_nBase].m_strName : std::string();

@@ -207,6 +207,16 @@ TEST(GeneratedDerivation, ObjectsMadeInCodeNameTheirTypeOnlyWhereTheElementDecla
     CSmartPtr<CXmlGeneratedClass> place = XsdDerive::CreateRootElement("Place", kNamespace);
     place->FromXml((Open("Place") + "<City>a</City><Zip>1</Zip></Place>").c_str(), Ctx());
     EXPECT_EQ(place->ToXml(false, false, EOLType_LF, Ctx()), Open("Place") + "<City>a</City><Zip>1</Zip></Place>");
+    // It is made of its declared type: one that names another with xsi:type is refused, not read
+    // into the declared one.
+    CSmartPtr<CXmlGeneratedClass> home = XsdDerive::CreateRootElement("Home", kNamespace);
+    const std::string strHome = Open("Home").insert(5, " xsi:type=\"CityOnly\"") + "<City>a</City></Home>";
+    ASSERT_TRUE(ValidBySchema(strHome));
+    EXPECT_EQ(Outcome([&] {
+                  home->FromXml(strHome.c_str(), Ctx());
+                  return home->ToXml(false, false, EOLType_LF, Ctx());
+              }),
+              "refused: The xsi:type of the element names a type other than [Address].\nPath: /Home");
 }
 
 TEST(GeneratedDerivation, NilAndRunsOfEnumeratedValuesReadAndWriteThroughTheirAccessors) {
