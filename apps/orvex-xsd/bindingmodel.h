@@ -51,6 +51,7 @@ struct CMemberModel {
     std::string m_strFacetsSource;  // the named simple type, for the comment of the constant
     std::string m_strEnum;          // the enum type of an enum member
     int m_nClass = -1;              // the class of a class member
+    bool m_bByDocument = false;     // a class member whose class the document decides (xsi:type): AbsCls
     std::string m_strRestriction;   // an untyped member's namespace constraint: ##any, ##other, a list
     bool m_bHasDefault = false;
     std::string m_strDefault;
@@ -71,6 +72,16 @@ struct CClassModel {
     bool m_bPseudo = false;          // a model group: no tags of its own (XmlElementType_PseudoElement)
     bool m_bCollectionItem = false;  // some member holds a run of this class: emit its collection
     long long m_nOrder = 0;
+    // Derivation: the class of the base type (-1: none) and how this one derives from it. A
+    // restriction keeps the base's members and tables; an extension adds its own members after
+    // them. m_vecMembers holds the class's own members only.
+    int m_nBase = -1;
+    bool m_bRestriction = false;
+    bool m_bHasDerived = false;  // some class derives from this one
+    bool m_bAbstract = false;    // no object of the class itself is made
+    bool m_bNamedType = false;   // the class binds a named complex type, which xsi:type can name
+    bool m_bOwnsGroup = true;    // the group type is the class's own, not inherited with the base's members
+    bool m_bNillable = false;    // an element of this class may be nil: the class is an INillable
 };
 
 struct CEnumModel {
@@ -80,6 +91,7 @@ struct CEnumModel {
     std::string m_strFile;
     std::string m_strOrigin;
     long long m_nOrder = 0;
+    bool m_bCollectionItem = false;  // some member repeats it: emit C<Enum>Col
 };
 
 struct CRootElementModel {

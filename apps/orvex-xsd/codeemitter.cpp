@@ -130,9 +130,13 @@ std::string Replace(std::string strText, const std::string& strFrom, const std::
     return nAt == std::string::npos ? strText : strText.replace(nAt, strFrom.size(), strTo);
 }
 
+// The class keeps a choice's selection itself, unless it inherits the choice with the members
+// of its base.
+bool OwnChoice(const CClassModel& cls) { return cls.m_bChoice && cls.m_bOwnsGroup; }
+
 // A choice with a repeating member follows the collection's count to keep its selection.
 bool HasCollectionInChoice(const CClassModel& cls) {
-    if (!cls.m_bChoice) return false;
+    if (!OwnChoice(cls)) return false;
     for (const CMemberModel& member : cls.m_vecMembers) {
         if (member.m_eOccurrence == Occurrence_Collection) return true;
     }
@@ -165,7 +169,29 @@ std::string EnumIdentifier(const CSchemaSetModel& model, const std::string& strE
 
 }  // namespace
 
-CCodeEmitter::CCodeEmitter(const CSchemaSetModel& model) : m_model(model) { FindComponents(); }
+CCodeEmitter::CCodeEmitter(const CSchemaSetModel& model) : m_model(model) {
+    FindComponents();
+    // Classes made from the element: an abstract one, one with derived classes that xsi:type
+    // can name, and any that a member declares so.
+    const std::vector<CClassModel>& vecClasses = m_model.m_vecClasses;
+    m_vecByDocument.assign(vecClasses.size(), false);
+    for (size_t i = 0; i < vecClasses.size(); ++i) {
+        if (vecClasses[i].m_bAbstract) m_vecByDocument[i] = true;
+        for (const CMemberModel& member : vecClasses[i].m_vecMembers) {
+            if (member.m_bByDocument) m_vecByDocument[member.m_nClass] = true;
+        }
+        if (!vecClasses[i].m_bNamedType) continue;
+        for (int n = vecClasses[i].m_nBase; n >= 0; n = vecClasses[n].m_nBase) m_vecByDocument[n] = true;
+    }
+}
+
+// Tells an object of a derivation family the type that its element declares, so that it writes
+// xsi:type when it is of another.
+std::string CCodeEmitter::DeclareType(int nClass, const std::string& strObject) const {
+    const CClassModel& child = m_model.m_vecClasses[nClass];
+    if (!IsFamily(child)) return std::string();
+    return strObject + "->SetDeclaredType(" + Quote(child.m_strXmlName) + ", " + Quote(child.m_strNamespace) + ");\n";
+}
 
 void CCodeEmitter::FindComponents() {
     // Tarjan's strongly connected components of the graph of class members.
@@ -184,9 +210,13 @@ void CCodeEmitter::Visit(int nClass, std::vector<int>& vecStack, std::vector<int
     vecIndex[nClass] = vecLow[nClass] = nCounter++;
     vecStack.push_back(nClass);
     vecOnStack[nClass] = true;
+    // A derived class's header includes its base's: the base is an edge like a member.
+    std::vector<int> vecEdges;
+    if (m_model.m_vecClasses[nClass].m_nBase >= 0) vecEdges.push_back(m_model.m_vecClasses[nClass].m_nBase);
     for (const CMemberModel& member : m_model.m_vecClasses[nClass].m_vecMembers) {
-        if (member.m_eKind != MemberKind_Class) continue;
-        const int nChild = member.m_nClass;
+        if (member.m_eKind == MemberKind_Class) vecEdges.push_back(member.m_nClass);
+    }
+    for (const int nChild : vecEdges) {
         if (vecIndex[nChild] < 0) {
             Visit(nChild, vecStack, vecIndex, vecLow, vecOnStack, nCounter);
             vecLow[nClass] = std::min(vecLow[nClass], vecLow[nChild]);
@@ -215,6 +245,8 @@ std::string CCodeEmitter::CollectionType(const CMemberModel& member) const {
             return m_model.m_vecClasses[member.m_nClass].m_strName + "Col";
         case MemberKind_Untyped:
             return member.m_bAttribute ? "OrvexXml::CAttributeCol" : "OrvexXml::CElementCol";
+        case MemberKind_Enum:
+            return "C" + member.m_strEnum + "Col";
         default:
             return "OrvexXml::C" + member.m_strItemType + "Col";
     }
@@ -238,9 +270,17 @@ std::string CCodeEmitter::Accessors(const CClassModel& cls, const CMemberModel& 
     }
     if (member.m_eKind == MemberKind_Class && member.m_eOccurrence != Occurrence_Collection) {
         const CClassModel& child = m_model.m_vecClasses[member.m_nClass];
-        strText += member.m_eOccurrence == Occurrence_Mandatory ? "; present after construction." : ".";
-        strText += " The object takes the element name " + member.m_strXmlName + ".\n";
-        strText += "    OrvexXml::CSmartPtr<" + child.m_strName + "> Get" + p + "() const { return m_" + p + "; }\n";
+        strText += member.m_eOccurrence == Occurrence_Mandatory && !member.m_bByDocument
+                       ? "; present after construction."
+                       : ".";
+        strText += " The object takes the element name " + member.m_strXmlName;
+        strText += member.m_bByDocument ? "; reading makes the class that xsi:type names, writing names it.\n" : ".\n";
+        // A class this header only declares is complete in the source: the getter is defined there.
+        if (IsDeclaredOnly(IndexOf(cls), member.m_nClass) && member.m_nClass != IndexOf(cls))
+            strText += "    OrvexXml::CSmartPtr<" + child.m_strName + "> Get" + p + "() const;\n";
+        else
+            strText +=
+                "    OrvexXml::CSmartPtr<" + child.m_strName + "> Get" + p + "() const { return m_" + p + "; }\n";
         strText += "    void Set" + p + "(" + child.m_strName + "* value);\n";
         return strText;
     }
@@ -268,12 +308,21 @@ std::string CCodeEmitter::Accessors(const CClassModel& cls, const CMemberModel& 
     } else {
         strText += "    void Set" + p + "(" + strParameter + " value);\n";
         strText += "    bool IsValid" + p + "() const { return m_bValid" + p + "; }\n";
-        if (cls.m_bChoice)
+        if (OwnChoice(cls))
             strText += "    void SetValid" + p + "(bool bValid);\n";
         else
             strText += "    void SetValid" + p + "(bool bValid) { m_bValid" + p + " = bValid; }\n";
     }
     return strText;
+}
+
+std::string CCodeEmitter::PropertyEnum(const CClassModel& cls) const {
+    std::string s = "enum { ";
+    const std::string strFirst = cls.m_nBase >= 0 ? BaseName(cls) + "::Prop_FirstDerived" : "0";
+    for (size_t i = 0; i < cls.m_vecMembers.size(); ++i)
+        s += (i ? ", Prop_" : "Prop_") + cls.m_vecMembers[i].m_strProperty + (i ? "" : " = " + strFirst);
+    if (cls.m_bHasDerived) s += cls.m_vecMembers.empty() ? "Prop_FirstDerived = " + strFirst : ", Prop_FirstDerived";
+    return s + " };";
 }
 
 std::string CCodeEmitter::ClassHeader(const CClassModel& cls) const {
@@ -302,18 +351,40 @@ std::string CCodeEmitter::ClassHeader(const CClassModel& cls) const {
                     ".\n#pragma once\n\n#include <orvexxml/orvexxml.h>\n\n";
     if (bFixedWidth) s += "#include <cstdint>\n";
     if (bString) s += "#include <string>\n";
-    if (!bString && cls.m_bChoice) s += "#include <string>\n";
-    if (bFixedWidth || bString || cls.m_bChoice) s += "\n";
+    if (!bString && OwnChoice(cls)) s += "#include <string>\n";
+    if (bFixedWidth || bString || OwnChoice(cls)) s += "\n";
+    for (const std::string& strFile : setIncludes) s += "#include \"" + strFile + ".h\"\n";
+    if (cls.m_nBase >= 0) setIncludes.insert(m_model.m_vecClasses[cls.m_nBase].m_strFile);
     for (const std::string& strFile : setIncludes) s += "#include \"" + strFile + ".h\"\n";
     if (!setIncludes.empty()) s += "\n";
     s += "namespace " + m_model.m_strNamespace + " {\n\n";
     // Classes that refer to this one in turn: their headers come with this class's source.
-    for (const std::string& strName : setDeclarations) s += "class " + strName + ";\n";
+    for (const std::string& strName : setDeclarations) {
+        if (cls.m_nBase < 0 || strName != BaseName(cls)) s += "class " + strName + ";\n";
+    }
     if (!setDeclarations.empty()) s += "\n";
-    s += "class " + c + " : public OrvexXml::CXmlGeneratedClass {\npublic:\n";
-    s += "    " + c + "();\n    virtual ~" + c + "();\n\n";
-    s += "    static OrvexXml::CSmartPtr<" + c + "> CreateInstance() { return new " + c + "(); }\n\n";
-    if (cls.m_bChoice)
+    const bool bRoot = IsFamily(cls) && cls.m_nBase < 0;
+    s += "class " + c + " : public " +
+         (cls.m_nBase >= 0 ? BaseName(cls) : std::string("OrvexXml::CXmlGeneratedClass")) +
+         (cls.m_bNillable ? ", public OrvexXml::INillable" : "") + " {\npublic:\n";
+    if (cls.m_bAbstract) {
+        s += "    virtual ~" + c + "();\n\n";
+    } else {
+        s += "    " + c + "();\n    virtual ~" + c + "();\n\n";
+        s += "    static OrvexXml::CSmartPtr<" + c + "> CreateInstance() { return new " + c + "(); }\n\n";
+    }
+    if (cls.m_bHasDerived)
+        s += "    // The derived classes number their properties on from Prop_FirstDerived.\n    " + PropertyEnum(cls) +
+             "\n\n";
+    if (bRoot)
+        s += "    // The type that the element holding the object declares (its class's type name and\n"
+             "    // namespace, literals); the object writes xsi:type when it is of another type.\n"
+             "    void SetDeclaredType(const char* pszType, const char* pszNamespace) {\n"
+             "        m_pszDeclaredType = pszType;\n        m_pszDeclaredNamespace = pszNamespace;\n    }\n\n";
+    if (cls.m_bNillable)
+        s += "    // INillable\n    bool IsNil() const override { return m_bNil; }\n"
+             "    void SetNil(bool bNil) override { m_bNil = bNil; }\n\n";
+    if (OwnChoice(cls))
         s += "    // The element name of the member that is set, empty if none is.\n"
              "    const std::string& GetChoiceSelectedElement() const { return m_strSelectedElement; }\n\n";
     for (const CMemberModel& member : cls.m_vecMembers) s += Accessors(cls, member);
@@ -328,9 +399,21 @@ std::string CCodeEmitter::ClassHeader(const CClassModel& cls) const {
          "    OrvexXmlData::CElementInfo** GetClassElementInfo() const override;\n"
          "    OrvexXmlData::CAttributeInfo** GetClassAttributeInfo() const override;\n"
          "    void ResetToDefaults() override;\n\n"
-         "protected:\n"
-         "    std::string GetTargetNamespace() const override { return " +
-         Quote(cls.m_strNamespace) + "; }\n";
+         "protected:\n" +
+         std::string(cls.m_bAbstract ? "    " + c + "();\n" : "") +
+         "    std::string GetTargetNamespace() const override { return " + Quote(cls.m_strNamespace) + "; }\n";
+    if (bRoot)
+        s += "    // Writes xsi:type where the object's type is not the one its element declares.\n"
+             "    void AttributesToXml_Int(OrvexXml::CXmlWriter* pWriter, const OrvexXml::CSerializationContext& ctx) "
+             "const override;\n"
+             "    // Refuses an element whose xsi:type names another type than the object's: a document element\n"
+             "    // is made of its declared type.\n"
+             "    OrvexXml::CXmlElement* FromXml_Int(OrvexXml::CXmlElement* pElement, OrvexXml::CXmlElement* "
+             "pFirstChild,\n                                       const OrvexXml::CSerializationContext& ctx, bool "
+             "bOptionalChoice) override;\n";
+    if (cls.m_bHasDerived)
+        s += "    // The attributes and elements of the class, for its own tables and those of the derived classes.\n"
+             "    static void AddBaseElements(OrvexXmlData::CMetaDataBuilder& builder);\n";
     if (HasCollectionInChoice(cls))
         s += "    // Keeps the selection in step with the counts of the collections.\n"
              "    void OnEvent(OrvexXml::CXmlObjectBase* pSource, OrvexXml::IEventSink::MsgType type, void* pData) "
@@ -338,7 +421,9 @@ std::string CCodeEmitter::ClassHeader(const CClassModel& cls) const {
     s += "\nprivate:\n";
     s += "    " + c + "(const " + c + "&) = delete;\n    " + c + "& operator=(const " + c + "&) = delete;\n";
     s += "    static void BuildMetaData(OrvexXmlData::CMetaDataBuilder& builder);\n\n";
-    if (cls.m_bChoice) s += "    std::string m_strSelectedElement;\n";
+    if (bRoot) s += "    const char* m_pszDeclaredType = nullptr;\n    const char* m_pszDeclaredNamespace = nullptr;\n";
+    if (cls.m_bNillable) s += "    bool m_bNil;\n";
+    if (OwnChoice(cls)) s += "    std::string m_strSelectedElement;\n";
     for (const CMemberModel& member : cls.m_vecMembers) {
         const std::string& p = member.m_strProperty;
         if (member.m_eOccurrence == Occurrence_Collection) {
@@ -353,7 +438,7 @@ std::string CCodeEmitter::ClassHeader(const CClassModel& cls) const {
             if (member.m_eOccurrence == Occurrence_Optional) s += "    bool m_bValid" + p + ";\n";
         }
     }
-    if (!cls.m_vecMembers.empty() || cls.m_bChoice) s += "\n";
+    if (!cls.m_vecMembers.empty() || OwnChoice(cls) || bRoot || cls.m_bNillable) s += "\n";
     s += "    static OrvexXmlData::CMetaDataHolder ms_metaData;\n};\n";
     if (cls.m_bCollectionItem) {
         const std::string strItem = "p" + Stem(cls);
@@ -419,6 +504,22 @@ std::string CCodeEmitter::MetaDataEntry(const CClassModel& cls, const CMemberMod
         const CClassModel& child = m_model.m_vecClasses[member.m_nClass];
         const std::string strFactory = m_model.m_strFactory;
         const std::string strOwnType = child.m_bPseudo ? "XmlElementType_PseudoElement" : "XmlElementType_Element";
+        if (member.m_bByDocument) {
+            // The factory makes the class that the element's xsi:type names.
+            const std::string strCreate = "&" + strFactory + "::Create" + Stem(child) + "FromElement";
+            switch (member.m_eOccurrence) {
+                case Occurrence_Mandatory:
+                    return "    builder.AddElement(new CElementInfo" + strGroup + "AbsClsMnd(" + strName + ", " +
+                           strNs + ", " + strIndex + ", " + strOwnType + ", " + strCreate + (cls.m_bAll ? ", 0" : "") +
+                           "));\n";
+                case Occurrence_Optional:
+                    return "    builder.AddElement(new CElementInfo" + strGroup + "AbsClsOpt(" + strName + ", " +
+                           strNs + ", " + strIndex + ", " + strOwnType + ", " + strCreate + "));\n";
+                default:
+                    return "    builder.AddElement(new CElementInfo" + strGroup + "AbsClsCol(" + strName + ", " +
+                           strNs + ", " + strIndex + ", " + strOwnType + "));\n";
+            }
+        }
         switch (member.m_eOccurrence) {
             case Occurrence_Mandatory:
                 return "    builder.AddElement(new CElementInfo" + strGroup + "ClsMnd(" + strName + ", " + strNs +
@@ -434,7 +535,8 @@ std::string CCodeEmitter::MetaDataEntry(const CClassModel& cls, const CMemberMod
         }
     }
     if (member.m_eOccurrence == Occurrence_Collection)
-        return "    builder.AddElement(new CElementInfo" + strGroup + "PrimCol(" + strName + ", " + strNs + ", " +
+        return "    builder.AddElement(new CElementInfo" + strGroup +
+               (member.m_eKind == MemberKind_Enum ? "EnumCol(" : "PrimCol(") + strName + ", " + strNs + ", " +
                strIndex + "));\n";
     const std::string strSuffix = member.m_eOccurrence == Occurrence_Mandatory ? "Mnd" : "Opt";
     if (member.m_eKind == MemberKind_Enum)
@@ -484,7 +586,8 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
     std::string s = "// Generated by orvex-xsd from " + m_model.m_strSchemaFiles + ": the class of " + cls.m_strOrigin +
                     ".\n#include \"" + cls.m_strFile + ".h\"\n\n";
     std::set<std::string> setIncludes;
-    if (bObjects) setIncludes.insert(m_model.m_strFactoryFile);
+    if (bObjects || (cls.m_bCollectionItem && IsByDocument(IndexOf(cls))) || (IsFamily(cls) && cls.m_nBase < 0))
+        setIncludes.insert(m_model.m_strFactoryFile);
     for (const CMemberModel& member : cls.m_vecMembers) {
         if (member.m_eKind == MemberKind_Class && member.m_nClass != IndexOf(cls) &&
             IsDeclaredOnly(IndexOf(cls), member.m_nClass))
@@ -496,12 +599,7 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
     s += "static const int s_nRegistered = (OrvexXml::Register(16, 1), 0);\n\n";
     s += "CMetaDataHolder " + c + "::ms_metaData;\n\n";
     s += "static const char NS[] = " + Quote(cls.m_strNamespace) + ";\n\n";
-    if (!cls.m_vecMembers.empty()) {
-        s += "enum { ";
-        for (size_t i = 0; i < cls.m_vecMembers.size(); ++i)
-            s += (i ? ", Prop_" : "Prop_") + cls.m_vecMembers[i].m_strProperty + (i ? "" : " = 0");
-        s += " };\n\n";
-    }
+    if (!cls.m_vecMembers.empty() && !cls.m_bHasDerived) s += PropertyEnum(cls) + "\n\n";
     // BuildMetaData: a whitespace rule that two entries use, and the facets of a named
     // simple type, are local constants.
     std::map<std::string, int> mapRuleUses;
@@ -509,7 +607,53 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         if (IsValueMember(member) && member.m_eKind == MemberKind_Primitive && !member.m_bSimpleContent)
             ++mapRuleUses[member.m_strWhitespace];
     }
+    // Simple content is the class's own value, named by the parent entry; a derived class has
+    // its base's.
+    std::string strValue = "-1, ItemType_invalid";
+    for (int n = IndexOf(cls); n >= 0; n = m_model.m_vecClasses[n].m_nBase) {
+        for (const CMemberModel& member : m_model.m_vecClasses[n].m_vecMembers) {
+            if (member.m_bSimpleContent && strValue[0] == '-')
+                strValue = "Prop_" + member.m_strProperty + ", ItemType_" + member.m_strItemType;
+        }
+    }
     s += "void " + c + "::BuildMetaData(CMetaDataBuilder& builder) {\n";
+    // A class of a derivation family writes xsi:type where its element declares another type.
+    const std::string strParent =
+        "    builder.SetParent(new CParentElementInfo(XmlElementGroupType_" +
+        std::string(cls.m_bChoice ? "Choice"
+                    : cls.m_bAll  ? "All"
+                                  : "Sequence") +
+        // A group reads the attributes of the element it stands in, none of which are its own.
+        (cls.m_bPseudo ? ", XmlElementType_PseudoElement, " : ", XmlElementType_Element, ") + Quote(cls.m_strXmlName) +
+        (cls.m_bPseudo   ? ", NS, false, false, "
+         : IsFamily(cls) ? ", NS, true, true, "
+                         : ", NS, true, false, ") +
+        strValue + ", nullptr, false));\n";
+    // An attribute wildcard takes what the attributes before it leave: in a derivation family
+    // it comes after the attributes of every class, from the nearest class that has one.
+    const auto IsWildcard = [](const CMemberModel& member) {
+        return member.m_bAttribute && member.m_eKind == MemberKind_Untyped;
+    };
+    std::string strWildcard;
+    for (int n = IndexOf(cls); IsFamily(cls) && n >= 0 && strWildcard.empty(); n = m_model.m_vecClasses[n].m_nBase) {
+        const CClassModel& owner = m_model.m_vecClasses[n];
+        for (const CMemberModel& member : owner.m_vecMembers) {
+            if (IsWildcard(member))
+                strWildcard = Replace(
+                    MetaDataEntry(owner, member, mapRuleUses), "NS, nullptr",
+                    (owner.m_strNamespace == cls.m_strNamespace ? std::string("NS") : Quote(owner.m_strNamespace)) +
+                        ", nullptr");
+        }
+    }
+    if (cls.m_bHasDerived) {
+        s += strParent + "    AddBaseElements(builder);\n" + strWildcard + "}\n\nvoid " + c +
+             "::AddBaseElements(CMetaDataBuilder& builder) {\n";
+    }
+    if (cls.m_nBase >= 0) {
+        // The base's attributes and elements come first.
+        if (!cls.m_bHasDerived) s += strParent;
+        s += "    " + BaseName(cls) + "::AddBaseElements(builder);\n";
+    }
     for (const auto& rule : mapRuleUses) {
         if (rule.second >= 2)
             s += "    const CWhitespaceUtils::WhitespaceRule " + rule.first + " = " + Rule(rule.first) + ";\n";
@@ -524,21 +668,16 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         s += "    const CPrimitiveRestrictions " + member.m_strFacetsName +
              Restrictions(member.m_facets).substr(std::string("CPrimitiveRestrictions").size()) + ";\n";
     }
-    // Simple content is the class's own value, named by the parent entry.
-    std::string strValue = "-1, ItemType_invalid";
+    if (!IsFamily(cls)) s += strParent;
+    bool bEntries = cls.m_nBase >= 0;
     for (const CMemberModel& member : cls.m_vecMembers) {
-        if (member.m_bSimpleContent) strValue = "Prop_" + member.m_strProperty + ", ItemType_" + member.m_strItemType;
+        if (member.m_bSimpleContent || (IsFamily(cls) && IsWildcard(member))) continue;
+        s += MetaDataEntry(cls, member, mapRuleUses);
+        bEntries = true;
     }
-    s += "    builder.SetParent(new CParentElementInfo(XmlElementGroupType_" +
-         std::string(cls.m_bChoice ? "Choice"
-                     : cls.m_bAll  ? "All"
-                                   : "Sequence") +
-         // A group reads the attributes of the element it stands in, none of which are its own.
-         (cls.m_bPseudo ? ", XmlElementType_PseudoElement, " : ", XmlElementType_Element, ") + Quote(cls.m_strXmlName) +
-         (cls.m_bPseudo ? ", NS, false, false, " : ", NS, true, false, ") + strValue + ", nullptr, false));\n";
-    for (const CMemberModel& member : cls.m_vecMembers) {
-        if (!member.m_bSimpleContent) s += MetaDataEntry(cls, member, mapRuleUses);
-    }
+    if (!cls.m_bHasDerived) s += strWildcard;
+    // A base of no entries of its own, as an abstract type often is, adds nothing.
+    if (cls.m_bHasDerived && !bEntries) s += "    (void)builder;\n";
     s += "}\n\n";
 
     s += c + "::" + c + "() {\n    ms_metaData.Init(&BuildMetaData);\n    SetElementName(" + Quote(cls.m_strXmlName) +
@@ -553,10 +692,10 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
                  Quote(member.m_strRestriction) + ", NS" +
                  (member.m_bAttribute ? std::string() : ", " + std::to_string(member.m_nMinOccurs) + ", " + strMax) +
                  ");\n";
-        } else if (member.m_eKind == MemberKind_Class) {
-            s += "    m_" + member.m_strProperty + " = new " + m_model.m_vecClasses[member.m_nClass].m_strName +
-                 "Col(" + Quote(member.m_strXmlName) + ", " + strNs + ", " + std::to_string(member.m_nMinOccurs) +
-                 ", " + strMax + ");\n";
+        } else if (member.m_eKind == MemberKind_Class || member.m_eKind == MemberKind_Enum) {
+            s += "    m_" + member.m_strProperty + " = new " + CollectionType(member) + "(" +
+                 Quote(member.m_strXmlName) + ", " + strNs + ", " + std::to_string(member.m_nMinOccurs) + ", " +
+                 strMax + ");\n";
         } else {
             const CFacetSet& f = member.m_facets;
             s += "    m_" + member.m_strProperty + " = new C" + member.m_strItemType + "Col(" +
@@ -595,6 +734,8 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
     }
 
     s += "void " + c + "::ResetToDefaults() {\n";
+    if (cls.m_nBase >= 0) s += "    " + BaseName(cls) + "::ResetToDefaults();\n";
+    if (cls.m_bNillable) s += "    m_bNil = false;\n";
     for (const CMemberModel& member : cls.m_vecMembers) {
         const std::string strField = "m_" + member.m_strProperty;
         if (member.m_eOccurrence == Occurrence_Collection) {
@@ -606,9 +747,11 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
             continue;
         }
         if (member.m_eKind == MemberKind_Class) {
-            if (member.m_eOccurrence == Occurrence_Mandatory)
+            // A member whose class the document decides starts null, like an optional one.
+            if (member.m_eOccurrence == Occurrence_Mandatory && !member.m_bByDocument)
                 s += "    " + strField + " = new " + m_model.m_vecClasses[member.m_nClass].m_strName +
-                     "();\n    CXmlObjectBase::SetElementName(" + strField + ", " + Quote(member.m_strXmlName) + ");\n";
+                     "();\n    CXmlObjectBase::SetElementName(" + strField + ", " + Quote(member.m_strXmlName) +
+                     ");\n" + DeclareType(member.m_nClass, "    " + strField);
             else
                 s += "    " + strField + " = nullptr;\n";
             continue;
@@ -630,7 +773,7 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         }
         if (member.m_eOccurrence == Occurrence_Optional) s += "    m_bValid" + member.m_strProperty + " = false;\n";
     }
-    if (cls.m_bChoice) s += "    m_strSelectedElement.clear();\n";
+    if (OwnChoice(cls)) s += "    m_strSelectedElement.clear();\n";
     s += "}\n\n";
 
     for (const CMemberModel& member : cls.m_vecMembers) {
@@ -638,7 +781,7 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         if (member.m_eOccurrence == Occurrence_Collection) continue;
         if (member.m_eKind == MemberKind_Untyped) {
             s += "void " + c + "::Set" + p + "(CElement* value) {\n" +
-                 (cls.m_bChoice
+                 (OwnChoice(cls)
                       ? "    Choice_SelectElement(" + Quote(member.m_strXmlName) + ", value, m_strSelectedElement);\n"
                       : std::string()) +
                  "    m_" + p + " = value;\n}\n\n";
@@ -646,17 +789,24 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         }
         if (member.m_eKind == MemberKind_Class) {
             const std::string& strChild = m_model.m_vecClasses[member.m_nClass].m_strName;
+            const std::string strDeclare = DeclareType(member.m_nClass, "value");
+            if (IsDeclaredOnly(IndexOf(cls), member.m_nClass) && member.m_nClass != IndexOf(cls))
+                s += "CSmartPtr<" + strChild + "> " + c + "::Get" + p + "() const { return m_" + p + "; }\n\n";
             if (member.m_eOccurrence == Occurrence_Mandatory)
                 s += "void " + c + "::Set" + p + "(" + strChild + "* value) {\n    Throw_IfPropertyIsNull(value, " +
                      Quote(member.m_strXmlName) + ");\n    CXmlObjectBase::SetElementName(value, " +
-                     Quote(member.m_strXmlName) + ");\n    m_" + p + " = value;\n}\n\n";
+                     Quote(member.m_strXmlName) + ");\n" + (strDeclare.empty() ? "" : "    " + strDeclare) + "    m_" +
+                     p + " = value;\n}\n\n";
             else
                 s += "void " + c + "::Set" + p + "(" + strChild + "* value) {\n" +
-                     (cls.m_bChoice ? "    Choice_SelectElement(" + Quote(member.m_strXmlName) +
-                                          ", value, m_strSelectedElement);\n"
-                                    : std::string()) +
-                     "    if (value) CXmlObjectBase::SetElementName(value, " + Quote(member.m_strXmlName) +
-                     ");\n    m_" + p + " = value;\n}\n\n";
+                     (OwnChoice(cls) ? "    Choice_SelectElement(" + Quote(member.m_strXmlName) +
+                                           ", value, m_strSelectedElement);\n"
+                                     : std::string()) +
+                     (strDeclare.empty() ? "    if (value) CXmlObjectBase::SetElementName(value, " +
+                                               Quote(member.m_strXmlName) + ");\n"
+                                         : "    if (value) {\n        CXmlObjectBase::SetElementName(value, " +
+                                               Quote(member.m_strXmlName) + ");\n        " + strDeclare + "    }\n") +
+                     "    m_" + p + " = value;\n}\n\n";
             continue;
         }
         if (member.m_eOccurrence != Occurrence_Optional) continue;
@@ -671,9 +821,9 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         const std::string strSelect =
             "    Choice_SetElementValid(%s, " + Quote(member.m_strXmlName) + ", m_strSelectedElement);\n";
         s += "void " + c + "::Set" + p + "(" + strParameter + " value) {\n" +
-             (cls.m_bChoice ? Replace(strSelect, "%s", "true") : std::string()) + "    m_" + p +
+             (OwnChoice(cls) ? Replace(strSelect, "%s", "true") : std::string()) + "    m_" + p +
              " = value;\n    m_bValid" + p + " = true;\n}\n\n";
-        if (cls.m_bChoice)
+        if (OwnChoice(cls))
             s += "void " + c + "::SetValid" + p + "(bool bValid) {\n" + Replace(strSelect, "%s", "bValid") +
                  "    m_bValid" + p + " = bValid;\n}\n\n";
     }
@@ -698,13 +848,58 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
     s += cls.m_vecMembers.empty() ? "    (void)bRead;\n    (void)value;\n" : "";
     s += "    switch (nPropertyIndex) {\n";
     for (const CMemberModel& member : cls.m_vecMembers) s += ExchangeCase(member);
-    s += "        default:\n            throw COxInvalidParamException(FormatString(\"Unknown property index %d\", "
-         "nPropertyIndex));\n    }\n}\n";
+    if (cls.m_nBase >= 0)
+        s += "        default:\n            " + BaseName(cls) +
+             "::ExchangeProperty(nPropertyIndex, bRead, value);\n    }\n}\n";
+    else
+        s += "        default:\n            throw COxInvalidParamException(FormatString(\"Unknown property index %d\", "
+             "nPropertyIndex));\n    }\n}\n";
+    if (IsFamily(cls) && cls.m_nBase < 0)
+        s += "\nCXmlElement* " + c +
+             "::FromXml_Int(CXmlElement* pElement, CXmlElement* pFirstChild, const CSerializationContext& ctx,\n"
+             "                                bool bOptionalChoice) {\n"
+             "    const CParentElementInfo* pInfo = GetParentElementInfo();\n"
+             "    if (" +
+             m_model.m_strFactory +
+             "::NamesOtherType(pElement, pInfo->GetElementName(), pInfo->GetElementNamespace())) {\n"
+             "        throw COxValidationException(\n"
+             "            FormatString(\"The xsi:type of the element names a type other than [%s].\", "
+             "pInfo->GetElementName().c_str()),\n"
+             "            pElement->GetXPath());\n    }\n"
+             "    return CXmlGeneratedClass::FromXml_Int(pElement, pFirstChild, ctx, bOptionalChoice);\n}\n";
+    if (IsFamily(cls) && cls.m_nBase < 0)
+        s += "\nvoid " + c +
+             "::AttributesToXml_Int(CXmlWriter* pWriter, const CSerializationContext& ctx) const {\n"
+             "    try {\n"
+             "        const CParentElementInfo* pInfo = GetParentElementInfo();\n"
+             "        if (ctx.GetWriteTypeAttribute() && m_pszDeclaredType &&\n"
+             "            (pInfo->GetElementName() != m_pszDeclaredType || pInfo->GetElementNamespace() != "
+             "m_pszDeclaredNamespace))\n"
+             "            pWriter->WriteXsiType(pInfo->GetElementNamespace(), pInfo->GetElementName(), "
+             "ItemType_string);\n"
+             "        ProcessAttributesToXml(ctx, GetClassElementInfo(), GetClassAttributeInfo(), pWriter);\n"
+             "    } catch (const COxException& e) {\n"
+             "        throw COxException(\"Failed to convert attributes to XML\", e);\n"
+             "    }\n}\n";
 
     if (cls.m_bCollectionItem) {
         const std::string strItem = "p" + Stem(cls), strNew = "New" + Stem(cls);
-        s += "\n// A new item for an element of the collection.\n";
-        s += "static CSmartPtr<CXmlObjectBase> " + strNew + "(CXmlElement*) { return new " + c + "(); }\n\n";
+        const std::string strDeclare = DeclareType(IndexOf(cls), "static_cast<" + c + "*>(pItem.Get())");
+        if (IsByDocument(IndexOf(cls))) {
+            s += "\n// A new item for an element of the collection, of the class that its xsi:type names; null for\n"
+                 "// none, which ends the run.\n";
+            s += "static CSmartPtr<CXmlObjectBase> " + strNew + "(CXmlElement* pElement) {\n" +
+                 "    CSmartPtr<CXmlObjectBase> pItem = " + m_model.m_strFactory + "::Create" + Stem(cls) +
+                 "FromElement(pElement);\n    if (pItem) " + strDeclare + "    return pItem;\n}\n\n";
+        } else if (!strDeclare.empty()) {
+            s += "\n// A new item for an element of the collection.\n";
+            s += "static CSmartPtr<CXmlObjectBase> " + strNew +
+                 "(CXmlElement*) {\n    CSmartPtr<CXmlObjectBase> pItem = new " + c + "();\n    " + strDeclare +
+                 "    return pItem;\n}\n\n";
+        } else {
+            s += "\n// A new item for an element of the collection.\n";
+            s += "static CSmartPtr<CXmlObjectBase> " + strNew + "(CXmlElement*) { return new " + c + "(); }\n\n";
+        }
         s += c + "Col::" + c +
              "Col(const char* pszElementName, const char* pszNamespace, int nMinOccurs, int nMaxOccurs)\n"
              "    : CXmlCollection(pszElementName, pszNamespace, nMinOccurs, nMaxOccurs), CInstanceMonitor(\"" +
@@ -712,7 +907,9 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         s += c + "Col::~" + c + "Col() {}\n\n";
         s += "void " + c + "Col::AddAt(int nIndex, " + c + "* " + strItem + ") {\n    Throw_IfPropertyIsNull(" +
              strItem + ", GetElementName().c_str());\n    CXmlObjectBase::SetElementName(" + strItem +
-             ", GetElementName().c_str());\n    AddItemAt(nIndex, " + strItem + ");\n}\n\n";
+             ", GetElementName().c_str());\n" +
+             (strDeclare.empty() ? "" : "    " + DeclareType(IndexOf(cls), strItem)) + "    AddItemAt(nIndex, " +
+             strItem + ");\n}\n\n";
         s += "CSmartPtr<" + c + "> " + c + "Col::Item(int nIndex) const {\n    return static_cast<" + c +
              "*>(GetNodeAtIndex(nIndex)->m_pItem.Get());\n}\n\n";
         s += "void " + c +
@@ -738,7 +935,29 @@ std::string CCodeEmitter::EnumHeader(const CEnumModel& e) const {
         s += (i ? ", " : "") + e.m_vecIdentifiers[i] + " = " + std::to_string(i);
     s += " };\n";
     s += "const char* " + e.m_strName + "_EnumToText(int nValue);\n";
-    s += "int " + e.m_strName + "_TextToEnum(const char* pszText);\n\n}  // namespace " + m_model.m_strNamespace + "\n";
+    s += "int " + e.m_strName + "_TextToEnum(const char* pszText);\n";
+    if (e.m_bCollectionItem) {
+        const std::string c = "C" + e.m_strName + "Col", n = e.m_strName;
+        s += "\n// A repeating element of type " + n + ".\n";
+        s += "class " + c + " : public OrvexXml::CXmlTypeCollection, public OrvexXml::CInstanceMonitor {\npublic:\n";
+        s += "    " + c + "(const char* pszElementName, const char* pszNamespace, int nMinOccurs, int nMaxOccurs);\n\n";
+        s += "    void Add(" + n + " value) { AddAt(GetCount(), value); }\n";
+        s += "    void AddAt(int nIndex, " + n + " value);\n";
+        s += "    " + n + " Item(int nIndex) const;\n";
+        s += "    int GetCount() const override { return static_cast<int>(m_items.size()); }\n";
+        s += "    void Clear() override;\n    void Remove(int nIndex) override;\n\n";
+        s += "    std::deque<" + n + ">::const_iterator begin() const { return m_items.begin(); }\n";
+        s += "    std::deque<" + n + ">::const_iterator end() const { return m_items.end(); }\n\n";
+        s += "protected:\n    ~" + c + "() override;\n";
+        s += "    void ToXml_Int(OrvexXml::CXmlWriter* pWriter, bool bRoot, const char* pszNamespace,\n"
+             "                   const OrvexXml::CSerializationContext& ctx, bool bOptionalChoice) const override;\n"
+             "    void AddFromString(const std::string& strText) override;\n\nprivate:\n"
+             "    void RemoveOne(int nIndex);\n\n";
+        s += "    std::deque<" + n + "> m_items;\n};\n";
+        s = Replace(s, "#include <orvexxml/orvexxml.h>\n",
+                    "#include <orvexxml/orvexxml.h>\n\n#include <deque>\n#include <string>\n");
+    }
+    s += "\n}  // namespace " + m_model.m_strNamespace + "\n";
     return s;
 }
 
@@ -757,8 +976,63 @@ std::string CCodeEmitter::EnumSource(const CEnumModel& e) const {
          "\", nValue));\n    }\n    return s_" + n + "Text[nValue];\n}\n\n";
     s += "int " + n + "_TextToEnum(const char* pszText) {\n    for (int i = 0; i < " + strCount +
          "; ++i) {\n        if (std::strcmp(pszText, s_" + n + "Text[i]) == 0) return i;\n    }\n" +
-         "    throw COxInvalidValueException(FormatString(\"The value [%s] is not a valid " + n +
-         "\", pszText));\n}\n\n}  // namespace " + m_model.m_strNamespace + "\n";
+         "    throw COxInvalidValueException(FormatString(\"The value [%s] is not a valid " + n + "\", pszText));\n}\n";
+    if (e.m_bCollectionItem) {
+        const std::string c = "C" + n + "Col";
+        s = Replace(s, "#include <cstring>\n", "#include <cstring>\n#include <vector>\n");
+        s += "\n" + c + "::" + c +
+             "(const char* pszElementName, const char* pszNamespace, int nMinOccurs, int nMaxOccurs)\n"
+             "    : CXmlTypeCollection(ItemType_i4, pszElementName, pszNamespace, nMinOccurs, nMaxOccurs, nullptr, -1, "
+             "-1, "
+             "nullptr,\n                         nullptr, nullptr, nullptr, -1, -1, -1, "
+             "CWhitespaceUtils::WhitespaceRule_collapse, nullptr),\n      CInstanceMonitor(\"" +
+             c + "\") {}\n\n";
+        s += c + "::~" + c + "() {}\n\n";
+        s += "void " + c + "::AddAt(int nIndex, " + n +
+             " value) {\n    CChangeScope scope(this);\n"
+             "    FireOnCollectionAdd(&value);\n"
+             "    if (nIndex < 0 || nIndex > GetCount()) throw COxInvalidParamException(\"Index out of range\");\n"
+             "    m_items.insert(m_items.begin() + nIndex, value);\n    try {\n"
+             "        FireOnCollectionAddComplete(&value);\n        FireOnCollectionChange();\n    } catch (...) {\n"
+             "        m_items.erase(m_items.begin() + nIndex);  // a refused addition leaves no trace\n"
+             "        throw;\n    }\n}\n\n";
+        const std::string strRange =
+            "        throw COxInvalidParamException(FormatString(\"Index %d is out of range, use 0 - %d\", nIndex, "
+            "GetCount() - 1));\n";
+        s += n + " " + c + "::Item(int nIndex) const {\n    if (nIndex < 0 || nIndex >= GetCount()) {\n" + strRange +
+             "    }\n    return m_items[static_cast<size_t>(nIndex)];\n}\n\n";
+        s += "// Removes from the front, one item at a time with the events of Remove(0). A refusal puts every\n"
+             "// item back.\nvoid " +
+             c + "::Clear() {\n    CChangeScope scope(this);\n    std::vector<" + n +
+             "> removed;\n    removed.reserve(m_items.size());\n    try {\n        while (!m_items.empty()) {\n"
+             "            " +
+             n +
+             " value = m_items.front();\n            RemoveOne(0);\n"
+             "            removed.push_back(value);\n        }\n    } catch (...) {\n"
+             "        m_items.insert(m_items.begin(), removed.begin(), removed.end());\n        throw;\n    }\n}\n\n";
+        s += "void " + c + "::Remove(int nIndex) {\n    CChangeScope scope(this);\n    RemoveOne(nIndex);\n}\n\n";
+        s += "void " + c +
+             "::RemoveOne(int nIndex) {\n    FireOnCollectionRemove(nIndex);\n"
+             "    if (nIndex < 0 || nIndex >= GetCount()) {\n" +
+             strRange + "    }\n    " + n +
+             " value = m_items[static_cast<size_t>(nIndex)];\n    m_items.erase(m_items.begin() + nIndex);\n"
+             "    try {\n        FireOnCollectionRemoveComplete(nIndex);\n        FireOnCollectionChange();\n"
+             "    } catch (...) {\n        m_items.insert(m_items.begin() + nIndex, value);  // a refused removal "
+             "leaves no trace\n        throw;\n    }\n}\n\n";
+        s += "void " + c +
+             "::ToXml_Int(CXmlWriter* pWriter, bool, const char*, const CSerializationContext& ctx, bool) "
+             "const {\n    ValidateCount(ctx);\n    for (" +
+             n +
+             " value : m_items) {\n"
+             "        pWriter->WriteStartElement(GetElementName(), m_strNamespace);\n"
+             "        pWriter->WriteElementText(" +
+             n +
+             "_EnumToText(value), ItemType_string, false);\n"
+             "        pWriter->WriteEndElement();\n    }\n}\n\n";
+        s += "void " + c + "::AddFromString(const std::string& strText) {\n    Add(static_cast<" + n + ">(" + n +
+             "_TextToEnum(strText.c_str())));\n}\n";
+    }
+    s += "\n}  // namespace " + m_model.m_strNamespace + "\n";
     return s;
 }
 
@@ -773,8 +1047,24 @@ std::string CCodeEmitter::FactoryHeader() const {
     s += " };\n\n    // A new object of the class with the id; the element name is the one the object takes in\n"
          "    // its parent, which reading sets from the document. Never null.\n"
          "    static OrvexXml::CSmartPtr<OrvexXml::CXmlObjectBase> CreateClass(int nClassId, const char* "
-         "pszElementName);\n};\n\n}  // namespace " +
-         m_model.m_strNamespace + "\n";
+         "pszElementName);\n";
+    if (HasFamily())
+        s += "    // Whether the element's xsi:type names a type other than the one given.\n"
+             "    static bool NamesOtherType(OrvexXml::CXmlElement* pElement, const std::string& strType,\n"
+             "                               const std::string& strNamespace);\n";
+    for (size_t i = 0; i < m_model.m_vecClasses.size(); ++i) {
+        if (!IsByDocument(static_cast<int>(i))) continue;
+        const CClassModel& cls = m_model.m_vecClasses[i];
+        s += "    // A new object for an element of type " + cls.m_strXmlName +
+             ": of the type that its xsi:type names, with the type's namespace from its prefix (unprefixed: the "
+             "element's own); " +
+             (cls.m_bAbstract ? "null without xsi:type (" + cls.m_strXmlName + " is abstract)"
+                              : "a " + cls.m_strName + " without xsi:type") +
+             ", null for a type that is not " + cls.m_strXmlName + " or derived from it.\n";
+        s += "    static OrvexXml::CSmartPtr<OrvexXml::CXmlObjectBase> Create" + Stem(cls) +
+             "FromElement(OrvexXml::CXmlElement* pElement);\n";
+    }
+    s += "};\n\n}  // namespace " + m_model.m_strNamespace + "\n";
     return s;
 }
 
@@ -788,12 +1078,39 @@ std::string CCodeEmitter::FactorySource() const {
     s += "using namespace OrvexXml;\n\nnamespace " + m_model.m_strNamespace + " {\n\n";
     s += "CSmartPtr<CXmlObjectBase> " + m_model.m_strFactory +
          "::CreateClass(int nClassId, const char* pszElementName) {\n    switch (nClassId) {\n";
-    for (const CClassModel& cls : m_model.m_vecClasses)
-        s += "        case ClassId_" + Stem(cls) + ":\n            return new " + cls.m_strName + "();\n";
+    for (const CClassModel& cls : m_model.m_vecClasses) {
+        if (!cls.m_bAbstract)
+            s += "        case ClassId_" + Stem(cls) + ":\n            return new " + cls.m_strName + "();\n";
+    }
     s += "        default:\n            throw COxInvalidParamException(FormatString(\"Unknown class id %d for the "
-         "element [%s]\", nClassId,\n                pszElementName ? pszElementName : \"\"));\n    }\n}\n\n"
-         "}  // namespace " +
-         m_model.m_strNamespace + "\n";
+         "element [%s]\", nClassId,\n                pszElementName ? pszElementName : \"\"));\n    }\n}\n";
+    if (HasFamily())
+        s += "\nbool " + m_model.m_strFactory +
+             "::NamesOtherType(CXmlElement* pElement, const std::string& strType, const std::string& strNamespace) {\n"
+             "    const std::string strNamed = GetElementType(pElement);\n"
+             "    return !strNamed.empty() && (strNamed != strType || GetElementTypeNamespaceUri(pElement) != "
+             "strNamespace);\n}\n";
+    for (size_t i = 0; i < m_model.m_vecClasses.size(); ++i) {
+        if (!IsByDocument(static_cast<int>(i))) continue;
+        const CClassModel& cls = m_model.m_vecClasses[i];
+        s += "\nCSmartPtr<CXmlObjectBase> " + m_model.m_strFactory + "::Create" + Stem(cls) +
+             "FromElement(CXmlElement* pElement) {\n    const std::string strType = GetElementType(pElement);\n"
+             "    if (strType.empty()) return " +
+             (cls.m_bAbstract ? std::string("nullptr") : "new " + cls.m_strName + "()") +
+             ";\n    const std::string strNamespace = GetElementTypeNamespaceUri(pElement);\n";
+        // The class itself and every class derived from it that binds a named type.
+        for (size_t j = 0; j < m_model.m_vecClasses.size(); ++j) {
+            const CClassModel& derived = m_model.m_vecClasses[j];
+            if (derived.m_bAbstract || !derived.m_bNamedType) continue;
+            int n = static_cast<int>(j);
+            while (n >= 0 && n != static_cast<int>(i)) n = m_model.m_vecClasses[n].m_nBase;
+            if (n < 0) continue;
+            s += "    if (strType == " + Quote(derived.m_strXmlName) +
+                 " && strNamespace == " + Quote(derived.m_strNamespace) + ") return new " + derived.m_strName + "();\n";
+        }
+        s += "    return nullptr;\n}\n";
+    }
+    s += "\n}  // namespace " + m_model.m_strNamespace + "\n";
     return s;
 }
 

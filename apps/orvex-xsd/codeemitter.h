@@ -21,6 +21,8 @@ public:
 private:
     std::string ClassHeader(const CClassModel& cls) const;
     std::string ClassSource(const CClassModel& cls) const;
+    // enum { Prop_... }, numbered on from the base's Prop_FirstDerived in a derived class.
+    std::string PropertyEnum(const CClassModel& cls) const;
     std::string EnumHeader(const CEnumModel& model) const;
     std::string EnumSource(const CEnumModel& model) const;
     std::string FactoryHeader() const;
@@ -45,10 +47,26 @@ private:
     bool IsDeclaredOnly(int nFrom, int nTo) const {
         return nFrom == nTo || m_vecComponent[nFrom] == m_vecComponent[nTo];
     }
+    // Derivation: a class of a derivation family writes xsi:type where its element declares
+    // another type; a class whose elements may hold derived objects is made by the factory
+    // from the element (Create<Class>FromElement).
+    static bool IsFamily(const CClassModel& cls) { return cls.m_nBase >= 0 || cls.m_bHasDerived; }
+    bool IsByDocument(int nClass) const { return m_vecByDocument[nClass]; }
+    bool HasFamily() const {
+        for (const CClassModel& cls : m_model.m_vecClasses) {
+            if (IsFamily(cls)) return true;
+        }
+        return false;
+    }
+    std::string DeclareType(int nClass, const std::string& strObject) const;
+    std::string BaseName(const CClassModel& cls) const {
+        return cls.m_nBase >= 0 ? m_model.m_vecClasses[cls.m_nBase].m_strName : std::string();
+    }
     int IndexOf(const CClassModel& cls) const { return static_cast<int>(&cls - &m_model.m_vecClasses[0]); }
 
     const CSchemaSetModel& m_model;
     std::vector<int> m_vecComponent;
+    std::vector<bool> m_vecByDocument;
 };
 
 }  // namespace OrvexXsd

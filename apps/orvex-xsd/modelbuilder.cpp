@@ -154,6 +154,9 @@ void CModelBuilder::CountParticle(XSParticle* pParticle) {
 void CModelBuilder::CountComplexType(XSComplexTypeDefinition* pType) {
     XSTypeDefinition* pBase = pType->getBaseType();
     if (pBase && !IsBuiltIn(pBase)) ++m_mapTypeUses[TypeKey(pBase)];
+    if (pBase && !IsBuiltIn(pBase) && !pType->getAnonymous() &&
+        pBase->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE)
+        m_setHasNamedDerived.insert(TypeKey(pBase));
     CountParticle(pType->getParticle());
 }
 
@@ -188,8 +191,9 @@ int CModelBuilder::NewClass(const std::string& strStem, const std::string& strXm
     m_model.m_vecClasses.push_back(model);
     // Names the runtime's base classes use for their own operations stay free.
     CNameTable members;
-    for (const char* pszTaken : {"Base", "Namespace", "TargetNamespace", "ElementName", "ParentElementInfo",
-                                 "ClassElementInfo", "ClassAttributeInfo", "Instance"})
+    for (const char* pszTaken :
+         {"Base", "Namespace", "TargetNamespace", "ElementName", "ParentElementInfo", "ClassElementInfo",
+          "ClassAttributeInfo", "Instance", "FirstDerived", "DeclaredType", "Nil"})
         members.Take(pszTaken);
     m_vecMemberNames.push_back(members);
     return static_cast<int>(m_model.m_vecClasses.size()) - 1;
@@ -249,7 +253,7 @@ void CModelBuilder::CreateTopLevelClasses() {
                          " of type xs:anyType has no class: CreateRootElement doesn't make it");
                 continue;
             }
-            if (pType->getAnonymous() || m_mapTypeUses[TypeKey(pType)] == 1) {
+            if (pType->getAnonymous() || (m_mapTypeUses[TypeKey(pType)] == 1 && !IsInFamily(pType))) {
                 const int nClass =
                     NewClass(CNameRules::Word(strName), strName, strNamespace, "the element " + strName, top.m_nOrder);
                 m_mapElementClass[pElement] = nClass;
@@ -265,6 +269,8 @@ void CModelBuilder::CreateTopLevelClasses() {
             const std::string strName = Text(pType->getName()), strNamespace = Text(pType->getNamespace());
             const int nClass =
                 NewClass(CNameRules::Word(strName), strName, strNamespace, "the complex type " + strName, top.m_nOrder);
+            m_model.m_vecClasses[nClass].m_bNamedType = true;
+            m_model.m_vecClasses[nClass].m_bAbstract = pType->getAbstract();
             m_mapTypeClass[pType] = nClass;
             m_mapNamedTypeClass[strNamespace + " " + strName] = nClass;
             m_vecPending.push_back({nClass, {pType, CPlace{"complexType", strNamespace, strName}}});
@@ -285,6 +291,8 @@ void CModelBuilder::CreateTopLevelClasses() {
         else
             nClass = m_mapTypeClass[static_cast<XSComplexTypeDefinition*>(pElement->getTypeDefinition())];
         m_mapElementClass[pElement] = nClass;
+        // An element of an abstract type needs xsi:type to name its class: no root object.
+        if (m_model.m_vecClasses[nClass].m_bAbstract) continue;
         m_model.m_vecRoots.push_back({Text(pElement->getName()), Text(pElement->getNamespace()), nClass});
     }
 }
@@ -440,11 +448,15 @@ int CModelBuilder::ClassOfElement(XSElementDeclaration* pElement, const CPlace& 
     return nClass;
 }
 
-void CModelBuilder::AddAttributes(int nClass, XSComplexTypeDefinition* pType, const CPlace& place) {
+void CModelBuilder::AddAttributes(int nClass, XSComplexTypeDefinition* pType, const CPlace& place,
+                                  const std::set<std::string>& setInherited) {
     XSAttributeUseList* pUses = pType->getAttributeUses();
     std::vector<std::pair<long long, XSAttributeUse*>> vecUses;
     for (XMLSize_t i = 0; pUses && i < pUses->size(); ++i) {
         XSAttributeUse* pUse = pUses->elementAt(i);
+        if (setInherited.count(Text(pUse->getAttrDeclaration()->getNamespace()) + " " +
+                               Text(pUse->getAttrDeclaration()->getName())))
+            continue;
         // Document order: the position of the declaration (or reference) in the component.
         size_t nDocument = 0, nNode = 0;
         long long nOrder = 1LL << 40;
@@ -491,27 +503,84 @@ void CModelBuilder::AddAttributes(int nClass, XSComplexTypeDefinition* pType, co
     }
 }
 
+std::vector<XSElementDeclaration*> CModelBuilder::Substitutes(XSElementDeclaration* pHead) const {
+    // Every global element whose substitution group leads, in any number of steps, to the head,
+    // in document order.
+    std::vector<std::pair<long long, XSElementDeclaration*>> vecFound;
+    XSNamedMap<XSObject>* pElements = m_pModel->getComponents(XSConstants::ELEMENT_DECLARATION);
+    for (XMLSize_t i = 0; pElements && i < pElements->getLength(); ++i) {
+        XSElementDeclaration* pElement = static_cast<XSElementDeclaration*>(pElements->item(i));
+        for (XSElementDeclaration* p = pElement->getSubstitutionGroupAffiliation(); p;
+             p = p->getSubstitutionGroupAffiliation()) {
+            if (p != pHead) continue;
+            vecFound.push_back(
+                {m_index.OrderOf("element", Text(pElement->getNamespace()), Text(pElement->getName())), pElement});
+            break;
+        }
+    }
+    std::stable_sort(vecFound.begin(), vecFound.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<XSElementDeclaration*> vecSubstitutes;
+    for (const auto& found : vecFound) vecSubstitutes.push_back(found.second);
+    return vecSubstitutes;
+}
+
+void CModelBuilder::AddSubstitutionGroup(int nClass, XSParticle* pParticle,
+                                         const std::vector<XSElementDeclaration*>& vecSubstitutes,
+                                         const CPlace& place) {
+    // The head and the elements that may stand for it are a choice of their own, a model group
+    // of the class: each takes its element by name, and a run of them keeps the document's order.
+    XSElementDeclaration* pHead = pParticle->getElementTerm();
+    const std::string strHead = Text(pHead->getName());
+    const int nGroup = NewClass(CNameRules::Word(strHead) + "Group", strHead + "Group",
+                                m_model.m_vecClasses[nClass].m_strNamespace, "the substitution group of " + strHead, 0);
+    m_model.m_vecClasses[nGroup].m_bPseudo = true;
+    m_model.m_vecClasses[nGroup].m_bChoice = true;
+    if (!pHead->getAbstract()) AddElementMember(nGroup, pHead, 1, 1, place);
+    for (XSElementDeclaration* pSubstitute : vecSubstitutes) {
+        if (!pSubstitute->getAbstract()) AddElementMember(nGroup, pSubstitute, 1, 1, place);
+    }
+    CMemberModel member;
+    member.m_eKind = MemberKind_Class;
+    member.m_nClass = nGroup;
+    member.m_strXmlName = m_model.m_vecClasses[nGroup].m_strXmlName;
+    member.m_strXmlNamespace = m_model.m_vecClasses[nClass].m_strNamespace;
+    member.m_strProperty = TakeMemberName(nClass, strHead);
+    member.m_strDescription = "the substitution group of " + strHead;
+    member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
+    member.m_nMaxOccurs = pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs());
+    if (member.m_nMaxOccurs == 1)
+        member.m_eOccurrence = member.m_nMinOccurs == 1 && !m_model.m_vecClasses[nClass].m_bChoice
+                                   ? Occurrence_Mandatory
+                                   : Occurrence_Optional;
+    else
+        member.m_eOccurrence = Occurrence_Collection;
+    member.m_bMustConsume = member.m_nMinOccurs > 0;
+    if (member.m_eOccurrence == Occurrence_Collection) m_model.m_vecClasses[nGroup].m_bCollectionItem = true;
+    m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
+}
+
 void CModelBuilder::AddElement(int nClass, XSParticle* pParticle, const CPlace& place) {
     XSElementDeclaration* pElement = pParticle->getElementTerm();
+    if (pElement->getScope() == XSConstants::SCOPE_GLOBAL) {
+        const std::vector<XSElementDeclaration*> vecSubstitutes = Substitutes(pElement);
+        if (pElement->getAbstract() || !vecSubstitutes.empty()) {
+            AddSubstitutionGroup(nClass, pParticle, vecSubstitutes, place);
+            return;
+        }
+    }
+    AddElementMember(nClass, pElement, static_cast<int>(pParticle->getMinOccurs()),
+                     pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs()), place);
+}
+
+void CModelBuilder::AddElementMember(int nClass, XSElementDeclaration* pElement, int nMinOccurs, int nMaxOccurs,
+                                     const CPlace& place) {
     CMemberModel member;
     member.m_strXmlName = Text(pElement->getName());
     member.m_strXmlNamespace = Text(pElement->getNamespace());
     const std::string& strName = member.m_strXmlName;
-    if (pElement->getAbstract())
-        throw At(place, "element", strName, "abstract element " + strName + " is not supported yet");
-    if (pElement->getScope() == XSConstants::SCOPE_GLOBAL) {
-        XSNamedMap<XSObject>* pElements = m_pModel->getComponents(XSConstants::ELEMENT_DECLARATION);
-        for (XMLSize_t i = 0; pElements && i < pElements->getLength(); ++i) {
-            if (static_cast<XSElementDeclaration*>(pElements->item(i))->getSubstitutionGroupAffiliation() == pElement)
-                throw At(place, "element", strName, "substitution group of " + strName + " is not supported yet");
-        }
-    }
-    if (pElement->getNillable())
-        throw At(place, "element", strName, "nillable element " + strName + " is not supported yet");
     member.m_strProperty = TakeMemberName(nClass, strName);
-    const bool bUnbounded = pParticle->getMaxOccursUnbounded();
-    member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
-    member.m_nMaxOccurs = bUnbounded ? -1 : static_cast<int>(pParticle->getMaxOccurs());
+    member.m_nMinOccurs = nMinOccurs;
+    member.m_nMaxOccurs = nMaxOccurs;
     // A member of a choice is there only when the choice selects it.
     if (member.m_nMaxOccurs == 1)
         member.m_eOccurrence = member.m_nMinOccurs == 1 && !m_model.m_vecClasses[nClass].m_bChoice
@@ -531,16 +600,27 @@ void CModelBuilder::AddElement(int nClass, XSParticle* pParticle, const CPlace& 
         member.m_eKind = MemberKind_Class;
         member.m_nClass = ClassOfElement(pElement, place);
         member.m_strDescription = pType->getAnonymous() ? "anonymous type" : Text(pType->getName());
+        member.m_bByDocument = IsByDocument(pType);
+        if (pElement->getNillable()) m_vecNillable.push_back(member.m_nClass);
         if (member.m_eOccurrence == Occurrence_Collection)
             m_model.m_vecClasses[member.m_nClass].m_bCollectionItem = true;
     } else {
         const CValueType value =
             ValueOf(static_cast<XSSimpleTypeDefinition*>(pType), strName, place, "element", strName);
-        if (value.m_eKind == MemberKind_Enum && member.m_eOccurrence == Occurrence_Collection)
-            throw At(place, "element", strName, "repeating enumeration element " + strName + " is not supported yet");
+        if (value.m_eKind == MemberKind_Enum && member.m_eOccurrence == Occurrence_Collection) {
+            for (CEnumModel& e : m_model.m_vecEnums) {
+                if (e.m_strName == value.m_strEnum) e.m_bCollectionItem = true;
+            }
+        }
         if (value.m_strItemType == "char" && member.m_eOccurrence == Occurrence_Collection)
             throw At(place, "element", strName, "repeating element " + strName + " of kind char has no collection");
         TakeValue(member, value);
+        if (pElement->getNillable()) {
+            member.m_bNillable = true;
+            Warn(place, "element", strName,
+                 "nillable element " + strName +
+                     " is bound as its value: xsi:nil is accepted on reading but leaves no value to write back");
+        }
         if (pElement->getConstraintType() != XSConstants::VALUE_CONSTRAINT_NONE) {
             member.m_bHasDefault = true;
             member.m_strDefault = Text(pElement->getConstraintValue());
@@ -708,8 +788,7 @@ void CModelBuilder::FillGroup(int nClass, XSModelGroup* pGroup, const CPlace& pl
     }
 }
 
-void CModelBuilder::AddParticles(int nClass, XSComplexTypeDefinition* pType, const CPlace& place) {
-    XSParticle* pParticle = pType->getParticle();
+void CModelBuilder::AddParticles(int nClass, XSParticle* pParticle, const CPlace& place) {
     if (!pParticle) return;
     if (pParticle->getTermType() != XSParticle::TERM_MODELGROUP)
         throw At(place, "", "", "content model of " + place.m_strName + " is not supported yet");
@@ -747,12 +826,123 @@ void CModelBuilder::AddSimpleContent(int nClass, XSSimpleTypeDefinition* pType, 
     m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
 }
 
+bool CModelBuilder::IsInFamily(XSTypeDefinition* pType) const {
+    if (pType->getTypeCategory() != XSTypeDefinition::COMPLEX_TYPE || IsBuiltIn(pType)) return false;
+    XSTypeDefinition* pBase = pType->getBaseType();
+    if (pBase && !IsBuiltIn(pBase) && pBase->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE) return true;
+    return m_setHasNamedDerived.count(TypeKey(pType)) > 0;
+}
+
+bool CModelBuilder::IsByDocument(XSTypeDefinition* pType) const {
+    if (pType->getTypeCategory() != XSTypeDefinition::COMPLEX_TYPE || IsBuiltIn(pType)) return false;
+    return static_cast<XSComplexTypeDefinition*>(pType)->getAbstract() || m_setHasNamedDerived.count(TypeKey(pType));
+}
+
+bool CModelBuilder::HasElements(int nClass) const {
+    for (int n = nClass; n >= 0; n = m_model.m_vecClasses[n].m_nBase) {
+        for (const CMemberModel& member : m_model.m_vecClasses[n].m_vecMembers) {
+            if (!member.m_bAttribute && !member.m_bSimpleContent) return true;
+        }
+    }
+    return false;
+}
+
+// The part of an extension's content that the extension itself adds: Xerces gives the whole
+// content, a sequence of the base's particle and the added one (or either alone).
+static XSParticle* AddedParticle(XSComplexTypeDefinition* pType, XSComplexTypeDefinition* pBase) {
+    XSParticle* pParticle = pType->getParticle();
+    XSParticle* pBaseParticle = pBase->getParticle();
+    if (!pParticle || pParticle == pBaseParticle) return nullptr;
+    if (!pBaseParticle) return pParticle;
+    if (pParticle->getTermType() == XSParticle::TERM_MODELGROUP &&
+        pBaseParticle->getTermType() == XSParticle::TERM_MODELGROUP) {
+        XSModelGroup* pGroup = pParticle->getModelGroupTerm();
+        if (SameGroup(pBaseParticle->getModelGroupTerm(), pGroup) &&
+            pParticle->getMinOccurs() == pBaseParticle->getMinOccurs())
+            return nullptr;
+        XSParticleList* pParticles = pGroup->getParticles();
+        if (pGroup->getCompositor() == XSModelGroup::COMPOSITOR_SEQUENCE && pParticles && pParticles->size() == 2) {
+            XSParticle* pFirst = pParticles->elementAt(0);
+            if (pFirst == pBaseParticle || (pFirst->getTermType() == XSParticle::TERM_MODELGROUP &&
+                                            SameGroup(pBaseParticle->getModelGroupTerm(), pFirst->getModelGroupTerm())))
+                return pParticles->elementAt(1);
+        }
+    }
+    return pParticle;
+}
+
+void CModelBuilder::FillDerived(int nClass, XSComplexTypeDefinition* pType, XSComplexTypeDefinition* pBase,
+                                const CPlace& place) {
+    const std::string strBase = Text(pBase->getName()), strBaseNamespace = Text(pBase->getNamespace());
+    const auto itBase = m_mapNamedTypeClass.find(strBaseNamespace + " " + strBase);
+    if (itBase == m_mapNamedTypeClass.end()) throw At(place, "", "", "the base type " + strBase + " has no class");
+    const int nBase = itBase->second;
+    FillClass(nBase, pBase, CPlace{"complexType", strBaseNamespace, strBase});
+    const bool bExtension = pType->getDerivationMethod() == XSConstants::DERIVATION_EXTENSION;
+    {
+        CClassModel& cls = m_model.m_vecClasses[nClass];
+        const CClassModel& base = m_model.m_vecClasses[nBase];
+        cls.m_nBase = nBase;
+        cls.m_bChoice = base.m_bChoice;
+        cls.m_bAll = base.m_bAll;
+        cls.m_bOwnsGroup = false;
+        cls.m_bRestriction = !bExtension;
+    }
+    m_model.m_vecClasses[nBase].m_bHasDerived = true;
+    // The inherited accessors keep their names: the class's own members name themselves around them.
+    m_vecMemberNames[nClass] = m_vecMemberNames[nBase];
+    if (!bExtension) {
+        // The restricted content is a part of the base's: the base's members read it whole.
+        Warn(place, "restriction", "",
+             "the restriction " + place.m_strName + " of " + strBase + " is bound with the members of " + strBase +
+                 ": what it narrows is not checked");
+        return;
+    }
+    std::set<std::string> setInherited;
+    XSAttributeUseList* pUses = pBase->getAttributeUses();
+    for (XMLSize_t i = 0; pUses && i < pUses->size(); ++i)
+        setInherited.insert(Text(pUses->elementAt(i)->getAttrDeclaration()->getNamespace()) + " " +
+                            Text(pUses->elementAt(i)->getAttrDeclaration()->getName()));
+    AddAttributes(nClass, pType, place, setInherited);
+    if (!pBase->getAttributeWildcard()) AddAttributeWildcard(nClass, pType);
+    if (pType->getContentType() == XSComplexTypeDefinition::CONTENTTYPE_SIMPLE) return;
+    if (pType->getContentType() == XSComplexTypeDefinition::CONTENTTYPE_MIXED &&
+        pBase->getContentType() != XSComplexTypeDefinition::CONTENTTYPE_MIXED)
+        Warn(place, "", "",
+             "mixed content of " + place.m_strName +
+                 " is bound as element content: text between the child elements is dropped");
+    XSParticle* pAdded = AddedParticle(pType, pBase);
+    if (!pAdded) return;
+    if (!HasElements(nBase)) {
+        // The base has no elements: the class's content is the added one alone.
+        CClassModel& cls = m_model.m_vecClasses[nClass];
+        cls.m_bChoice = cls.m_bAll = false;
+        cls.m_bOwnsGroup = true;
+        AddParticles(nClass, pAdded, place);
+        return;
+    }
+    const CClassModel& base = m_model.m_vecClasses[nBase];
+    if (base.m_bChoice || base.m_bAll)
+        throw At(place, "extension", "",
+                 "extension of the " + std::string(base.m_bChoice ? "choice" : "all group") + " of " + strBase +
+                     " by elements is not supported yet");
+    // After a sequence: a sequence's elements follow the base's, any other group is a member.
+    if (pAdded->getTermType() == XSParticle::TERM_MODELGROUP &&
+        pAdded->getModelGroupTerm()->getCompositor() == XSModelGroup::COMPOSITOR_SEQUENCE &&
+        pAdded->getMinOccurs() == 1 && pAdded->getMaxOccurs() == 1 && !pAdded->getMaxOccursUnbounded())
+        FillGroup(nClass, pAdded->getModelGroupTerm(), place);
+    else if (pAdded->getTermType() == XSParticle::TERM_MODELGROUP)
+        AddGroup(nClass, pAdded, place);
+    else
+        throw At(place, "", "", "content model of " + place.m_strName + " is not supported yet");
+}
+
 void CModelBuilder::FillClass(int nClass, XSComplexTypeDefinition* pType, const CPlace& place) {
+    if (!m_setFilled.insert(nClass).second) return;
     XSTypeDefinition* pBase = pType->getBaseType();
     if (pBase && !IsBuiltIn(pBase) && pBase->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE) {
-        const std::string strMethod =
-            pType->getDerivationMethod() == XSConstants::DERIVATION_EXTENSION ? "extension" : "restriction";
-        throw At(place, strMethod, "", "derivation by " + strMethod + " is not supported yet");
+        FillDerived(nClass, pType, static_cast<XSComplexTypeDefinition*>(pBase), place);
+        return;
     }
     switch (pType->getContentType()) {
         case XSComplexTypeDefinition::CONTENTTYPE_SIMPLE:
@@ -770,7 +960,7 @@ void CModelBuilder::FillClass(int nClass, XSComplexTypeDefinition* pType, const 
     }
     AddAttributes(nClass, pType, place);
     AddAttributeWildcard(nClass, pType);
-    AddParticles(nClass, pType, place);
+    AddParticles(nClass, pType->getParticle(), place);
 }
 
 CSchemaSetModel CModelBuilder::Build(const std::string& strNamespace) {
@@ -813,6 +1003,12 @@ CSchemaSetModel CModelBuilder::Build(const std::string& strNamespace) {
         FillClass(m_vecPending[i].first, m_vecPending[i].second.first, m_vecPending[i].second.second);
     for (const auto& pending : m_vecSimplePending)
         AddSimpleContent(pending.first, pending.second.first, pending.second.second);
+    // A nillable element's class, and the classes derived from it, are INillable: the interface
+    // goes to the root of the derivation family.
+    for (int nClass : m_vecNillable) {
+        while (m_model.m_vecClasses[nClass].m_nBase >= 0) nClass = m_model.m_vecClasses[nClass].m_nBase;
+        m_model.m_vecClasses[nClass].m_bNillable = true;
+    }
     WarnIdentityConstraints();
     return m_model;
 }

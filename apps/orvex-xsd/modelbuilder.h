@@ -5,6 +5,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 #include <xercesc/framework/psvi/XSComplexTypeDefinition.hpp>
@@ -58,7 +59,15 @@ private:
     int NewClass(const std::string& strStem, const std::string& strXmlName, const std::string& strNamespace,
                  const std::string& strOrigin, long long nOrder);
     void FillClass(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place);
-    void AddAttributes(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place);
+    void FillDerived(int nClass, xercesc::XSComplexTypeDefinition* pType, xercesc::XSComplexTypeDefinition* pBase,
+                     const CPlace& place);
+    bool HasElements(int nClass) const;
+    // Whether an element of the type may hold an object of another class, named by xsi:type.
+    bool IsByDocument(xercesc::XSTypeDefinition* pType) const;
+    // A named type that takes part in derivation: it has a complex base or named derived types.
+    bool IsInFamily(xercesc::XSTypeDefinition* pType) const;
+    void AddAttributes(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place,
+                       const std::set<std::string>& setInherited = std::set<std::string>());
     void AddSimpleContent(int nClass, xercesc::XSSimpleTypeDefinition* pType, const CPlace& place);
     void AddWildcard(int nClass, xercesc::XSParticle* pParticle);
     void AddAttributeWildcard(int nClass, xercesc::XSComplexTypeDefinition* pType);
@@ -66,8 +75,13 @@ private:
     std::string GroupName(xercesc::XSModelGroup* pGroup, int nParent);
     void AddGroup(int nClass, xercesc::XSParticle* pParticle, const CPlace& place);
     void FillGroup(int nClass, xercesc::XSModelGroup* pGroup, const CPlace& place);
-    void AddParticles(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place);
+    void AddParticles(int nClass, xercesc::XSParticle* pParticle, const CPlace& place);
     void AddElement(int nClass, xercesc::XSParticle* pParticle, const CPlace& place);
+    void AddElementMember(int nClass, xercesc::XSElementDeclaration* pElement, int nMinOccurs, int nMaxOccurs,
+                          const CPlace& place);
+    std::vector<xercesc::XSElementDeclaration*> Substitutes(xercesc::XSElementDeclaration* pHead) const;
+    void AddSubstitutionGroup(int nClass, xercesc::XSParticle* pParticle,
+                              const std::vector<xercesc::XSElementDeclaration*>& vecSubstitutes, const CPlace& place);
     int ClassOfElement(xercesc::XSElementDeclaration* pElement, const CPlace& place);
     CValueType ValueOf(xercesc::XSSimpleTypeDefinition* pType, const std::string& strOwner, const CPlace& place,
                        const std::string& strLocalKind, const std::string& strLocalName);
@@ -89,7 +103,10 @@ private:
     CSchemaSetModel m_model;
     CNameTable m_names;
     std::vector<CNameTable> m_vecMemberNames;
-    std::map<std::string, int> m_mapTypeUses;  // by TypeKey
+    std::map<std::string, int> m_mapTypeUses;    // by TypeKey
+    std::set<std::string> m_setHasNamedDerived;  // TypeKey of the types that named types derive from
+    std::set<int> m_setFilled;                   // classes whose members are made or being made
+    std::vector<int> m_vecNillable;              // classes of nillable elements
     std::map<xercesc::XSComplexTypeDefinition*, int> m_mapTypeClass;
     std::map<std::string, int> m_mapNamedTypeClass;  // "namespace name" of a named type
     std::map<xercesc::XSElementDeclaration*, int> m_mapElementClass;

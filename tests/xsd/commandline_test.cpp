@@ -80,11 +80,19 @@ const char* const kCatalog =
 const char* const kNotACatalog = "<catalogue/>\n";
 const char* const kDerived =
     "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">\n"
-    "  <xs:complexType name=\"B\"><xs:sequence><xs:element name=\"a\" type=\"xs:int\"/></xs:sequence>"
+    "  <xs:complexType name=\"B\"><xs:choice><xs:element name=\"a\" type=\"xs:int\"/></xs:choice>"
     "</xs:complexType>\n"
     "  <xs:complexType name=\"D\"><xs:complexContent><xs:extension base=\"B\">\n"
     "    <xs:sequence><xs:element name=\"b\" type=\"xs:int\"/></xs:sequence>\n"
     "  </xs:extension></xs:complexContent></xs:complexType>\n"
+    "</xs:schema>\n";
+const char* const kRestricted =
+    "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">\n"
+    "  <xs:complexType name=\"B\"><xs:sequence><xs:element name=\"a\" type=\"xs:int\" nillable=\"true\"/>"
+    "</xs:sequence></xs:complexType>\n"
+    "  <xs:complexType name=\"R\"><xs:complexContent><xs:restriction base=\"B\">\n"
+    "    <xs:sequence><xs:element name=\"a\" type=\"xs:int\" nillable=\"true\"/></xs:sequence>\n"
+    "  </xs:restriction></xs:complexContent></xs:complexType>\n"
     "</xs:schema>\n";
 const char* const kList =
     "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">\n"
@@ -110,6 +118,7 @@ protected:
         Write("notcatalog.xml", kNotACatalog);
         Write("derived.xsd", kDerived);
         Write("list.xsd", kList);
+        Write("restricted.xsd", kRestricted);
     }
     void TearDown() override { EXPECT_EQ(std::system(("rm -rf '" + m_strDir + "'").c_str()), 0); }
 
@@ -165,7 +174,7 @@ TEST_F(OrvexXsdProgram, RefusesWithItsExitCodeAndOneMessageAndWritesNothing) {
         {"-o out --catalog notcatalog.xml remote.xsd", 1,
          "notcatalog.xml: not an XML catalog (the document element must be catalog in the namespace "
          "urn:oasis:names:tc:entity:xmlns:xml:catalog)\n"},
-        {"-o out derived.xsd", 1, "derived.xsd:3:70: derivation by extension is not supported yet\n"},
+        {"-o out derived.xsd", 1, "derived.xsd:3:70: extension of the choice of B by elements is not supported yet\n"},
         {"-o out --strict list.xsd", 1,
          "list.xsd:3:73: the list type of sizes is bound as xs:string: its items are not checked\n"},
     };
@@ -193,6 +202,12 @@ TEST_F(OrvexXsdProgram, FindsImportsOnlyWhereItIsToldAndWarnsOfWhatItCantBind) {
          "list.xsd:3:73: warning: the list type of sizes is bound as xs:string: its items are not "
          "checked\n",
          {"schema.cpp", "schema.h", "schemafactory.cpp", "schemafactory.h", "w.cpp", "w.h"}},
+        {"-o out restricted.xsd",
+         "restricted.xsd:2:93: warning: nillable element a is bound as its value: xsi:nil is accepted on reading but "
+         "leaves no value to write back\n"
+         "restricted.xsd:3:72: warning: the restriction R of B is bound with the members of B: what it narrows is not "
+         "checked\n",
+         {"b.cpp", "b.h", "r.cpp", "r.h", "schema.cpp", "schema.h", "schemafactory.cpp", "schemafactory.h"}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.pszArgs);
