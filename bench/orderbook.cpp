@@ -29,6 +29,11 @@
 #include "orderdocument.h"
 #include "support/ordercensus.h"
 
+// The same schema's classes as orvex-xsd generates them, when the tools are built.
+#ifdef ORVEXXML_BENCH_GENERATED
+#include "schema.h"
+#endif
+
 using namespace OrvexXml;
 using OrderBook::COrderBook;
 
@@ -39,6 +44,9 @@ struct OrderFixture {
     std::string strXml;
     std::string strFi;  // the same document as Fast Infoset, empty without java
     CSmartPtr<COrderBook> book;
+#ifdef ORVEXXML_BENCH_GENERATED
+    CSmartPtr<XsdOrderBook::COrderBook> generated;  // the document read into the generated classes
+#endif
 };
 
 OrderFixture& Doc() {
@@ -139,6 +147,15 @@ void ReadFile(benchmark::State& state, bool bAsync) {
     AsyncFromXmlFile(false);
     SetBytes(state);
 }
+#ifdef ORVEXXML_BENCH_GENERATED
+// The classes that orvex-xsd generates from the same schema, read beside the hand binding.
+void Read_FromXmlGenerated(benchmark::State& state) {
+    CSmartPtr<XsdOrderBook::COrderBook> target = XsdOrderBook::COrderBook::CreateInstance();
+    for (auto _ : state) target->FromXml(Doc().strXml.c_str(), Ctx());
+    SetBytes(state);
+}
+#endif
+
 void Read_FromXmlFileWhole(benchmark::State& state) { ReadFile(state, false); }
 void Read_FromXmlFileChunked(benchmark::State& state) { ReadFile(state, true); }
 
@@ -157,6 +174,13 @@ void Write_ToXml(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(Doc().book->ToXml(true, true, EOLType_LF, TabCtx()));
     SetBytes(state);
 }
+
+#ifdef ORVEXXML_BENCH_GENERATED
+void Write_ToXmlGenerated(benchmark::State& state) {
+    for (auto _ : state) benchmark::DoNotOptimize(Doc().generated->ToXml(true, true, EOLType_LF, TabCtx()));
+    SetBytes(state);
+}
+#endif
 
 // Rates counted on the XML text, beside ToXml; "fi/xml" is the document's size as a fraction
 // of the XML text read.
@@ -277,6 +301,17 @@ int main(int argc, char** argv) {
         std::remove(doc.strFile.c_str());
         return 1;
     }
+#ifdef ORVEXXML_BENCH_GENERATED
+    // The generated classes must read the same census and write what the hand binding writes.
+    doc.generated = XsdOrderBook::COrderBook::CreateInstance();
+    doc.generated->FromXmlFile(doc.strFile.c_str(), Ctx());
+    if (OrvexOrderCensus::OrderBookCensus(*doc.generated) != strRead ||
+        doc.generated->ToXml(true, true, EOLType_LF, Ctx()) != doc.book->ToXml(true, true, EOLType_LF, Ctx())) {
+        std::fprintf(stderr, "the generated classes read or write the document differently\n");
+        std::remove(doc.strFile.c_str());
+        return 1;
+    }
+#endif
     // The Fast Infoset form must read into the same census.
     doc.strFi = BenchFastInfoset::MakeFastInfoset(doc.strFile);
     if (!doc.strFi.empty()) {
@@ -309,6 +344,10 @@ int main(int argc, char** argv) {
         {"Order_Write_ToXmlFileDirect", Write_ToXmlFileDirect}};
     for (const auto& entry : aBenchmarks)
         benchmark::RegisterBenchmark(entry.first, entry.second)->Unit(benchmark::kMillisecond);
+#ifdef ORVEXXML_BENCH_GENERATED
+    benchmark::RegisterBenchmark("Order_Read_FromXmlGenerated", Read_FromXmlGenerated)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Order_Write_ToXmlGenerated", Write_ToXmlGenerated)->Unit(benchmark::kMillisecond);
+#endif
     benchmark::Initialize(&nArgs, args.data());
     CRatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
