@@ -240,7 +240,13 @@ std::string CCodeEmitter::Accessors(const CClassModel& cls, const CMemberModel& 
         const CClassModel& child = m_model.m_vecClasses[member.m_nClass];
         strText += member.m_eOccurrence == Occurrence_Mandatory ? "; present after construction." : ".";
         strText += " The object takes the element name " + member.m_strXmlName + ".\n";
-        strText += "    OrvexXml::CSmartPtr<" + child.m_strName + "> Get" + p + "() const { return m_" + p + "; }\n";
+        // Copying the pointer needs the complete class, which a class of the same reference
+        // cycle only declares here: its getter is defined in the source.
+        if (HasOutOfLineGetter(cls, member))
+            strText += "    OrvexXml::CSmartPtr<" + child.m_strName + "> Get" + p + "() const;\n";
+        else
+            strText +=
+                "    OrvexXml::CSmartPtr<" + child.m_strName + "> Get" + p + "() const { return m_" + p + "; }\n";
         strText += "    void Set" + p + "(" + child.m_strName + "* value);\n";
         return strText;
     }
@@ -646,6 +652,8 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         }
         if (member.m_eKind == MemberKind_Class) {
             const std::string& strChild = m_model.m_vecClasses[member.m_nClass].m_strName;
+            if (HasOutOfLineGetter(cls, member))
+                s += "CSmartPtr<" + strChild + "> " + c + "::Get" + p + "() const { return m_" + p + "; }\n\n";
             if (member.m_eOccurrence == Occurrence_Mandatory)
                 s += "void " + c + "::Set" + p + "(" + strChild + "* value) {\n    Throw_IfPropertyIsNull(value, " +
                      Quote(member.m_strXmlName) + ");\n    CXmlObjectBase::SetElementName(value, " +
