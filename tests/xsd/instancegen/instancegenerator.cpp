@@ -154,28 +154,29 @@ std::string CInstanceGenerator::Generate(const std::string& strName, const std::
     if (!pRoot)
         throw std::runtime_error("the schema set declares no global element " + strName +
                                  (strNamespace.empty() ? std::string() : " in " + strNamespace));
-    m_rng.seed(nSeed);
-    m_nElements = 0;
-    m_nIds = 0;
-    m_strFailure.clear();
-    CNode root;
-    if (!Element(pRoot, 0, root))
-        throw std::runtime_error("no valid instance of " + strName + ": " +
-                                 (m_strFailure.empty() ? std::string("no way found") : m_strFailure));
-    std::vector<std::string> vecIds;
-    ResolveReferences(root, vecIds, true, vecIds);
-    std::vector<std::string> vecUnused;
-    ResolveReferences(root, vecIds, false, vecUnused);
-    return Serialize(root);
+    // A reference needs an ID somewhere in the document: a document without one is made again
+    // from a seed derived from the first.
+    for (int nAttempt = 0;; ++nAttempt) {
+        m_rng.seed(nSeed + static_cast<uint64_t>(nAttempt) * 0x9E3779B97F4A7C15ULL);
+        m_nElements = 0;
+        m_nIds = 0;
+        m_strFailure.clear();
+        CNode root;
+        if (!Element(pRoot, 0, root))
+            throw std::runtime_error("no valid instance of " + strName + ": " +
+                                     (m_strFailure.empty() ? std::string("no way found") : m_strFailure));
+        std::vector<std::string> vecIds;
+        ResolveReferences(root, vecIds, true, vecIds);
+        std::vector<std::string> vecUnused;
+        if (ResolveReferences(root, vecIds, false, vecUnused)) return Serialize(root);
+        if (nAttempt == 15) throw std::runtime_error("no valid instance of " + strName + ": an IDREF needs an ID");
+    }
 }
 
-// Collects the IDs (bCollect), or gives every reference one of them; an optional reference
-// attribute goes when the document has no ID at all.
-void CInstanceGenerator::ResolveReferences(CNode& node, const std::vector<std::string>& vecIds, bool bCollect,
+bool CInstanceGenerator::ResolveReferences(CNode& node, const std::vector<std::string>& vecIds, bool bCollect,
                                            std::vector<std::string>& vecFound) {
     if (bCollect) {
         for (const CAttribute& attribute : node.m_vecAttributes) {
-            if (attribute.m_strName.empty()) continue;
             if (attribute.m_strValue.compare(0, 6, "ident-") == 0 && !attribute.m_bIdReference)
                 vecFound.push_back(attribute.m_strValue);
         }
@@ -183,7 +184,7 @@ void CInstanceGenerator::ResolveReferences(CNode& node, const std::vector<std::s
     } else {
         for (auto it = node.m_vecAttributes.begin(); it != node.m_vecAttributes.end();) {
             if (it->m_bIdReference && vecIds.empty()) {
-                if (!it->m_bOptional) throw std::runtime_error("no valid instance: an IDREF needs an ID");
+                if (!it->m_bOptional) return false;
                 it = node.m_vecAttributes.erase(it);
                 continue;
             }
@@ -191,11 +192,14 @@ void CInstanceGenerator::ResolveReferences(CNode& node, const std::vector<std::s
             ++it;
         }
         if (node.m_bIdReference) {
-            if (vecIds.empty()) throw std::runtime_error("no valid instance: an IDREF needs an ID");
+            if (vecIds.empty()) return false;
             node.m_strText = vecIds[m_rng() % vecIds.size()];
         }
     }
-    for (CNode& child : node.m_vecChildren) ResolveReferences(child, vecIds, bCollect, vecFound);
+    for (CNode& child : node.m_vecChildren) {
+        if (!ResolveReferences(child, vecIds, bCollect, vecFound)) return false;
+    }
+    return true;
 }
 
 std::vector<XSTypeDefinition*> CInstanceGenerator::DerivedTypes(XSTypeDefinition* pBase) const {
@@ -519,7 +523,7 @@ bool CInstanceGenerator::AtomicValue(XSSimpleTypeDefinition* pType, std::string&
         strValue = Chance(50) ? "true" : "false";
         return true;
     }
-    CIntegerRange range;
+    CIntegerRange range = {0, 0};
     if (IntegerRange(strBuiltIn, range) || strBuiltIn == "decimal") {
         if (strBuiltIn == "decimal") range = {-1000000, 1000000};
         // Bounds that aren't whole numbers are met by the whole numbers inside them.

@@ -80,7 +80,9 @@ private:
     bool Chance(int nPercent) { return static_cast<int>(m_rng() % 100) < nPercent; }
     long long Between(long long nLow, long long nHigh);
     void Fail(const std::string& strReason);
-    void ResolveReferences(CNode& node, const std::vector<std::string>& vecIds, bool bCollect,
+    // Collects the IDs (bCollect), or gives every reference one of them; an optional reference
+    // attribute goes when the document has no ID. False when a mandatory one finds none.
+    bool ResolveReferences(CNode& node, const std::vector<std::string>& vecIds, bool bCollect,
                            std::vector<std::string>& vecFound);
     std::string Serialize(const CNode& root) const;
 
