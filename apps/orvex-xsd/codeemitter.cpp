@@ -274,7 +274,8 @@ std::string CCodeEmitter::Accessors(const CClassModel& cls, const CMemberModel& 
     } else {
         strText += "    void Set" + p + "(" + strParameter + " value);\n";
         strText += "    bool IsValid" + p + "() const { return m_bValid" + p + "; }\n";
-        if (cls.m_bChoice)
+        // Attributes stand beside a choice: only its elements select.
+        if (cls.m_bChoice && !member.m_bAttribute)
             strText += "    void SetValid" + p + "(bool bValid);\n";
         else
             strText += "    void SetValid" + p + "(bool bValid) { m_bValid" + p + " = bValid; }\n";
@@ -678,10 +679,11 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         }
         const std::string strSelect =
             "    Choice_SetElementValid(%s, " + Quote(member.m_strXmlName) + ", m_strSelectedElement);\n";
+        const bool bSelects = cls.m_bChoice && !member.m_bAttribute;
         s += "void " + c + "::Set" + p + "(" + strParameter + " value) {\n" +
-             (cls.m_bChoice ? Replace(strSelect, "%s", "true") : std::string()) + "    m_" + p +
-             " = value;\n    m_bValid" + p + " = true;\n}\n\n";
-        if (cls.m_bChoice)
+             (bSelects ? Replace(strSelect, "%s", "true") : std::string()) + "    m_" + p + " = value;\n    m_bValid" +
+             p + " = true;\n}\n\n";
+        if (bSelects)
             s += "void " + c + "::SetValid" + p + "(bool bValid) {\n" + Replace(strSelect, "%s", "bValid") +
                  "    m_bValid" + p + " = bValid;\n}\n\n";
     }
