@@ -275,8 +275,9 @@ std::string CCodeEmitter::Accessors(const CClassModel& cls, const CMemberModel& 
                        : ".";
         strText += " The object takes the element name " + member.m_strXmlName;
         strText += member.m_bByDocument ? "; reading makes the class that xsi:type names, writing names it.\n" : ".\n";
-        // A class this header only declares is complete in the source: the getter is defined there.
-        if (IsDeclaredOnly(IndexOf(cls), member.m_nClass) && member.m_nClass != IndexOf(cls))
+        // Copying the pointer needs the complete class, which a class of the same reference
+        // cycle only declares here: its getter is defined in the source.
+        if (HasOutOfLineGetter(cls, member))
             strText += "    OrvexXml::CSmartPtr<" + child.m_strName + "> Get" + p + "() const;\n";
         else
             strText +=
@@ -308,7 +309,8 @@ std::string CCodeEmitter::Accessors(const CClassModel& cls, const CMemberModel& 
     } else {
         strText += "    void Set" + p + "(" + strParameter + " value);\n";
         strText += "    bool IsValid" + p + "() const { return m_bValid" + p + "; }\n";
-        if (OwnChoice(cls))
+        // Attributes stand beside a choice: only its elements select.
+        if (OwnChoice(cls) && !member.m_bAttribute)
             strText += "    void SetValid" + p + "(bool bValid);\n";
         else
             strText += "    void SetValid" + p + "(bool bValid) { m_bValid" + p + " = bValid; }\n";
@@ -790,7 +792,7 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         if (member.m_eKind == MemberKind_Class) {
             const std::string& strChild = m_model.m_vecClasses[member.m_nClass].m_strName;
             const std::string strDeclare = DeclareType(member.m_nClass, "value");
-            if (IsDeclaredOnly(IndexOf(cls), member.m_nClass) && member.m_nClass != IndexOf(cls))
+            if (HasOutOfLineGetter(cls, member))
                 s += "CSmartPtr<" + strChild + "> " + c + "::Get" + p + "() const { return m_" + p + "; }\n\n";
             if (member.m_eOccurrence == Occurrence_Mandatory)
                 s += "void " + c + "::Set" + p + "(" + strChild + "* value) {\n    Throw_IfPropertyIsNull(value, " +
@@ -820,10 +822,11 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         }
         const std::string strSelect =
             "    Choice_SetElementValid(%s, " + Quote(member.m_strXmlName) + ", m_strSelectedElement);\n";
+        const bool bSelects = OwnChoice(cls) && !member.m_bAttribute;
         s += "void " + c + "::Set" + p + "(" + strParameter + " value) {\n" +
-             (OwnChoice(cls) ? Replace(strSelect, "%s", "true") : std::string()) + "    m_" + p +
-             " = value;\n    m_bValid" + p + " = true;\n}\n\n";
-        if (OwnChoice(cls))
+             (bSelects ? Replace(strSelect, "%s", "true") : std::string()) + "    m_" + p + " = value;\n    m_bValid" +
+             p + " = true;\n}\n\n";
+        if (bSelects)
             s += "void " + c + "::SetValid" + p + "(bool bValid) {\n" + Replace(strSelect, "%s", "bValid") +
                  "    m_bValid" + p + " = bValid;\n}\n\n";
     }

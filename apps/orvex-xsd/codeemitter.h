@@ -62,6 +62,12 @@ private:
     std::string BaseName(const CClassModel& cls) const {
         return cls.m_nBase >= 0 ? m_model.m_vecClasses[cls.m_nBase].m_strName : std::string();
     }
+    // A class member whose class the header only declares: its getter copies a pointer to
+    // an incomplete class, so the source defines it.
+    bool HasOutOfLineGetter(const CClassModel& cls, const CMemberModel& member) const {
+        return member.m_eKind == MemberKind_Class && member.m_eOccurrence != Occurrence_Collection &&
+               member.m_nClass != IndexOf(cls) && IsDeclaredOnly(IndexOf(cls), member.m_nClass);
+    }
     int IndexOf(const CClassModel& cls) const { return static_cast<int>(&cls - &m_model.m_vecClasses[0]); }
 
     const CSchemaSetModel& m_model;

@@ -724,14 +724,19 @@ static bool SameGroup(XSModelGroup* pDefined, XSModelGroup* pGroup) {
     return true;
 }
 
-std::string CModelBuilder::GroupName(XSModelGroup* pGroup, int nParent) {
-    // A named group (xs:group) keeps its name; a group written in place is named after the
-    // class it stands in and its compositor.
+XSModelGroupDefinition* CModelBuilder::GroupDefinition(XSModelGroup* pGroup) const {
     XSNamedMap<XSObject>* pGroups = m_pModel->getComponents(XSConstants::MODEL_GROUP_DEFINITION);
     for (XMLSize_t i = 0; pGroups && i < pGroups->getLength(); ++i) {
         XSModelGroupDefinition* pDefinition = static_cast<XSModelGroupDefinition*>(pGroups->item(i));
-        if (SameGroup(pDefinition->getModelGroup(), pGroup)) return Text(pDefinition->getName());
+        if (SameGroup(pDefinition->getModelGroup(), pGroup)) return pDefinition;
     }
+    return nullptr;
+}
+
+std::string CModelBuilder::GroupName(XSModelGroup* pGroup, int nParent) {
+    // A named group (xs:group) keeps its name; a group written in place is named after the
+    // class it stands in and its compositor.
+    if (XSModelGroupDefinition* pDefinition = GroupDefinition(pGroup)) return Text(pDefinition->getName());
     const char* pszCompositor = pGroup->getCompositor() == XSModelGroup::COMPOSITOR_CHOICE ? "Choice"
                                 : pGroup->getCompositor() == XSModelGroup::COMPOSITOR_ALL  ? "All"
                                                                                            : "Sequence";
@@ -741,10 +746,19 @@ std::string CModelBuilder::GroupName(XSModelGroup* pGroup, int nParent) {
 void CModelBuilder::AddGroup(int nClass, XSParticle* pParticle, const CPlace& place) {
     XSModelGroup* pGroup = pParticle->getModelGroupTerm();
     const std::string strName = GroupName(pGroup, nClass);
-    const int nGroup = NewClass(CNameRules::Word(strName), strName, m_model.m_vecClasses[nClass].m_strNamespace,
-                                "the model group " + strName, 0);
-    m_model.m_vecClasses[nGroup].m_bPseudo = true;
-    FillGroup(nGroup, pGroup, place);
+    // Every reference to a named group shares the one class made at the first; the entry is
+    // made before the group is filled, so that a group reached again through its own
+    // elements' types finds it.
+    XSModelGroupDefinition* pDefinition = GroupDefinition(pGroup);
+    const auto itKnown = pDefinition ? m_mapGroupClass.find(pDefinition) : m_mapGroupClass.end();
+    int nGroup = itKnown != m_mapGroupClass.end() ? itKnown->second : -1;
+    if (nGroup < 0) {
+        nGroup = NewClass(CNameRules::Word(strName), strName, m_model.m_vecClasses[nClass].m_strNamespace,
+                          "the model group " + strName, 0);
+        m_model.m_vecClasses[nGroup].m_bPseudo = true;
+        if (pDefinition) m_mapGroupClass[pDefinition] = nGroup;
+        FillGroup(nGroup, pGroup, place);
+    }
 
     CMemberModel member;
     member.m_eKind = MemberKind_Class;

@@ -12,6 +12,7 @@
 #include <xercesc/framework/psvi/XSElementDeclaration.hpp>
 #include <xercesc/framework/psvi/XSModel.hpp>
 #include <xercesc/framework/psvi/XSModelGroup.hpp>
+#include <xercesc/framework/psvi/XSModelGroupDefinition.hpp>
 #include <xercesc/framework/psvi/XSParticle.hpp>
 #include <xercesc/framework/psvi/XSSimpleTypeDefinition.hpp>
 #include <xercesc/framework/psvi/XSWildcard.hpp>
@@ -72,6 +73,8 @@ private:
     void AddWildcard(int nClass, xercesc::XSParticle* pParticle);
     void AddAttributeWildcard(int nClass, xercesc::XSComplexTypeDefinition* pType);
     static std::string Restriction(xercesc::XSWildcard* pWildcard);
+    // The named group a model group stands for, or null for one written in place.
+    xercesc::XSModelGroupDefinition* GroupDefinition(xercesc::XSModelGroup* pGroup) const;
     std::string GroupName(xercesc::XSModelGroup* pGroup, int nParent);
     void AddGroup(int nClass, xercesc::XSParticle* pParticle, const CPlace& place);
     void FillGroup(int nClass, xercesc::XSModelGroup* pGroup, const CPlace& place);
@@ -110,6 +113,7 @@ private:
     std::map<xercesc::XSComplexTypeDefinition*, int> m_mapTypeClass;
     std::map<std::string, int> m_mapNamedTypeClass;  // "namespace name" of a named type
     std::map<xercesc::XSElementDeclaration*, int> m_mapElementClass;
+    std::map<xercesc::XSModelGroupDefinition*, int> m_mapGroupClass;
     std::map<xercesc::XSSimpleTypeDefinition*, std::string> m_mapEnums;
     std::vector<std::pair<int, std::pair<xercesc::XSComplexTypeDefinition*, CPlace>>> m_vecPending;
     std::vector<std::pair<int, std::pair<xercesc::XSSimpleTypeDefinition*, CPlace>>> m_vecSimplePending;
