@@ -12,6 +12,19 @@ namespace OrvexXml {
 
 namespace {
 
+// Appends nValue in decimal with at least nWidth digits, zeros in front: what "%0*u" gives,
+// without a format string to interpret for every part of every value written.
+void AppendPadded(std::string& strText, unsigned nValue, int nWidth) {
+    char acDigits[16];
+    int nDigits = 0;
+    do {
+        acDigits[nDigits++] = static_cast<char>('0' + nValue % 10);
+        nValue /= 10;
+    } while (nValue != 0);
+    for (int i = nDigits; i < nWidth; ++i) strText += '0';
+    while (nDigits > 0) strText += acDigits[--nDigits];
+}
+
 const long long kMinYear = -9999;
 const long long kMaxYear = 9999;
 // Days in each month with February at 29, and days before each month in a common year.
@@ -767,25 +780,44 @@ std::string CDateTime::ToString(const char* format) const {
     if (format == nullptr || *format == '\0' || std::strcmp(format, "G") == 0) return std::string();
     if (std::strcmp(format, "s") != 0) return std::string("Unknown Format: ") + format;
     std::string strText;
+    strText.reserve(40);
     if (HasYear(m_type)) {
-        strText = FormatString("%s%04d", m_year < 0 ? "-" : "", m_year < 0 ? -m_year : m_year);
-        if (HasMonth(m_type)) strText += FormatString("-%02u", static_cast<unsigned>(m_month));
-        if (HasDay(m_type)) strText += FormatString("-%02u", static_cast<unsigned>(m_day));
+        // The year is an int16_t, so its magnitude fits an unsigned.
+        if (m_year < 0) strText += '-';
+        AppendPadded(strText, static_cast<unsigned>(m_year < 0 ? -m_year : m_year), 4);
+        if (HasMonth(m_type)) {
+            strText += '-';
+            AppendPadded(strText, m_month, 2);
+        }
+        if (HasDay(m_type)) {
+            strText += '-';
+            AppendPadded(strText, m_day, 2);
+        }
     } else if (HasMonth(m_type)) {
-        strText = FormatString("--%02u", static_cast<unsigned>(m_month));
-        if (HasDay(m_type)) strText += FormatString("-%02u", static_cast<unsigned>(m_day));
+        strText += "--";
+        AppendPadded(strText, m_month, 2);
+        if (HasDay(m_type)) {
+            strText += '-';
+            AppendPadded(strText, m_day, 2);
+        }
     } else if (HasDay(m_type)) {
-        strText = FormatString("---%02u", static_cast<unsigned>(m_day));
+        strText += "---";
+        AppendPadded(strText, m_day, 2);
     }
     if (HasTime(m_type)) {
         if (m_type == dt_dateTime) strText += 'T';
-        strText += FormatString("%02u:%02u:%02u", static_cast<unsigned>(m_hour), static_cast<unsigned>(m_minute),
-                                static_cast<unsigned>(m_second));
+        AppendPadded(strText, m_hour, 2);
+        strText += ':';
+        AppendPadded(strText, m_minute, 2);
+        strText += ':';
+        AppendPadded(strText, m_second, 2);
         CFractionText::Append(strText, m_milliSecond, m_microSecond, m_nanoSecond);
     }
     if (m_hasTimeZone) {
-        strText += FormatString("%c%02d:%02u", m_zoneHour < 0 ? '-' : '+', m_zoneHour < 0 ? -m_zoneHour : m_zoneHour,
-                                static_cast<unsigned>(m_zoneMinute));
+        strText += m_zoneHour < 0 ? '-' : '+';
+        AppendPadded(strText, static_cast<unsigned>(m_zoneHour < 0 ? -m_zoneHour : m_zoneHour), 2);
+        strText += ':';
+        AppendPadded(strText, m_zoneMinute, 2);
     } else if (m_isUTC) {
         strText += 'Z';
     }

@@ -96,9 +96,13 @@ template <ItemType eType>
 void ValidateHeld(const char* pszName, const OxVariant& value, const CPrimitiveRestrictions& restrictions) {
     typedef CItemTypeTraits<eType> Traits;
     if constexpr (Traits::Storage == CItemTypeInfo::Storage_owned) {
-        // A nil value holds no copy; it is checked as the empty value.
+        // A nil value holds no copy; it is checked as the empty value. The held value is
+        // passed by reference: a conditional expression of the two would copy it.
         const typename Traits::ValueType* pValue = Traits::Slot(value);
-        Traits::Validate(pszName, pValue ? *pValue : typename Traits::ValueType(), restrictions);
+        if (pValue)
+            Traits::Validate(pszName, *pValue, restrictions);
+        else
+            Traits::Validate(pszName, typename Traits::ValueType(), restrictions);
     } else {
         Traits::Validate(pszName, Traits::Slot(value), restrictions);
     }

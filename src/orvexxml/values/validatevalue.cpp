@@ -205,13 +205,15 @@ void ValidateValue(const char* pszName, double value, const CPrimitiveRestrictio
     CheckFloat<ItemType_r8>(pszName, value, restrictions);
 }
 
+static bool MatchesPatternText(const std::string& strPattern, const std::string& strValue);
+
 void ValidateValue(const char* pszName, const std::string& value, const CPrimitiveRestrictions& restrictions) {
     CheckLength(value.size(), restrictions, [&]() { Refuse(pszName, value); });
     if (restrictions.GetPattern().empty()) return;
     bool bMatches = false;
     try {
-        bMatches = MatchesPattern(IsLocalEncodingUtf8() ? restrictions.GetPattern() : ToUtf8(restrictions.GetPattern()),
-                                  value);
+        bMatches = IsLocalEncodingUtf8() ? MatchesPatternText(restrictions.GetPattern(), value)
+                                         : MatchesPatternText(ToUtf8(restrictions.GetPattern()), value);
     } catch (const COxException& e) {
         throw COxException(e.GetFullMessage() + "\nInvalid Value for " + pszName + " [" + value + "].");
     }
@@ -345,10 +347,13 @@ std::string TranslatePattern(const std::string& strSchemaPattern) {
 
 }  // namespace
 
-bool MatchesPattern(std::string strPattern, std::string strValue) {
+// MatchesPattern without copies of its arguments: a facet check runs for every value
+// written, and a pattern or a value longer than a short string would be allocated twice.
+static bool MatchesPatternText(const std::string& strPattern, const std::string& strValue) {
     // The pattern is UTF-8 already and ends at its first null byte; the value is local text,
     // taken as it is when that is UTF-8.
-    strPattern.resize(std::strlen(strPattern.c_str()));
+    const size_t nPatternLength = std::strlen(strPattern.c_str());
+    if (nPatternLength != strPattern.size()) return MatchesPatternText(strPattern.substr(0, nPatternLength), strValue);
     if (IsLocalEncodingUtf8()) {
         return CPatternCache::MatchesWhole(strPattern, &TranslatePattern, strValue.c_str(),
                                            std::strlen(strValue.c_str()));
@@ -356,5 +361,7 @@ bool MatchesPattern(std::string strPattern, std::string strValue) {
     const std::string strValueUtf8 = ToUtf8(strValue);
     return CPatternCache::MatchesWhole(strPattern, &TranslatePattern, strValueUtf8.data(), strValueUtf8.size());
 }
+
+bool MatchesPattern(std::string strPattern, std::string strValue) { return MatchesPatternText(strPattern, strValue); }
 
 }  // namespace OrvexXml
