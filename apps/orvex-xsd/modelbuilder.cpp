@@ -539,13 +539,19 @@ void CModelBuilder::AddSubstitutionGroup(int nClass, XSParticle* pParticle,
     for (XSElementDeclaration* pSubstitute : vecSubstitutes) {
         if (!pSubstitute->getAbstract()) AddElementMember(nGroup, pSubstitute, 1, 1, place);
     }
+    AddGroupMember(nClass, nGroup, pParticle, strHead, "the substitution group of " + strHead,
+                   pParticle->getMinOccurs() > 0);
+}
+
+void CModelBuilder::AddGroupMember(int nClass, int nGroup, XSParticle* pParticle, const std::string& strName,
+                                   const std::string& strDescription, bool bMustConsume) {
     CMemberModel member;
     member.m_eKind = MemberKind_Class;
     member.m_nClass = nGroup;
     member.m_strXmlName = m_model.m_vecClasses[nGroup].m_strXmlName;
     member.m_strXmlNamespace = m_model.m_vecClasses[nClass].m_strNamespace;
-    member.m_strProperty = TakeMemberName(nClass, strHead);
-    member.m_strDescription = "the substitution group of " + strHead;
+    member.m_strProperty = TakeMemberName(nClass, strName);
+    member.m_strDescription = strDescription;
     member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
     member.m_nMaxOccurs = pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs());
     if (member.m_nMaxOccurs == 1)
@@ -554,7 +560,7 @@ void CModelBuilder::AddSubstitutionGroup(int nClass, XSParticle* pParticle,
                                    : Occurrence_Optional;
     else
         member.m_eOccurrence = Occurrence_Collection;
-    member.m_bMustConsume = member.m_nMinOccurs > 0;
+    member.m_bMustConsume = bMustConsume;
     if (member.m_eOccurrence == Occurrence_Collection) m_model.m_vecClasses[nGroup].m_bCollectionItem = true;
     m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
 }
@@ -760,24 +766,7 @@ void CModelBuilder::AddGroup(int nClass, XSParticle* pParticle, const CPlace& pl
         FillGroup(nGroup, pGroup, place);
     }
 
-    CMemberModel member;
-    member.m_eKind = MemberKind_Class;
-    member.m_nClass = nGroup;
-    member.m_strXmlName = m_model.m_vecClasses[nGroup].m_strXmlName;
-    member.m_strXmlNamespace = m_model.m_vecClasses[nClass].m_strNamespace;
-    member.m_strProperty = TakeMemberName(nClass, strName);
-    member.m_strDescription = "the group " + strName;
-    member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
-    member.m_nMaxOccurs = pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs());
-    if (member.m_nMaxOccurs == 1)
-        member.m_eOccurrence = member.m_nMinOccurs == 1 && !m_model.m_vecClasses[nClass].m_bChoice
-                                   ? Occurrence_Mandatory
-                                   : Occurrence_Optional;
-    else
-        member.m_eOccurrence = Occurrence_Collection;
-    member.m_bMustConsume = !CanBeEmpty(pParticle);
-    if (member.m_eOccurrence == Occurrence_Collection) m_model.m_vecClasses[nGroup].m_bCollectionItem = true;
-    m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
+    AddGroupMember(nClass, nGroup, pParticle, strName, "the group " + strName, !CanBeEmpty(pParticle));
 }
 
 void CModelBuilder::FillGroup(int nClass, XSModelGroup* pGroup, const CPlace& place) {
