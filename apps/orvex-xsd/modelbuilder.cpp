@@ -552,17 +552,23 @@ void CModelBuilder::AddGroupMember(int nClass, int nGroup, XSParticle* pParticle
     member.m_strXmlNamespace = m_model.m_vecClasses[nClass].m_strNamespace;
     member.m_strProperty = TakeMemberName(nClass, strName);
     member.m_strDescription = strDescription;
-    member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
-    member.m_nMaxOccurs = pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs());
-    if (member.m_nMaxOccurs == 1)
-        member.m_eOccurrence = member.m_nMinOccurs == 1 && !m_model.m_vecClasses[nClass].m_bChoice
-                                   ? Occurrence_Mandatory
-                                   : Occurrence_Optional;
-    else
-        member.m_eOccurrence = Occurrence_Collection;
+    SetOccurrences(member, nClass, static_cast<int>(pParticle->getMinOccurs()),
+                   pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs()));
     member.m_bMustConsume = bMustConsume;
     if (member.m_eOccurrence == Occurrence_Collection) m_model.m_vecClasses[nGroup].m_bCollectionItem = true;
     m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
+}
+
+void CModelBuilder::SetOccurrences(CMemberModel& member, int nClass, int nMinOccurs, int nMaxOccurs) const {
+    member.m_nMinOccurs = nMinOccurs;
+    member.m_nMaxOccurs = nMaxOccurs;
+    // A member of a choice is there only when the choice selects it.
+    if (nMaxOccurs != 1)
+        member.m_eOccurrence = Occurrence_Collection;
+    else if (nMinOccurs == 1 && !m_model.m_vecClasses[nClass].m_bChoice)
+        member.m_eOccurrence = Occurrence_Mandatory;
+    else
+        member.m_eOccurrence = Occurrence_Optional;
 }
 
 void CModelBuilder::AddElement(int nClass, XSParticle* pParticle, const CPlace& place) {
@@ -585,15 +591,7 @@ void CModelBuilder::AddElementMember(int nClass, XSElementDeclaration* pElement,
     member.m_strXmlNamespace = Text(pElement->getNamespace());
     const std::string& strName = member.m_strXmlName;
     member.m_strProperty = TakeMemberName(nClass, strName);
-    member.m_nMinOccurs = nMinOccurs;
-    member.m_nMaxOccurs = nMaxOccurs;
-    // A member of a choice is there only when the choice selects it.
-    if (member.m_nMaxOccurs == 1)
-        member.m_eOccurrence = member.m_nMinOccurs == 1 && !m_model.m_vecClasses[nClass].m_bChoice
-                                   ? Occurrence_Mandatory
-                                   : Occurrence_Optional;
-    else
-        member.m_eOccurrence = Occurrence_Collection;
+    SetOccurrences(member, nClass, nMinOccurs, nMaxOccurs);
     XSTypeDefinition* pType = pElement->getTypeDefinition();
     if (pType->getTypeCategory() == XSTypeDefinition::COMPLEX_TYPE && IsBuiltIn(pType)) {
         // An element of no schema type: held as a CElement of its own name and namespace.

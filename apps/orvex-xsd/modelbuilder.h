@@ -90,6 +90,9 @@ private:
                        const std::string& strLocalKind, const std::string& strLocalName);
     std::string EnumFor(xercesc::XSSimpleTypeDefinition* pType, const std::string& strOwner);
     std::string TakeMemberName(int nClass, const std::string& strXmlName);
+    // The occurrences of a member of class nClass, and from them its kind: mandatory, optional
+    // (always in a choice) or a collection.
+    void SetOccurrences(CMemberModel& member, int nClass, int nMinOccurs, int nMaxOccurs) const;
     // The member of class nClass that holds the group class nGroup, with the particle's occurrences.
     void AddGroupMember(int nClass, int nGroup, xercesc::XSParticle* pParticle, const std::string& strName,
                         const std::string& strDescription, bool bMustConsume);
