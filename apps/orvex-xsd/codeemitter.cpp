@@ -857,7 +857,9 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
     else
         s += "        default:\n            throw COxInvalidParamException(FormatString(\"Unknown property index %d\", "
              "nPropertyIndex));\n    }\n}\n";
-    if (IsFamily(cls) && cls.m_nBase < 0)
+    // The root class of a derivation family checks the xsi:type it reads and writes one only
+    // where the object's type isn't the one its element declares.
+    if (IsFamily(cls) && cls.m_nBase < 0) {
         s += "\nCXmlElement* " + c +
              "::FromXml_Int(CXmlElement* pElement, CXmlElement* pFirstChild, const CSerializationContext& ctx,\n"
              "                                bool bOptionalChoice) {\n"
@@ -870,7 +872,6 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
              "pInfo->GetElementName().c_str()),\n"
              "            pElement->GetXPath());\n    }\n"
              "    return CXmlGeneratedClass::FromXml_Int(pElement, pFirstChild, ctx, bOptionalChoice);\n}\n";
-    if (IsFamily(cls) && cls.m_nBase < 0)
         s += "\nvoid " + c +
              "::AttributesToXml_Int(CXmlWriter* pWriter, const CSerializationContext& ctx) const {\n"
              "    try {\n"
@@ -884,6 +885,7 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
              "    } catch (const COxException& e) {\n"
              "        throw COxException(\"Failed to convert attributes to XML\", e);\n"
              "    }\n}\n";
+    }
 
     if (cls.m_bCollectionItem) {
         const std::string strItem = "p" + Stem(cls), strNew = "New" + Stem(cls);
