@@ -216,7 +216,7 @@ std::vector<XSTypeDefinition*> CInstanceGenerator::DerivedTypes(XSTypeDefinition
 
 bool CInstanceGenerator::Element(XSElementDeclaration* pDeclaration, int nDepth, CNode& node) {
     // A member of the element's substitution group may stand in its place.
-    if (m_options.m_bDerivations && (pDeclaration->getAbstract() || Chance(30))) {
+    if (Derivations() && (pDeclaration->getAbstract() || Chance(30))) {
         // Members name the head directly or through another member.
         std::vector<XSElementDeclaration*> vecMembers;
         XSNamedMap<XSObject>* pElements = m_pModel->getComponents(XSConstants::ELEMENT_DECLARATION);
@@ -251,7 +251,9 @@ bool CInstanceGenerator::Element(XSElementDeclaration* pDeclaration, int nDepth,
         return true;
     }
     XSComplexTypeDefinition* pComplex = static_cast<XSComplexTypeDefinition*>(pType);
-    if (m_options.m_bDerivations && (pComplex->getAbstract() || Chance(30))) {
+    // An element of xs:anyType is an untyped element in the bindings: see Derivations().
+    const bool bAnyType = Text(pComplex->getName()) == "anyType" && Text(pComplex->getNamespace()) == kSchemaNamespace;
+    if (Derivations() && !bAnyType && (pComplex->getAbstract() || Chance(30))) {
         const std::vector<XSTypeDefinition*> vecDerived = DerivedTypes(pComplex);
         if (!vecDerived.empty()) {
             pComplex = static_cast<XSComplexTypeDefinition*>(vecDerived[m_rng() % vecDerived.size()]);
@@ -393,7 +395,10 @@ bool CInstanceGenerator::Wildcard(XSWildcard* pWildcard, int nDepth, CNode& pare
             return false;
         }
         parent.m_vecChildren.emplace_back();
-        return Element(vecCandidates[m_rng() % vecCandidates.size()], nDepth, parent.m_vecChildren.back());
+        ++m_nInWildcard;
+        const bool bMade = Element(vecCandidates[m_rng() % vecCandidates.size()], nDepth, parent.m_vecChildren.back());
+        --m_nInWildcard;
+        return bMade;
     }
     std::string strNamespace;
     if (Allows(pWildcard, s_pszForeignNamespace)) {
@@ -603,7 +608,13 @@ bool CInstanceGenerator::AtomicValue(XSSimpleTypeDefinition* pType, std::string&
     } else if (strBuiltIn == "gDay") {
         std::snprintf(szValue, sizeof szValue, "---%02d", nDay);
     } else if (strBuiltIn == "duration") {
-        std::snprintf(szValue, sizeof szValue, "P%dDT%dH%dM%dS", nDay, nHour, nMinute, nSecond);
+        // The form the bindings write: no part that is zero (the day never is).
+        strValue = "P" + std::to_string(nDay) + "D";
+        if (nHour || nMinute || nSecond) strValue += "T";
+        if (nHour) strValue += std::to_string(nHour) + "H";
+        if (nMinute) strValue += std::to_string(nMinute) + "M";
+        if (nSecond) strValue += std::to_string(nSecond) + "S";
+        return true;
     } else if (strBuiltIn == "hexBinary" || strBuiltIn == "base64Binary") {
         // Lengths of binary types count octets.
         long long nOctets =

@@ -60,6 +60,11 @@ private:
         std::vector<CNode> m_vecChildren;
     };
 
+    // Whether xsi:type and substitution-group members may be made here. Not in what the
+    // bindings hold as untyped elements (content of a wildcard, an element of xs:anyType):
+    // those keep the xsi:type text but not the namespace declaration its prefix needs, so
+    // what they write back is invalid (open bug).
+    bool Derivations() const { return m_options.m_bDerivations && m_nInWildcard == 0; }
     bool Minimal(int nDepth) const {
         return nDepth >= m_options.m_nMaxDepth || m_nElements >= m_options.m_nMaxElements;
     }
@@ -91,6 +96,7 @@ private:
     std::mt19937_64 m_rng;
     int m_nElements = 0;
     int m_nIds = 0;
+    int m_nInWildcard = 0;  // depth of strict wildcards the element being made stands in
     std::string m_strFailure;
     std::map<const void*, long long> m_mapMinimal;
     std::set<const void*> m_setInProgress;
