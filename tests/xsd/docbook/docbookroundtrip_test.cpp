@@ -18,7 +18,9 @@ TEST(GeneratedDocBook, RandomDocumentsComeBackValidAndEqual) {
               ORVEXXML_DOCBOOK_XSD,
               &DocBook::CreateRootElement,
               {{"article", pszDocBook}, {"section", pszDocBook}, {"para", pszDocBook}},
-              70},
+              70,
+              "",
+              ""},
              3);
 }
 
