@@ -65,7 +65,7 @@ TEST(GeneratedRoundTrip, RandomContentModelsComeBackValidAndEqual) {
 // nothing from the network. The generator finds the same copies through -I.
 class SamlRoundTrip : public testing::Test {
 protected:
-    static void SetUpTestSuite() {
+    void SetUp() override {
         const std::string strTooling = ORVEXXML_XMLTOOLING_SCHEMA_DIR, strSaml = ORVEXXML_SAML_SCHEMA_DIR;
         const std::string strDir = SchemaDir();
         ASSERT_EQ(std::system(("mkdir -p '" + strDir + "'").c_str()), 0);
@@ -86,8 +86,12 @@ protected:
             << "/saml-schema-metadata-2.0.xsd\"/>\n"
             << "</xs:schema>\n";
     }
-    static void TearDownTestSuite() { EXPECT_EQ(std::system(("rm -rf '" + SchemaDir() + "'").c_str()), 0); }
-    static std::string SchemaDir() { return testing::TempDir() + "instanceroundtrip_samlschema"; }
+    void TearDown() override { EXPECT_EQ(std::system(("rm -rf '" + SchemaDir() + "'").c_str()), 0); }
+    // One per test: ctest runs the tests of the suite at the same time.
+    static std::string SchemaDir() {
+        return testing::TempDir() + "instanceroundtrip_samlschema_" +
+               testing::UnitTest::GetInstance()->current_test_info()->name();
+    }
 
     static CSchemaSet Set(const char* pszLabel, int nDocuments, bool bDerivations) {
         const char* const pszAssertion = "urn:oasis:names:tc:SAML:2.0:assertion";

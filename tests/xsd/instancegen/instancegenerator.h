@@ -27,8 +27,7 @@ public:
         int m_nMaxOccurs = 3;      // a repeat above this many stops at it (or at its minimum)
         int m_nMaxDepth = 8;       // from this depth on, only what the model demands
         int m_nMaxElements = 200;  // after this many elements, only what the model demands
-        // xsi:type for derived types and members of substitution groups; off while the compiler
-        // doesn't bind them.
+        // xsi:type for derived types and members of substitution groups (--derivations).
         bool m_bDerivations = false;
     };
 
