@@ -782,11 +782,16 @@ std::string CCodeEmitter::ClassSource(const CClassModel& cls) const {
         const std::string& p = member.m_strProperty;
         if (member.m_eOccurrence == Occurrence_Collection) continue;
         if (member.m_eKind == MemberKind_Untyped) {
-            s += "void " + c + "::Set" + p + "(CElement* value) {\n" +
-                 (OwnChoice(cls)
-                      ? "    Choice_SelectElement(" + Quote(member.m_strXmlName) + ", value, m_strSelectedElement);\n"
-                      : std::string()) +
-                 "    m_" + p + " = value;\n}\n\n";
+            // The reader stores null in an untyped member of a choice that finds nothing:
+            // that clears the member if it is selected but mustn't select it, or the member
+            // that matches next would be refused.
+            const std::string strName = Quote(member.m_strXmlName);
+            s +=
+                "void " + c + "::Set" + p + "(CElement* value) {\n" +
+                (OwnChoice(cls) ? "    if (value || m_strSelectedElement == " + strName +
+                                      ")\n        Choice_SelectElement(" + strName + ", value, m_strSelectedElement);\n"
+                                : std::string()) +
+                "    m_" + p + " = value;\n}\n\n";
             continue;
         }
         if (member.m_eKind == MemberKind_Class) {

@@ -543,6 +543,12 @@ void CModelBuilder::AddSubstitutionGroup(int nClass, XSParticle* pParticle,
                    pParticle->getMinOccurs() > 0);
 }
 
+// The occurrences of a particle, the maximum -1 when unbounded.
+static int MinOccurs(XSParticle* pParticle) { return static_cast<int>(pParticle->getMinOccurs()); }
+static int MaxOccurs(XSParticle* pParticle) {
+    return pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs());
+}
+
 void CModelBuilder::AddGroupMember(int nClass, int nGroup, XSParticle* pParticle, const std::string& strName,
                                    const std::string& strDescription, bool bMustConsume) {
     CMemberModel member;
@@ -552,8 +558,7 @@ void CModelBuilder::AddGroupMember(int nClass, int nGroup, XSParticle* pParticle
     member.m_strXmlNamespace = m_model.m_vecClasses[nClass].m_strNamespace;
     member.m_strProperty = TakeMemberName(nClass, strName);
     member.m_strDescription = strDescription;
-    SetOccurrences(member, nClass, static_cast<int>(pParticle->getMinOccurs()),
-                   pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs()));
+    SetOccurrences(member, nClass, MinOccurs(pParticle), MaxOccurs(pParticle));
     member.m_bMustConsume = bMustConsume;
     if (member.m_eOccurrence == Occurrence_Collection) m_model.m_vecClasses[nGroup].m_bCollectionItem = true;
     m_model.m_vecClasses[nClass].m_vecMembers.push_back(member);
@@ -580,8 +585,7 @@ void CModelBuilder::AddElement(int nClass, XSParticle* pParticle, const CPlace& 
             return;
         }
     }
-    AddElementMember(nClass, pElement, static_cast<int>(pParticle->getMinOccurs()),
-                     pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs()), place);
+    AddElementMember(nClass, pElement, MinOccurs(pParticle), MaxOccurs(pParticle), place);
 }
 
 void CModelBuilder::AddElementMember(int nClass, XSElementDeclaration* pElement, int nMinOccurs, int nMaxOccurs,
@@ -651,16 +655,16 @@ std::string CModelBuilder::Restriction(XSWildcard* pWildcard) {
     return strList.empty() ? "##local" : strList;
 }
 
-void CModelBuilder::AddWildcard(int nClass, XSParticle* pParticle) {
+void CModelBuilder::AddWildcard(int nClass, XSWildcard* pWildcard, int nMinOccurs, int nMaxOccurs) {
     CMemberModel member;
     member.m_eKind = MemberKind_Untyped;
     member.m_strXmlName = "AnyElement";
     member.m_strXmlNamespace = m_model.m_vecClasses[nClass].m_strNamespace;
     member.m_strProperty = TakeMemberName(nClass, "AnyElement");
-    member.m_strRestriction = Restriction(pParticle->getWildcardTerm());
+    member.m_strRestriction = Restriction(pWildcard);
     member.m_strDescription = "any element of " + member.m_strRestriction;
-    member.m_nMinOccurs = static_cast<int>(pParticle->getMinOccurs());
-    member.m_nMaxOccurs = pParticle->getMaxOccursUnbounded() ? -1 : static_cast<int>(pParticle->getMaxOccurs());
+    member.m_nMinOccurs = nMinOccurs;
+    member.m_nMaxOccurs = nMaxOccurs;
     // Once and optional: one CElement; else a CElementCol whose limits keep the counts.
     const bool bOptionalOnce =
         member.m_nMaxOccurs == 1 && (member.m_nMinOccurs == 0 || m_model.m_vecClasses[nClass].m_bChoice);
@@ -749,6 +753,18 @@ std::string CModelBuilder::GroupName(XSModelGroup* pGroup, int nParent) {
 
 void CModelBuilder::AddGroup(int nClass, XSParticle* pParticle, const CPlace& place) {
     XSModelGroup* pGroup = pParticle->getModelGroupTerm();
+    XSParticleList* pParticles = pGroup->getParticles();
+    if (pParticles && pParticles->size() == 1 && pParticles->elementAt(0)->getTermType() == XSParticle::TERM_WILDCARD) {
+        // A group of one wildcard is that wildcard with the occurrences multiplied: a class
+        // per item would hold one element each, and a wildcard reading a run of elements
+        // can't leave the rest of the run to the group's next item.
+        XSParticle* pOnly = pParticles->elementAt(0);
+        const int nMax = MaxOccurs(pParticle) == -1 || MaxOccurs(pOnly) == -1
+                             ? (MaxOccurs(pParticle) == 0 || MaxOccurs(pOnly) == 0 ? 0 : -1)
+                             : MaxOccurs(pParticle) * MaxOccurs(pOnly);
+        AddWildcard(nClass, pOnly->getWildcardTerm(), MinOccurs(pParticle) * MinOccurs(pOnly), nMax);
+        return;
+    }
     const std::string strName = GroupName(pGroup, nClass);
     // Every reference to a named group shares the one class made at the first; the entry is
     // made before the group is filled, so that a group reached again through its own
@@ -778,7 +794,7 @@ void CModelBuilder::FillGroup(int nClass, XSModelGroup* pGroup, const CPlace& pl
                 AddElement(nClass, pChild, place);
                 break;
             case XSParticle::TERM_WILDCARD:
-                AddWildcard(nClass, pChild);
+                AddWildcard(nClass, pChild->getWildcardTerm(), MinOccurs(pChild), MaxOccurs(pChild));
                 break;
             case XSParticle::TERM_MODELGROUP:
                 AddGroup(nClass, pChild, place);

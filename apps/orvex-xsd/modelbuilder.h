@@ -70,7 +70,7 @@ private:
     void AddAttributes(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place,
                        const std::set<std::string>& setInherited = std::set<std::string>());
     void AddSimpleContent(int nClass, xercesc::XSSimpleTypeDefinition* pType, const CPlace& place);
-    void AddWildcard(int nClass, xercesc::XSParticle* pParticle);
+    void AddWildcard(int nClass, xercesc::XSWildcard* pWildcard, int nMinOccurs, int nMaxOccurs);
     void AddAttributeWildcard(int nClass, xercesc::XSComplexTypeDefinition* pType);
     static std::string Restriction(xercesc::XSWildcard* pWildcard);
     // The named group a model group stands for, or null for one written in place.

@@ -17,6 +17,7 @@
 
 #include "box.h"
 #include "config.h"
+#include "envelope.h"
 #include "journal.h"
 #include "leaf.h"
 #include "node2.h"
@@ -161,6 +162,19 @@ TEST(GeneratedOpenContent, WildcardsAndUntypedElementsKeepWhatTheyRead) {
     box->FromXml("<Box><Header>h</Header><Stamp/><Stamp>2</Stamp><x:Stamp xmlns:x=\"urn:x\"/></Box>", Ctx());
     EXPECT_EQ(box->GetStamp().GetCount(), 2);
     EXPECT_EQ(box->GetAnyElement().GetCount(), 1);
+}
+
+// A choice whose first member is untyped: when that member finds nothing, the simple member
+// after it is still free to be chosen. A repeated sequence of one wildcard is that wildcard,
+// repeated: one collection, in document order.
+TEST(GeneratedOpenContent, RepeatedChoiceWithAnUntypedMemberAndARepeatedWildcardGroup) {
+    const char* const pszDocument =
+        "<Envelope><Ref>urn:a</Ref><Extra><x>1</x></Extra><Ref>urn:b</Ref><Body>b</Body>"
+        "<AA:a xmlns:AA=\"urn:o\">1</AA:a><AA:b xmlns:AA=\"urn:o\"/></Envelope>";
+    CSmartPtr<XsdModels::CEnvelope> envelope = XsdModels::CEnvelope::CreateInstance();
+    envelope->FromXml(pszDocument, Ctx());
+    EXPECT_EQ(envelope->GetAnyElement().GetCount(), 2);
+    EXPECT_EQ(envelope->ToXml(false, false, EOLType_LF, Ctx()), pszDocument);
 }
 
 TEST(GeneratedAll, TakesTheElementsInAnyOrderAndWritesThemInTheSchemasOrder) {

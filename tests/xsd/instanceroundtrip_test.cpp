@@ -50,6 +50,7 @@ TEST(GeneratedRoundTrip, RandomContentModelsComeBackValidAndEqual) {
                {"Schedule", ""},
                {"Journal", ""},
                {"Votes", ""},
+               {"Envelope", ""},
                {"Tree", ""}},
               40,
               "",
