@@ -56,8 +56,9 @@ struct CMemberModel {
     bool m_bHasDefault = false;
     std::string m_strDefault;
     bool m_bNillable = false;
-    bool m_bMustConsume = false;   // a mandatory group that can't be empty: it must take an element
-    std::string m_strDescription;  // the schema type as the header comment names it
+    bool m_bMustConsume = false;     // a mandatory group that can't be empty: it must take an element
+    std::string m_strDescription;    // the schema type as the header comment names it
+    std::string m_strDocumentation;  // the schema's xs:documentation of the declaration, lines ending in '\n'
 };
 
 struct CClassModel {
@@ -65,7 +66,8 @@ struct CClassModel {
     std::string m_strFile;  // party
     std::string m_strXmlName;
     std::string m_strNamespace;
-    std::string m_strOrigin;  // "the complex type Party", "the element orderBook"
+    std::string m_strOrigin;         // "the complex type Party", "the element orderBook"
+    std::string m_strDocumentation;  // the schema's xs:documentation of the element or type
     std::vector<CMemberModel> m_vecMembers;
     bool m_bChoice = false;          // the content is a choice (XmlElementGroupType_Choice)
     bool m_bAll = false;             // the content is an all group (XmlElementGroupType_All); neither: a sequence
@@ -90,6 +92,7 @@ struct CEnumModel {
     std::vector<std::string> m_vecIdentifiers;  // Status_open ...
     std::string m_strFile;
     std::string m_strOrigin;
+    std::string m_strDocumentation;  // the schema's xs:documentation of the simple type
     long long m_nOrder = 0;
     bool m_bCollectionItem = false;  // some member repeats it: emit C<Enum>Col
 };

@@ -30,6 +30,7 @@ private:
     std::string SchemaHeader() const;
     std::string SchemaSource() const;
     std::string Accessors(const CClassModel& cls, const CMemberModel& member) const;
+    std::string AccessorsOf(const CClassModel& cls, const CMemberModel& member) const;
     std::string MetaDataEntry(const CClassModel& cls, const CMemberModel& member,
                               const std::map<std::string, int>& mapRuleUses) const;
     std::string ExchangeCase(const CMemberModel& member) const;

@@ -9,6 +9,7 @@
 #include <xercesc/framework/psvi/XSNamedMap.hpp>
 #include <xercesc/framework/psvi/XSWildcard.hpp>
 
+#include "documentation.h"
 #include "filepaths.h"
 #include "xercestext.h"
 
@@ -242,6 +243,7 @@ void CModelBuilder::CreateTopLevelClasses() {
                 // A document element of a simple type: a class whose value is the element's text.
                 const int nClass =
                     NewClass(CNameRules::Word(strName), strName, strNamespace, "the element " + strName, top.m_nOrder);
+                m_model.m_vecClasses[nClass].m_strDocumentation = CDocumentation::Of(pElement->getAnnotation());
                 m_mapElementClass[pElement] = nClass;
                 m_vecSimplePending.push_back({nClass, {static_cast<XSSimpleTypeDefinition*>(pType), place}});
                 continue;
@@ -256,6 +258,8 @@ void CModelBuilder::CreateTopLevelClasses() {
             if (pType->getAnonymous() || (m_mapTypeUses[TypeKey(pType)] == 1 && !IsInFamily(pType))) {
                 const int nClass =
                     NewClass(CNameRules::Word(strName), strName, strNamespace, "the element " + strName, top.m_nOrder);
+                m_model.m_vecClasses[nClass].m_strDocumentation = CDocumentation::Join(
+                    CDocumentation::Of(pElement->getAnnotation()), CDocumentation::Of(pComplex->getAnnotations()));
                 m_mapElementClass[pElement] = nClass;
                 if (!pType->getAnonymous()) {
                     m_mapTypeClass[pComplex] = nClass;
@@ -271,6 +275,7 @@ void CModelBuilder::CreateTopLevelClasses() {
                 NewClass(CNameRules::Word(strName), strName, strNamespace, "the complex type " + strName, top.m_nOrder);
             m_model.m_vecClasses[nClass].m_bNamedType = true;
             m_model.m_vecClasses[nClass].m_bAbstract = pType->getAbstract();
+            m_model.m_vecClasses[nClass].m_strDocumentation = CDocumentation::Of(pType->getAnnotations());
             m_mapTypeClass[pType] = nClass;
             m_mapNamedTypeClass[strNamespace + " " + strName] = nClass;
             m_vecPending.push_back({nClass, {pType, CPlace{"complexType", strNamespace, strName}}});
@@ -309,6 +314,7 @@ std::string CModelBuilder::EnumFor(XSSimpleTypeDefinition* pType, const std::str
     model.m_strName = m_names.Take(CNameRules::Word(bNamed ? Text(pType->getName()) : strOwner));
     model.m_strFile = CNameRules::Lower(model.m_strName);
     model.m_strOrigin = bNamed ? "the simple type " + Text(pType->getName()) : "the values of " + strOwner;
+    model.m_strDocumentation = CDocumentation::Of(pType->getAnnotations());
     StringList* pValues = pType->getLexicalEnumeration();
     CNameTable identifiers;
     for (XMLSize_t i = 0; pValues && i < pValues->size(); ++i) {
@@ -443,9 +449,65 @@ int CModelBuilder::ClassOfElement(XSElementDeclaration* pElement, const CPlace& 
     // An anonymous type of a local element: a class named after the element.
     const int nClass = NewClass(CNameRules::Word(strName), strName, Text(pElement->getNamespace()),
                                 "the type of the local element " + strName, 0);
+    m_model.m_vecClasses[nClass].m_strDocumentation = CDocumentation::Join(
+        CDocumentation::Of(pElement->getAnnotation()), CDocumentation::Of(pType->getAnnotations()));
     m_mapTypeClass[pType] = nClass;
     FillClass(nClass, pType, place);
     return nClass;
+}
+
+// The attribute names an attribute group brings, in document order, nested groups in
+// place. A reference names the group by QName; its local name is looked up in the
+// component's namespace first (a group may not refer to itself: the depth bounds a cycle).
+void CModelBuilder::AttributeGroupNames(const std::string& strRef, const std::string& strNamespace, int nDepth,
+                                        std::vector<std::string>& vecNames) const {
+    if (nDepth > 32) return;
+    const std::string strLocal = strRef.substr(strRef.find(':') + 1);
+    size_t nDocument = 0, nNode = 0;
+    if (!m_index.FindTopLevel("attributeGroup", strNamespace, strLocal, nDocument, nNode)) {
+        bool bFound = false;
+        for (const CSourceIndex::CDocument& document : m_index.GetDocuments()) {
+            if (m_index.FindTopLevel("attributeGroup", document.m_strTargetNamespace, strLocal, nDocument, nNode)) {
+                bFound = true;
+                break;
+            }
+        }
+        if (!bFound) return;
+    }
+    const CSourceIndex::CDocument& document = m_index.GetDocuments()[nDocument];
+    const std::vector<CSourceIndex::CNode>& vecNodes = document.m_vecNodes;
+    for (size_t n = nNode + 1; n < vecNodes.size() && vecNodes[n].m_nTopLevel == static_cast<int>(nNode); ++n) {
+        if (vecNodes[n].m_nDepth != vecNodes[nNode].m_nDepth + 1) continue;
+        if (vecNodes[n].m_strKind == "attribute")
+            vecNames.push_back(vecNodes[n].m_strName.empty()
+                                   ? vecNodes[n].m_strRef.substr(vecNodes[n].m_strRef.find(':') + 1)
+                                   : vecNodes[n].m_strName);
+        else if (vecNodes[n].m_strKind == "attributeGroup" && !vecNodes[n].m_strRef.empty())
+            AttributeGroupNames(vecNodes[n].m_strRef, document.m_strTargetNamespace, nDepth + 1, vecNames);
+    }
+}
+
+long long CModelBuilder::AttributeOrder(const CPlace& place, const std::string& strName) const {
+    // Document order: the position of the declaration (or reference) in the component, or of
+    // the reference to the attribute group that brings it, then its place in that group.
+    size_t nDocument = 0, nNode = 0;
+    if (!m_index.FindTopLevel(place.m_strKind, place.m_strNamespace, place.m_strName, nDocument, nNode))
+        return 1LL << 40;
+    const std::vector<CSourceIndex::CNode>& vecNodes = m_index.GetDocuments()[nDocument].m_vecNodes;
+    for (size_t n = nNode + 1; n < vecNodes.size() && vecNodes[n].m_nTopLevel == static_cast<int>(nNode); ++n) {
+        const CSourceIndex::CNode& node = vecNodes[n];
+        const std::string strRef = node.m_strRef.substr(node.m_strRef.find(':') + 1);
+        if (node.m_strKind == "attribute" && (node.m_strName == strName || strRef == strName))
+            return static_cast<long long>(n) << 16;
+        if (node.m_strKind == "attributeGroup" && !node.m_strRef.empty()) {
+            std::vector<std::string> vecNames;
+            AttributeGroupNames(node.m_strRef, m_index.GetDocuments()[nDocument].m_strTargetNamespace, 0, vecNames);
+            for (size_t k = 0; k < vecNames.size(); ++k) {
+                if (vecNames[k] == strName) return (static_cast<long long>(n) << 16) + static_cast<long long>(k) + 1;
+            }
+        }
+    }
+    return 1LL << 40;
 }
 
 void CModelBuilder::AddAttributes(int nClass, XSComplexTypeDefinition* pType, const CPlace& place,
@@ -457,21 +519,7 @@ void CModelBuilder::AddAttributes(int nClass, XSComplexTypeDefinition* pType, co
         if (setInherited.count(Text(pUse->getAttrDeclaration()->getNamespace()) + " " +
                                Text(pUse->getAttrDeclaration()->getName())))
             continue;
-        // Document order: the position of the declaration (or reference) in the component.
-        size_t nDocument = 0, nNode = 0;
-        long long nOrder = 1LL << 40;
-        if (m_index.FindTopLevel(place.m_strKind, place.m_strNamespace, place.m_strName, nDocument, nNode)) {
-            const std::vector<CSourceIndex::CNode>& vecNodes = m_index.GetDocuments()[nDocument].m_vecNodes;
-            const std::string strName = Text(pUse->getAttrDeclaration()->getName());
-            for (size_t n = nNode + 1; n < vecNodes.size() && vecNodes[n].m_nTopLevel == static_cast<int>(nNode); ++n) {
-                const std::string strRef = vecNodes[n].m_strRef.substr(vecNodes[n].m_strRef.find(':') + 1);
-                if (vecNodes[n].m_strKind == "attribute" && (vecNodes[n].m_strName == strName || strRef == strName)) {
-                    nOrder = static_cast<long long>(n);
-                    break;
-                }
-            }
-        }
-        vecUses.push_back({nOrder, pUse});
+        vecUses.push_back({AttributeOrder(place, Text(pUse->getAttrDeclaration()->getName())), pUse});
     }
     std::stable_sort(vecUses.begin(), vecUses.end(), [](const auto& a, const auto& b) {
         if (a.first != b.first) return a.first < b.first;
@@ -483,6 +531,7 @@ void CModelBuilder::AddAttributes(int nClass, XSComplexTypeDefinition* pType, co
         CMemberModel member;
         member.m_bAttribute = true;
         member.m_strXmlName = Text(pDeclaration->getName());
+        member.m_strDocumentation = CDocumentation::Of(pDeclaration->getAnnotation());
         member.m_strXmlNamespace = Text(pDeclaration->getNamespace());
         member.m_strProperty = TakeMemberName(nClass, member.m_strXmlName);
         member.m_eOccurrence = pUse->getRequired() ? Occurrence_Mandatory : Occurrence_Optional;
@@ -593,6 +642,7 @@ void CModelBuilder::AddElementMember(int nClass, XSElementDeclaration* pElement,
     CMemberModel member;
     member.m_strXmlName = Text(pElement->getName());
     member.m_strXmlNamespace = Text(pElement->getNamespace());
+    member.m_strDocumentation = CDocumentation::Of(pElement->getAnnotation());
     const std::string& strName = member.m_strXmlName;
     member.m_strProperty = TakeMemberName(nClass, strName);
     SetOccurrences(member, nClass, nMinOccurs, nMaxOccurs);

@@ -67,6 +67,9 @@ private:
     bool IsByDocument(xercesc::XSTypeDefinition* pType) const;
     // A named type that takes part in derivation: it has a complex base or named derived types.
     bool IsInFamily(xercesc::XSTypeDefinition* pType) const;
+    long long AttributeOrder(const CPlace& place, const std::string& strName) const;
+    void AttributeGroupNames(const std::string& strRef, const std::string& strNamespace, int nDepth,
+                             std::vector<std::string>& vecNames) const;
     void AddAttributes(int nClass, xercesc::XSComplexTypeDefinition* pType, const CPlace& place,
                        const std::set<std::string>& setInherited = std::set<std::string>());
     void AddSimpleContent(int nClass, xercesc::XSSimpleTypeDefinition* pType, const CPlace& place);

@@ -256,6 +256,24 @@ TEST_F(OrvexXsdProgram, CompilesTheOrderBookIntoTheShapeOfItsHandBinding) {
     }
 }
 
+TEST_F(OrvexXsdProgram, WritesTheSchemasDocumentationAsComments) {
+    // The texts of xs:documentation without their markup, each line trimmed, several of them
+    // apart by an empty line; xs:appinfo is not documentation. A line ending in a backslash
+    // mustn't continue its comment onto the code below.
+    ASSERT_EQ(Run("-o out '" + std::string(ORVEXXML_SOURCE_DIR) + "/tests/xsd/contentmodels.xsd'"), 0);
+    const std::string strNote = ReadFile(m_strDir + "/out/note.h");
+    EXPECT_NE(strNote.find("\n// A note: its text is the value.\n//\n// A path such as C:\\notes\\.\nclass CNote "),
+              std::string::npos)
+        << strNote;
+    EXPECT_EQ(strNote.find("appinfo"), std::string::npos);
+    const std::string strPrice = ReadFile(m_strDir + "/out/price.h");
+    EXPECT_NE(
+        strPrice.find("    // @currency: xs:string, required\n    // The ISO 4217 code.\n    //\n    // Der Code.\n"
+                      "    const std::string& GetCurrency() const"),
+        std::string::npos)
+        << strPrice;
+}
+
 TEST_F(OrvexXsdProgram, AnswersHelpAndVersion) {
     EXPECT_EQ(Run("--version"), 0);
     EXPECT_EQ(m_strOut, "orvex-xsd 16.1.0\n");

@@ -132,6 +132,11 @@ TEST(GeneratedSimpleContent, TheElementTextIsTheValueOfTheClass) {
     EXPECT_EQ(price->GetCurrency(), "EUR");
     EXPECT_TRUE(price->GetValue() == CDecimal("12.5"));
     EXPECT_EQ(price->ToXml(false, false, EOLType_LF, Ctx()), "<Price currency=\"EUR\">12.5</Price>");
+    // Attributes are written in the schema's order, those of attribute groups where the
+    // group is referred to.
+    price->FromXml("<Price vat=\"true\" on=\"2026-01-02\" by=\"x\" currency=\"EUR\">1</Price>", Ctx());
+    EXPECT_EQ(price->ToXml(false, false, EOLType_LF, Ctx()),
+              "<Price currency=\"EUR\" by=\"x\" on=\"2026-01-02\" vat=\"true\">1</Price>");
     EXPECT_THROW(price->FromXml("<Price currency=\"EUR\">twelve</Price>", Ctx()), COxException);
 
     CSmartPtr<CXmlGeneratedClass> note = XsdModels::CreateRootElement("Note", "");
