@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "support/samlschemas.h"
+
 using namespace OrvexXml;
 using InstanceRoundTrip::CheckSet;
 using InstanceRoundTrip::CSchemaSet;
@@ -60,32 +62,14 @@ TEST(GeneratedRoundTrip, RandomContentModelsComeBackValidAndEqual) {
 
 #ifdef ORVEXXML_SAML_SCHEMA_DIR
 
-// The SAML set as the xsd tests compile it: one schema that imports the protocol and metadata
-// schemas (which import the assertion schema), and a catalog that maps the W3C locations of
-// XML Signature, XML Encryption and xml.xsd to the installed copies, so that xmllint reads
-// nothing from the network. The generator finds the same copies through -I.
+// The SAML set and its catalog (support/samlschemas.h); the generator finds the same copies
+// of the imported schemas through -I.
 class SamlRoundTrip : public testing::Test {
 protected:
     void SetUp() override {
-        const std::string strTooling = ORVEXXML_XMLTOOLING_SCHEMA_DIR, strSaml = ORVEXXML_SAML_SCHEMA_DIR;
         const std::string strDir = SchemaDir();
         ASSERT_EQ(std::system(("mkdir -p '" + strDir + "'").c_str()), 0);
-        std::ofstream(strDir + "/catalog.xml")
-            << "<catalog xmlns=\"urn:oasis:names:tc:entity:xmlns:xml:catalog\">\n"
-            << "  <uri name=\"http://www.w3.org/TR/2002/REC-xmldsig-core-20020212/xmldsig-core-schema.xsd\" "
-               "uri=\"file://"
-            << strTooling << "/xmldsig-core-schema.xsd\"/>\n"
-            << "  <uri name=\"http://www.w3.org/TR/2002/REC-xmlenc-core-20021210/xenc-schema.xsd\" uri=\"file://"
-            << strTooling << "/xenc-schema.xsd\"/>\n"
-            << "  <uri name=\"http://www.w3.org/2001/xml.xsd\" uri=\"file://" << strTooling << "/xml.xsd\"/>\n"
-            << "</catalog>\n";
-        std::ofstream(strDir + "/saml.xsd")
-            << "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\" targetNamespace=\"urn:orvex:test:saml\">\n"
-            << "  <xs:import namespace=\"urn:oasis:names:tc:SAML:2.0:protocol\" schemaLocation=\"file://" << strSaml
-            << "/saml-schema-protocol-2.0.xsd\"/>\n"
-            << "  <xs:import namespace=\"urn:oasis:names:tc:SAML:2.0:metadata\" schemaLocation=\"file://" << strSaml
-            << "/saml-schema-metadata-2.0.xsd\"/>\n"
-            << "</xs:schema>\n";
+        WriteSamlSchemaSet(strDir);
     }
     void TearDown() override { EXPECT_EQ(std::system(("rm -rf '" + SchemaDir() + "'").c_str()), 0); }
     // One per test: ctest runs the tests of the suite at the same time.

@@ -12,6 +12,7 @@
 
 #ifdef ORVEXXML_SAML_SCHEMA_DIR
 
+#include "support/samlschemas.h"
 #include "xsd_saml/attributetype.h"
 #include "xsd_saml/conditions.h"
 #include "xsd_saml/conditionschoice.h"
@@ -63,26 +64,7 @@ protected:
     void SetUp() override {
         m_strDir = testing::TempDir() + "saml_" + testing::UnitTest::GetInstance()->current_test_info()->name();
         ASSERT_EQ(std::system(("mkdir -p '" + m_strDir + "'").c_str()), 0);
-        // The schemas import their XML Signature, XML Encryption and XML namespace schemas from
-        // the W3C's site: the catalog maps them to the installed copies, and xmllint stays off
-        // the network.
-        const std::string strTooling = ORVEXXML_XMLTOOLING_SCHEMA_DIR, strSaml = ORVEXXML_SAML_SCHEMA_DIR;
-        std::ofstream(m_strDir + "/catalog.xml")
-            << "<catalog xmlns=\"urn:oasis:names:tc:entity:xmlns:xml:catalog\">\n"
-            << "  <uri name=\"http://www.w3.org/TR/2002/REC-xmldsig-core-20020212/xmldsig-core-schema.xsd\" "
-               "uri=\"file://"
-            << strTooling << "/xmldsig-core-schema.xsd\"/>\n"
-            << "  <uri name=\"http://www.w3.org/TR/2002/REC-xmlenc-core-20021210/xenc-schema.xsd\" uri=\"file://"
-            << strTooling << "/xenc-schema.xsd\"/>\n"
-            << "  <uri name=\"http://www.w3.org/2001/xml.xsd\" uri=\"file://" << strTooling << "/xml.xsd\"/>\n"
-            << "</catalog>\n";
-        std::ofstream(m_strDir + "/saml.xsd")
-            << "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\" targetNamespace=\"urn:orvex:test:saml\">\n"
-            << "  <xs:import namespace=\"urn:oasis:names:tc:SAML:2.0:protocol\" schemaLocation=\"file://" << strSaml
-            << "/saml-schema-protocol-2.0.xsd\"/>\n"
-            << "  <xs:import namespace=\"urn:oasis:names:tc:SAML:2.0:metadata\" schemaLocation=\"file://" << strSaml
-            << "/saml-schema-metadata-2.0.xsd\"/>\n"
-            << "</xs:schema>\n";
+        WriteSamlSchemaSet(m_strDir);
     }
     void TearDown() override { EXPECT_EQ(std::system(("rm -rf '" + m_strDir + "'").c_str()), 0); }
 
