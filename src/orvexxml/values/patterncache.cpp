@@ -18,6 +18,10 @@ namespace {
 // One pattern as compiled, or the message of its failure.
 struct CompiledPattern {
     pcre2_code* pCode = nullptr;
+    // Machine code for the pattern, where the platform's PCRE2 makes it: a match then runs
+    // several times faster than in the interpreter, which stays the judge of the rare match
+    // that the machine code can't finish (its own stack or the backtracking limit).
+    bool bJit = false;
     // The offset pairs that a match of the pattern fills.
     uint32_t nPairs = 0;
     std::string strError;
@@ -44,9 +48,11 @@ std::shared_ptr<const CompiledPattern> Compile(const std::string& strPattern) {
     uint32_t nCaptures = 0;
     int nError = 0;
     PCRE2_SIZE nErrorOffset = 0;
-    // The pattern ends at its first null byte.
-    pCompiled->pCode = pcre2_compile(reinterpret_cast<PCRE2_SPTR>(strPattern.c_str()), PCRE2_ZERO_TERMINATED, PCRE2_UTF,
-                                     &nError, &nErrorOffset, nullptr);
+    // The pattern ends at its first null byte. It is anchored when compiled rather than when
+    // matched, which means the same and lets the machine code run it: that code takes no
+    // anchoring option at match time.
+    pCompiled->pCode = pcre2_compile(reinterpret_cast<PCRE2_SPTR>(strPattern.c_str()), PCRE2_ZERO_TERMINATED,
+                                     PCRE2_UTF | PCRE2_ANCHORED, &nError, &nErrorOffset, nullptr);
     if (pCompiled->pCode == nullptr) {
         PCRE2_UCHAR buffer[256];
         pcre2_get_error_message(nError, buffer, sizeof(buffer));
@@ -56,6 +62,7 @@ std::shared_ptr<const CompiledPattern> Compile(const std::string& strPattern) {
     }
     pcre2_pattern_info(pCompiled->pCode, PCRE2_INFO_CAPTURECOUNT, &nCaptures);
     pCompiled->nPairs = nCaptures + 1;
+    pCompiled->bJit = pcre2_jit_compile(pCompiled->pCode, PCRE2_JIT_COMPLETE) == 0;
     return pCompiled;
 }
 
@@ -107,8 +114,13 @@ bool CPatternCache::MatchesWhole(const std::string& strPattern, PfnTranslate pfn
     thread_local MatchSettings settings;
     pcre2_match_data* pData = settings.pContext ? settings.DataFor(pCompiled->nPairs) : nullptr;
     if (pData == nullptr) throw std::bad_alloc();
-    const int nResult = pcre2_match(pCompiled->pCode, reinterpret_cast<PCRE2_SPTR>(pSubject), nLength, 0,
-                                    PCRE2_ANCHORED, pData, settings.pContext);
+    const PCRE2_SPTR pText = reinterpret_cast<PCRE2_SPTR>(pSubject);
+    int nResult = PCRE2_ERROR_NOMATCH;
+    if (pCompiled->bJit) nResult = pcre2_match(pCompiled->pCode, pText, nLength, 0, 0, pData, settings.pContext);
+    // Without machine code, or where it failed other than by finding no match, the
+    // interpreter gives the verdict.
+    if (!pCompiled->bJit || (nResult < 0 && nResult != PCRE2_ERROR_NOMATCH))
+        nResult = pcre2_match(pCompiled->pCode, pText, nLength, 0, PCRE2_NO_JIT, pData, settings.pContext);
     // Every negative result is no match: no match, a subject that isn't UTF-8, the limit.
     if (nResult <= 0) return false;
     const PCRE2_SIZE* pOffsets = pcre2_get_ovector_pointer(pData);
