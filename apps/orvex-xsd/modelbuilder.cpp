@@ -659,7 +659,10 @@ void CModelBuilder::AddElementMember(int nClass, XSElementDeclaration* pElement,
         member.m_nClass = ClassOfElement(pElement, place);
         member.m_strDescription = pType->getAnonymous() ? "anonymous type" : Text(pType->getName());
         member.m_bByDocument = IsByDocument(pType);
-        if (pElement->getNillable()) m_vecNillable.push_back(member.m_nClass);
+        if (pElement->getNillable())
+            m_vecNillable.push_back(member.m_nClass);
+        else
+            m_vecPlainUses.push_back({member.m_nClass, strName, place});
         if (member.m_eOccurrence == Occurrence_Collection)
             m_model.m_vecClasses[member.m_nClass].m_bCollectionItem = true;
     } else {
@@ -1075,6 +1078,17 @@ CSchemaSetModel CModelBuilder::Build(const std::string& strNamespace) {
     for (int nClass : m_vecNillable) {
         while (m_model.m_vecClasses[nClass].m_nBase >= 0) nClass = m_model.m_vecClasses[nClass].m_nBase;
         m_model.m_vecClasses[nClass].m_bNillable = true;
+    }
+    // The class can't tell its elements apart, so every element of it takes xsi:nil.
+    for (const CPlainUse& use : m_vecPlainUses) {
+        int nRoot = use.m_nClass;
+        while (m_model.m_vecClasses[nRoot].m_nBase >= 0) nRoot = m_model.m_vecClasses[nRoot].m_nBase;
+        if (!m_model.m_vecClasses[nRoot].m_bNillable) continue;
+        Warn(use.m_place, "element", use.m_strElement,
+             "element " + use.m_strElement + " is not nillable, but its class " +
+                 m_model.m_vecClasses[use.m_nClass].m_strName +
+                 " is an INillable because a nillable element shares it: xsi:nil is accepted on " + use.m_strElement +
+                 " too");
     }
     WarnIdentityConstraints();
     return m_model;

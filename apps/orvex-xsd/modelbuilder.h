@@ -119,6 +119,14 @@ private:
     std::set<std::string> m_setHasNamedDerived;  // TypeKey of the types that named types derive from
     std::set<int> m_setFilled;                   // classes whose members are made or being made
     std::vector<int> m_vecNillable;              // classes of nillable elements
+    // Elements of a class that aren't nillable, where that class may still become an INillable
+    // through another element: the class, the element and its place.
+    struct CPlainUse {
+        int m_nClass;
+        std::string m_strElement;
+        CPlace m_place;
+    };
+    std::vector<CPlainUse> m_vecPlainUses;
     std::map<xercesc::XSComplexTypeDefinition*, int> m_mapTypeClass;
     std::map<std::string, int> m_mapNamedTypeClass;  // "namespace name" of a named type
     std::map<xercesc::XSElementDeclaration*, int> m_mapElementClass;

@@ -94,6 +94,14 @@ const char* const kRestricted =
     "    <xs:sequence><xs:element name=\"a\" type=\"xs:int\" nillable=\"true\"/></xs:sequence>\n"
     "  </xs:restriction></xs:complexContent></xs:complexType>\n"
     "</xs:schema>\n";
+const char* const kSharedNillable =
+    "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">\n"
+    "  <xs:element name=\"P\"><xs:complexType><xs:sequence>\n"
+    "    <xs:element name=\"home\" type=\"A\" nillable=\"true\"/><xs:element name=\"work\" type=\"A\"/>\n"
+    "  </xs:sequence></xs:complexType></xs:element>\n"
+    "  <xs:complexType name=\"A\"><xs:sequence><xs:element name=\"s\" type=\"xs:string\"/></xs:sequence>"
+    "</xs:complexType>\n"
+    "</xs:schema>\n";
 const char* const kList =
     "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">\n"
     "  <xs:element name=\"w\">\n"
@@ -119,6 +127,7 @@ protected:
         Write("derived.xsd", kDerived);
         Write("list.xsd", kList);
         Write("restricted.xsd", kRestricted);
+        Write("nillable.xsd", kSharedNillable);
     }
     void TearDown() override { EXPECT_EQ(std::system(("rm -rf '" + m_strDir + "'").c_str()), 0); }
 
@@ -208,6 +217,10 @@ TEST_F(OrvexXsdProgram, FindsImportsOnlyWhereItIsToldAndWarnsOfWhatItCantBind) {
          "restricted.xsd:3:72: warning: the restriction R of B is bound with the members of B: what it narrows is not "
          "checked\n",
          {"b.cpp", "b.h", "r.cpp", "r.h", "schema.cpp", "schema.h", "schemafactory.cpp", "schemafactory.h"}},
+        {"-o out nillable.xsd",
+         "nillable.xsd:3:89: warning: element work is not nillable, but its class CA is an INillable because a "
+         "nillable element shares it: xsi:nil is accepted on work too\n",
+         {"a.cpp", "a.h", "p.cpp", "p.h", "schema.cpp", "schema.h", "schemafactory.cpp", "schemafactory.h"}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.pszArgs);
