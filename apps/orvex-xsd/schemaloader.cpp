@@ -1,5 +1,6 @@
 #include "schemaloader.h"
 
+#include <xercesc/dom/DOMException.hpp>
 #include <xercesc/framework/XMLGrammarPoolImpl.hpp>
 #include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
 #include <xercesc/sax/ErrorHandler.hpp>
@@ -96,6 +97,10 @@ void CSchemaLoader::Load(const std::vector<std::string>& vecFiles) {
                 throw CSchemaError(strFile, 0, 0, CXercesText::ToUtf8(e.getMessage()));
             } catch (const SAXParseException& e) {
                 handler.error(e);
+            } catch (const DOMException& e) {
+                // Xerces reads a schema through its DOM parser, which refuses some prologs
+                // (an XML declaration of a version it doesn't know) with an exception of its own.
+                throw CSchemaError(strFile, 0, 0, "the document can't be read: " + CXercesText::ToUtf8(e.getMessage()));
             }
             if (!handler.GetErrors().empty() || !resolver.GetUnresolved().empty()) break;
         }

@@ -128,6 +128,7 @@ protected:
         Write("list.xsd", kList);
         Write("restricted.xsd", kRestricted);
         Write("nillable.xsd", kSharedNillable);
+        Write("version.xsd", "<?xml version=\"1..0\"?>\n<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\"/>\n");
     }
     void TearDown() override { EXPECT_EQ(std::system(("rm -rf '" + m_strDir + "'").c_str()), 0); }
 
@@ -171,6 +172,10 @@ TEST_F(OrvexXsdProgram, RefusesWithItsExitCodeAndOneMessageAndWritesNothing) {
          "orvex-xsd: --namespace A::2B is not a C++ namespace name\nTry 'orvex-xsd --help'.\n"},
         {"-o out nofile.xsd", 1, "nofile.xsd: schema file not found\n"},
         {"-o out bad.xsd", 1, "bad.xsd:3:3: expected end of tag 'xs:element'\n"},
+        // Refused by Xerces' DOM parser with an exception of its own (found by fuzzing).
+        {"-o out version.xsd", 1,
+         "version.xsd: the document can't be read: implementation does not support the requested type of object or "
+         "operation\n"},
         {"-o out missing.xsd", 1, "missing.xsd:2:62: schema document nowhere.xsd not found\n"},
         {"-o out remote.xsd", 1,
          "remote.xsd:2:83: refusing to fetch http://example.org/schemas/b.xsd: no local copy found (map it with "
