@@ -26,7 +26,8 @@ mkdir -p build-fuzz
   tools/deps.sh
   CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
     -DORVEXXML_BUILD_FUZZERS=ON -DORVEXXML_BUILD_TESTS=OFF -DORVEXXML_BUILD_DEMO=OFF >/dev/null
-  cmake --build build-fuzz --target read_xml_fuzzer read_values_fuzzer read_json_fuzzer read_fi_fuzzer
+  cmake --build build-fuzz --target read_xml_fuzzer read_values_fuzzer read_json_fuzzer read_fi_fuzzer \
+    compile_xsd_fuzzer
 ) 9>build-fuzz/.build.lock
 
 work="build-fuzz/long/$target"

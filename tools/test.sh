@@ -37,8 +37,9 @@ TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1 \
 echo "== fuzzing (bounded runs)"
 CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DORVEXXML_BUILD_FUZZERS=ON -DORVEXXML_BUILD_TESTS=OFF -DORVEXXML_BUILD_DEMO=OFF
-cmake --build build-fuzz -j "$jobs" --target read_xml_fuzzer read_values_fuzzer read_json_fuzzer read_fi_fuzzer
-for target in read_xml read_values read_json read_fi; do
+cmake --build build-fuzz -j "$jobs" --target read_xml_fuzzer read_values_fuzzer read_json_fuzzer read_fi_fuzzer \
+  compile_xsd_fuzzer
+for target in read_xml read_values read_json read_fi compile_xsd; do
   mkdir -p "build-fuzz/corpus/$target"
   ASAN_OPTIONS=detect_leaks=1 "./build-fuzz/fuzz/${target}_fuzzer" -max_total_time="${FUZZ_SECONDS:-60}" \
     -rss_limit_mb=2048 -timeout=10 -artifact_prefix="build-fuzz/" "build-fuzz/corpus/$target" "fuzz/corpus/$target"
