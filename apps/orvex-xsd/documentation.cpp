@@ -1,6 +1,5 @@
 #include "documentation.h"
 
-#include <memory>
 #include <vector>
 #include <xercesc/dom/DOM.hpp>
 #include <xercesc/framework/MemBufInputSource.hpp>

@@ -89,6 +89,9 @@ std::string TypeKey(XSTypeDefinition* pType) {
 
 long long Number(const std::string& strText) { return strText.empty() ? -1 : std::stoll(strText); }
 
+// The local part of a QName as written (a ref attribute): what follows the colon, or all of it.
+std::string LocalPart(const std::string& strQName) { return strQName.substr(strQName.find(':') + 1); }
+
 }  // namespace
 
 CModelBuilder::CModelBuilder(XSModel* pModel, const CSourceIndex& index, bool bStrict)
@@ -106,7 +109,7 @@ CSchemaError CModelBuilder::At(const CPlace& place, const std::string& strLocalK
         for (size_t n = nNode + 1; n < document.m_vecNodes.size(); ++n) {
             const CSourceIndex::CNode& node = document.m_vecNodes[n];
             if (node.m_nTopLevel != static_cast<int>(nNode)) break;
-            const std::string strRefName = node.m_strRef.substr(node.m_strRef.find(':') + 1);
+            const std::string strRefName = LocalPart(node.m_strRef);
             if (node.m_strKind == strLocalKind &&
                 (strLocalName.empty() || node.m_strName == strLocalName || strRefName == strLocalName)) {
                 pNode = &node;
@@ -462,7 +465,7 @@ int CModelBuilder::ClassOfElement(XSElementDeclaration* pElement, const CPlace& 
 void CModelBuilder::AttributeGroupNames(const std::string& strRef, const std::string& strNamespace, int nDepth,
                                         std::vector<std::string>& vecNames) const {
     if (nDepth > 32) return;
-    const std::string strLocal = strRef.substr(strRef.find(':') + 1);
+    const std::string strLocal = LocalPart(strRef);
     size_t nDocument = 0, nNode = 0;
     if (!m_index.FindTopLevel("attributeGroup", strNamespace, strLocal, nDocument, nNode)) {
         bool bFound = false;
@@ -479,9 +482,7 @@ void CModelBuilder::AttributeGroupNames(const std::string& strRef, const std::st
     for (size_t n = nNode + 1; n < vecNodes.size() && vecNodes[n].m_nTopLevel == static_cast<int>(nNode); ++n) {
         if (vecNodes[n].m_nDepth != vecNodes[nNode].m_nDepth + 1) continue;
         if (vecNodes[n].m_strKind == "attribute")
-            vecNames.push_back(vecNodes[n].m_strName.empty()
-                                   ? vecNodes[n].m_strRef.substr(vecNodes[n].m_strRef.find(':') + 1)
-                                   : vecNodes[n].m_strName);
+            vecNames.push_back(vecNodes[n].m_strName.empty() ? LocalPart(vecNodes[n].m_strRef) : vecNodes[n].m_strName);
         else if (vecNodes[n].m_strKind == "attributeGroup" && !vecNodes[n].m_strRef.empty())
             AttributeGroupNames(vecNodes[n].m_strRef, document.m_strTargetNamespace, nDepth + 1, vecNames);
     }
@@ -496,7 +497,7 @@ long long CModelBuilder::AttributeOrder(const CPlace& place, const std::string& 
     const std::vector<CSourceIndex::CNode>& vecNodes = m_index.GetDocuments()[nDocument].m_vecNodes;
     for (size_t n = nNode + 1; n < vecNodes.size() && vecNodes[n].m_nTopLevel == static_cast<int>(nNode); ++n) {
         const CSourceIndex::CNode& node = vecNodes[n];
-        const std::string strRef = node.m_strRef.substr(node.m_strRef.find(':') + 1);
+        const std::string strRef = LocalPart(node.m_strRef);
         if (node.m_strKind == "attribute" && (node.m_strName == strName || strRef == strName))
             return static_cast<long long>(n) << 16;
         if (node.m_strKind == "attributeGroup" && !node.m_strRef.empty()) {
@@ -903,6 +904,11 @@ bool CModelBuilder::IsInFamily(XSTypeDefinition* pType) const {
     return m_setHasNamedDerived.count(TypeKey(pType)) > 0;
 }
 
+int CModelBuilder::FamilyRoot(int nClass) const {
+    while (m_model.m_vecClasses[nClass].m_nBase >= 0) nClass = m_model.m_vecClasses[nClass].m_nBase;
+    return nClass;
+}
+
 bool CModelBuilder::IsByDocument(XSTypeDefinition* pType) const {
     if (pType->getTypeCategory() != XSTypeDefinition::COMPLEX_TYPE || IsBuiltIn(pType)) return false;
     return static_cast<XSComplexTypeDefinition*>(pType)->getAbstract() || m_setHasNamedDerived.count(TypeKey(pType));
@@ -1075,15 +1081,10 @@ CSchemaSetModel CModelBuilder::Build(const std::string& strNamespace) {
         AddSimpleContent(pending.first, pending.second.first, pending.second.second);
     // A nillable element's class, and the classes derived from it, are INillable: the interface
     // goes to the root of the derivation family.
-    for (int nClass : m_vecNillable) {
-        while (m_model.m_vecClasses[nClass].m_nBase >= 0) nClass = m_model.m_vecClasses[nClass].m_nBase;
-        m_model.m_vecClasses[nClass].m_bNillable = true;
-    }
+    for (int nClass : m_vecNillable) m_model.m_vecClasses[FamilyRoot(nClass)].m_bNillable = true;
     // The class can't tell its elements apart, so every element of it takes xsi:nil.
     for (const CPlainUse& use : m_vecPlainUses) {
-        int nRoot = use.m_nClass;
-        while (m_model.m_vecClasses[nRoot].m_nBase >= 0) nRoot = m_model.m_vecClasses[nRoot].m_nBase;
-        if (!m_model.m_vecClasses[nRoot].m_bNillable) continue;
+        if (!m_model.m_vecClasses[FamilyRoot(use.m_nClass)].m_bNillable) continue;
         Warn(use.m_place, "element", use.m_strElement,
              "element " + use.m_strElement + " is not nillable, but its class " +
                  m_model.m_vecClasses[use.m_nClass].m_strName +

@@ -67,6 +67,8 @@ private:
     bool IsByDocument(xercesc::XSTypeDefinition* pType) const;
     // A named type that takes part in derivation: it has a complex base or named derived types.
     bool IsInFamily(xercesc::XSTypeDefinition* pType) const;
+    // The class at the root of a class's derivation family (the class itself without a base).
+    int FamilyRoot(int nClass) const;
     long long AttributeOrder(const CPlace& place, const std::string& strName) const;
     void AttributeGroupNames(const std::string& strRef, const std::string& strNamespace, int nDepth,
                              std::vector<std::string>& vecNames) const;
