@@ -9,7 +9,9 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
+#include <random>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -330,6 +332,48 @@ TEST(ConversionsFloats, SimpleFormsGivePrintfText) {
             EXPECT_EQ(szExpected, CConversions::r4ToString(static_cast<float>(value), pszFormat));
         }
     }
+}
+
+// "%.<n>g" is worked out in integers for most values; printf is the oracle for every
+// precision, on random bit patterns, short decimals, exact ties and the neighbours of powers
+// of ten (where the exponent changes as digits round up).
+TEST(ConversionsFloats, GeneralFormsMatchPrintfOnRandomValues) {
+    std::mt19937_64 rng(20261124);
+    int nDiffering = 0;
+    auto check = [&](double value, int nPrecision) {
+        if (!std::isfinite(value) || !std::isfinite(static_cast<float>(value))) return;
+        char szFormat[8];
+        char szExpected[64];
+        std::snprintf(szFormat, sizeof(szFormat), "%%.%dg", nPrecision);
+        std::snprintf(szExpected, sizeof(szExpected), szFormat, value);
+        std::string strFound =
+            nPrecision == 16 ? CConversions::r8ToString(value) : CConversions::r8ToString(value, szFormat);
+        if (strFound != szExpected && ++nDiffering <= 5)
+            ADD_FAILURE() << szFormat << ": " << strFound << " for " << szExpected;
+        const double single = static_cast<float>(value);
+        std::snprintf(szExpected, sizeof(szExpected), szFormat, single);
+        strFound = nPrecision == 7 ? CConversions::r4ToString(static_cast<float>(value))
+                                   : CConversions::r4ToString(static_cast<float>(value), szFormat);
+        if (strFound != szExpected && ++nDiffering <= 5)
+            ADD_FAILURE() << szFormat << ": " << strFound << " for " << szExpected;
+    };
+    for (int i = 0; i < 20000; ++i) {
+        const int nPrecision = 1 + static_cast<int>(rng() % 17);
+        const uint64_t nBits = rng();
+        double value;
+        std::memcpy(&value, &nBits, sizeof(value));
+        check(value, nPrecision);
+        const double decimal =
+            static_cast<double>(rng() % 100000000) / std::pow(10.0, static_cast<int>(rng() % 30) - 8);
+        check(decimal, nPrecision);
+        check(-decimal, 16);
+        check(std::ldexp(static_cast<double>(rng() % 2000000) + 0.5, static_cast<int>(rng() % 20) - 10), nPrecision);
+        const double power = std::pow(10.0, static_cast<int>(rng() % 40) - 20);
+        check(std::nextafter(power, 0.0), nPrecision);
+        check(std::nextafter(power, 1e300), nPrecision);
+        check((1.0 - std::ldexp(1.0, -static_cast<int>(1 + rng() % 53))) * power, nPrecision);
+    }
+    EXPECT_EQ(0, nDiffering);
 }
 
 // XML numbers have a decimal point whatever locale the application runs in. A German locale

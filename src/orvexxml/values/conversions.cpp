@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -216,6 +217,117 @@ bool ParseSimpleFormat(const char* pszFormat, std::chars_format& eForm, int& nPr
     return true;
 }
 
+// 10^0 to 10^19, all that 64 bits hold.
+struct CPowersOfTen {
+    uint64_t a[20];
+    constexpr CPowersOfTen() : a() {
+        uint64_t n = 1;
+        for (int i = 0; i < 20; ++i, n *= 10) a[i] = n;
+    }
+};
+
+// printf's "%.<nPrecision>g" of a finite value by exact integer arithmetic, for the values
+// that written documents carry almost always (prices, measures, amounts): the value times
+// 10^k, with k that leaves nPrecision digits before the point, is rounded to an integer in
+// 128 bits, half to even on an exact tie, as glibc rounds. Returns the end of the text at
+// pOut (at most 25 bytes), or null where the value is outside the range that 128 bits hold
+// exactly (zero, subnormals, very large or very small magnitudes, precisions beyond 17):
+// the general path answers those.
+char* FormatGeneralExact(double value, int nPrecision, char* pOut) {
+    static constexpr CPowersOfTen s_powers{};
+    const uint64_t* aPow10 = s_powers.a;
+    if (nPrecision < 1 || nPrecision > 17) return nullptr;
+    uint64_t nBits;
+    std::memcpy(&nBits, &value, sizeof(nBits));
+    const int nBiased = static_cast<int>((nBits >> 52) & 0x7FF);
+    if (nBiased == 0 || nBiased == 0x7FF) return nullptr;  // zero, subnormal, or not finite
+    // value = ±nMantissa * 2^nExp2 exactly.
+    const uint64_t nMantissa = (nBits & ((1ULL << 52) - 1)) | (1ULL << 52);
+    const int nExp2 = nBiased - 1075;
+    // The decimal exponent of the value is floor(log10 2^e) or one more, e = floor(log2 |value|).
+    int nExp10 = static_cast<int>(std::floor((nBiased - 1023) * 0.30102999566398120));
+    const uint64_t nLow = aPow10[nPrecision - 1];
+    const uint64_t nHigh = aPow10[nPrecision];
+    unsigned __int128 nScaled = 0;
+    unsigned __int128 nRest = 0;
+    unsigned __int128 nHalf = 0;
+    uint64_t nDigits = 0;
+    for (int nTry = 0;; ++nTry) {
+        if (nTry == 2) return nullptr;
+        // k = nPrecision - 1 - nExp10 decimal places; 10^k times the mantissa must fit in 128 bits.
+        const int k = nPrecision - 1 - nExp10;
+        if (k < 0 || k > 19) return nullptr;
+        nScaled = static_cast<unsigned __int128>(nMantissa) * aPow10[k];
+        if (nExp2 >= 0) {
+            if (nExp2 > 10) return nullptr;
+            nScaled <<= nExp2;
+            nRest = 0;
+            nHalf = 1;  // never reached by a rest of 0
+        } else {
+            const int nShift = -nExp2;
+            if (nShift > 126) return nullptr;
+            const unsigned __int128 nOne = static_cast<unsigned __int128>(1) << nShift;
+            nRest = nScaled & (nOne - 1);
+            nHalf = nOne >> 1;
+            nScaled >>= nShift;
+        }
+        if (nScaled >= nHigh) {
+            ++nExp10;  // the estimate was one low
+            continue;
+        }
+        if (nScaled < nLow) return nullptr;  // can't happen with the estimate above; be safe
+        nDigits = static_cast<uint64_t>(nScaled);
+        break;
+    }
+    if (nRest > nHalf || (nRest == nHalf && nRest != 0 && (nDigits & 1) != 0)) {
+        if (++nDigits == nHigh) {  // 9.99.. rounded up to the next power of ten
+            nDigits = nLow;
+            ++nExp10;
+        }
+    }
+    char szDigits[20];
+    for (int i = nPrecision - 1; i >= 0; --i) {
+        szDigits[i] = static_cast<char>('0' + nDigits % 10);
+        nDigits /= 10;
+    }
+    // Trailing zeros go, as "%g" drops them.
+    int nSignificant = nPrecision;
+    while (nSignificant > 1 && szDigits[nSignificant - 1] == '0') --nSignificant;
+    char* p = pOut;
+    if (nBits >> 63) *p++ = '-';
+    if (nExp10 >= -4 && nExp10 < nPrecision) {
+        if (nExp10 >= 0) {
+            // nExp10 + 1 digits before the point, padded with the zeros dropped above.
+            for (int i = 0; i <= nExp10; ++i) *p++ = i < nSignificant ? szDigits[i] : '0';
+            if (nSignificant > nExp10 + 1) {
+                *p++ = '.';
+                for (int i = nExp10 + 1; i < nSignificant; ++i) *p++ = szDigits[i];
+            }
+        } else {
+            *p++ = '0';
+            *p++ = '.';
+            for (int i = -1; i > nExp10; --i) *p++ = '0';
+            for (int i = 0; i < nSignificant; ++i) *p++ = szDigits[i];
+        }
+        return p;
+    }
+    *p++ = szDigits[0];
+    if (nSignificant > 1) {
+        *p++ = '.';
+        for (int i = 1; i < nSignificant; ++i) *p++ = szDigits[i];
+    }
+    *p++ = 'e';
+    *p++ = nExp10 < 0 ? '-' : '+';
+    int nMagnitude = nExp10 < 0 ? -nExp10 : nExp10;
+    if (nMagnitude >= 100) {
+        *p++ = static_cast<char>('0' + nMagnitude / 100);
+        nMagnitude %= 100;
+    }
+    *p++ = static_cast<char>('0' + nMagnitude / 10);
+    *p++ = static_cast<char>('0' + nMagnitude % 10);
+    return p;
+}
+
 // The special values have fixed names whatever the format. The default forms ("%.7g" and
 // "%.16g") and the simple forms above go through std::to_chars, which gives exactly printf's
 // text in the "C" locale, several times faster. Any other format goes through snprintf in the
@@ -231,6 +343,9 @@ std::string FloatToString(double value, const char* pszFormat, int nDefaultPreci
     int nPrecision = nDefaultPrecision;
     bool bDefault = pszFormat == nullptr || *pszFormat == '\0';
     if (bDefault || ParseSimpleFormat(pszFormat, eForm, nPrecision)) {
+        if (eForm == std::chars_format::general) {
+            if (char* pEnd = FormatGeneralExact(value, nPrecision, pBuffer)) return std::string(pBuffer, pEnd);
+        }
         std::to_chars_result result = std::to_chars(pBuffer, pBuffer + nBufferSize - 1, value, eForm, nPrecision);
         if (bDefault || result.ec == std::errc()) return std::string(pBuffer, result.ptr);
     }
