@@ -283,6 +283,27 @@ TEST(Attributes, NilIsReadCaseInsensitivelyOnNillableClassesAndRefusedElsewhere)
     person->FromXml((kXsi + "><Name xsi:nil='false'>z</Name></Person>").c_str(), DefaultCtx());
     EXPECT_EQ(person->GetName(), "z");
 
+    // Being nillable belongs to the object's type, not to the class record it shares: a class
+    // that the application derives from a generated one and makes nillable has nil read and
+    // written, before and after objects of the generated class, which stays refused.
+    struct CNillablePerson : CPerson, INillable {
+        bool m_bNil = false;
+        bool IsNil() const override { return m_bNil; }
+        void SetNil(bool bNil) override { m_bNil = bNil; }
+    };
+    CSmartPtr<CNillablePerson> nillable = new CNillablePerson();
+    for (int nRound = 0; nRound < 2; ++nRound) {
+        nillable->FromXml((kXsi + " xsi:nil='true'><Name>x</Name></Person>").c_str(), DefaultCtx());
+        EXPECT_TRUE(nillable->IsNil());
+        EXPECT_EQ(nillable->GetName(), "");
+        EXPECT_EQ(nillable->ToXml(false, false, EOLType_LF, DefaultCtx()),
+                  "<Person xmlns:AA=\"http://www.w3.org/2001/XMLSchema-instance\" AA:nil=\"true\"/>");
+        EXPECT_EQ(Thrown([&] { person->FromXml((kXsi + " xsi:nil='true'/>").c_str(), DefaultCtx()); }),
+                  "Invalid use of 'nil' attribute in non-nillable element.\nPath: /Person");
+        person->FromXml((kXsi + "><Name>z</Name></Person>").c_str(), DefaultCtx());
+        EXPECT_EQ(person->ToXml(false, false, EOLType_LF, DefaultCtx()), "<Person><Name>z</Name></Person>");
+    }
+
     CSmartPtr<CTestRecord> record = new CTestRecord();
     record->FromXml("<Record xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance'><Value xsi:nil='true'/></Record>",
                     DefaultCtx());

@@ -1,9 +1,17 @@
 #pragma once
 
+#include <atomic>
+#include <cstddef>
 #include <string>
+#include <typeinfo>
 
 #include "orvexxml/export.h"
 #include "orvexxml/values/itemtype.h"
+
+namespace OrvexXml {
+class CXmlGeneratedClass;
+class INillable;
+}  // namespace OrvexXml
 
 namespace OrvexXmlData {
 
@@ -39,6 +47,14 @@ public:
     const std::string& GetPrimitiveFormatOverride() const { return m_strPrimitiveFormatOverride; }
     bool GetOutputPrimitiveClassAsTextProperty() const { return m_bOutputPrimitiveClassAsTextProperty; }
 
+    // The INillable side of an object of the class, null if it has none: what a dynamic_cast
+    // gives, found by that cast once and then by the offset it gave for as long as objects of
+    // the same dynamic type come (internal; any thread).
+    const OrvexXml::INillable* FindNillable(const OrvexXml::CXmlGeneratedClass* pObject) const;
+    // The record is shared, not copied: the cache in it belongs to it.
+    CParentElementInfo(const CParentElementInfo&) = delete;
+    CParentElementInfo& operator=(const CParentElementInfo&) = delete;
+
 private:
     XmlElementGroupType m_eElementGroupType;
     XmlElementType m_eElementType;
@@ -50,6 +66,14 @@ private:
     OrvexXml::ItemType m_ePrimitiveDataType;
     std::string m_strPrimitiveFormatOverride;
     bool m_bOutputPrimitiveClassAsTextProperty;
+
+    // Where the INillable side lies in objects of one dynamic type; published once.
+    struct NillableSide {
+        const std::type_info* pType;
+        std::ptrdiff_t nOffset;
+        bool bNillable;
+    };
+    mutable std::atomic<const NillableSide*> m_pNillableSide;
 };
 
 }  // namespace OrvexXmlData

@@ -70,7 +70,7 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* pWriter, bool bRoot, const char* 
             if (bRoot && !ctx.GetInLineSchema().empty()) pWriter->WriteInLineSchema(ctx.GetInLineSchema());
         }
 
-        const INillable* pNillable = dynamic_cast<const INillable*>(this);
+        const INillable* pNillable = pInfo->FindNillable(this);
         if (!pNillable || !pNillable->IsNil()) {
             CElementInfo** ppElements = GetClassElementInfo();
             switch (pInfo->GetElementGroupType()) {
@@ -241,7 +241,7 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* pElement, CXmlElement*
         if (pInfo->GetElementType() == XmlElementType_Element) SetElementName(pElement->GetLocalName().c_str());
         ProcessAttributesFromXml(ctx, pElement, pInfo->GetFromXmlFailIfAttributeUnknown());
 
-        INillable* pNillable = dynamic_cast<INillable*>(this);
+        const INillable* pNillable = pInfo->FindNillable(this);
         if (pNillable && pNillable->IsNil()) return pFirstChild;
 
         CXmlElement* pCursor = nullptr;
