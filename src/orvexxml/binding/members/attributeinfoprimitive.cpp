@@ -39,7 +39,8 @@ void CAttributeInfoPrimitive::AttributeToXml(const CSerializationContext& ctx, c
     if (m_bOptional && !m_strDefaultValue.empty() && ctx.GetNoOptionalAttributeDefaultOutput() &&
         strText == m_strDefaultValue)
         return;
-    CheckRestriction(value);
+    // What CheckRestriction checks, without the copy of the value that its signature takes.
+    ValidatePrimitive(m_strAttributeName.c_str(), value, m_eItemType, m_restrictions);
     pWriter->WriteAttribute(m_strAttributeName, m_strAttributeNamespace, strText, value.GetTypeAsEnum());
 }
 
