@@ -1,5 +1,7 @@
 #include "orvexxml/binding/xmlgeneratedclass.h"
 
+#include <optional>
+
 #include "orvexxml/binding/members/elementinfochoiceabsclscol.h"
 #include "orvexxml/binding/members/elementinfochoiceabsclsopt.h"
 #include "orvexxml/binding/members/elementinfochoiceclscol.h"
@@ -16,6 +18,7 @@
 #include "orvexxml/collections/xmlcollectionbase.h"
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/infrastructure/perthread.h"
 #include "orvexxml/writers/xmlwriter.h"
 #include "orvexxml/xml/xmlattribute.h"
 #include "orvexxml/xml/xmlelement.h"
@@ -33,6 +36,11 @@ namespace {
 // alone don't bound them (nor an object tree that holds itself). A walk started from inside
 // another adds to it.
 thread_local int32_t t_nWalkDepth = 0;
+
+// The namespace of a class element on its way to the writer, kept per thread for its capacity.
+struct CNamespaceBuffer {
+    std::string str;
+};
 
 }  // namespace
 
@@ -59,9 +67,10 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* pWriter, bool bRoot, const char* 
             }
             // The writer copies the namespace into its own context; this buffer only carries it
             // there, and keeps its capacity from one element to the next on this thread.
-            thread_local std::string s_strNamespace;
-            s_strNamespace.assign(pszNamespace ? pszNamespace : "");
-            pWriter->WriteStartElement(GetElementName(), s_strNamespace);
+            std::optional<CNamespaceBuffer> lateBuffer;
+            std::string& strNamespace = CPerThread<CNamespaceBuffer>::Get(lateBuffer).str;
+            strNamespace.assign(pszNamespace ? pszNamespace : "");
+            pWriter->WriteStartElement(GetElementName(), strNamespace);
             if (bRoot && ctx.m_rootAttributes.m_pAttributes) {
                 CXmlObjectBase::ToXml_Int(ctx.m_rootAttributes.m_pAttributes, pWriter, false, pszNamespace, ctx,
                                           bOptionalChoice);

@@ -5,11 +5,13 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <type_traits>
 #include <vector>
 
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/infrastructure/perthread.h"
 #include "orvexxml/infrastructure/utf8.h"
 
 namespace OrvexXml {
@@ -196,10 +198,8 @@ public:
     CIconvCache(const CIconvCache&) = delete;
     CIconvCache& operator=(const CIconvCache&) = delete;
 
-    static CIconvCache& ForThisThread() {
-        static thread_local CIconvCache cache;
-        return cache;
-    }
+    // This thread's cache; late in the thread's exit, a fresh one in late for one call.
+    static CIconvCache& ForThisThread(std::optional<CIconvCache>& late) { return CPerThread<CIconvCache>::Get(late); }
 
     iconv_t Get(unsigned int nCodePage, bool bToUtf16) {
         if (m_nLast < m_entries.size() && m_entries[m_nLast].nCodePage == nCodePage &&
@@ -286,7 +286,8 @@ size_t RunIconv(iconv_t cd, const char* pSrc, size_t nSrcBytes, char* pDst, size
 }
 
 size_t DecodeWithIconv(unsigned int nCodePage, const char* pSrc, size_t nLength, char16_t* pDst, size_t nDstCapacity) {
-    iconv_t cd = CIconvCache::ForThisThread().Get(nCodePage, true);
+    std::optional<CIconvCache> late;
+    iconv_t cd = CIconvCache::ForThisThread(late).Get(nCodePage, true);
     // A byte that starts no valid sequence is replaced alone; decoding resumes at the next one.
     auto skip = [](const char*, size_t) -> size_t { return 1; };
     const size_t nBytes = RunIconv(cd, pSrc, nLength, reinterpret_cast<char*>(pDst), nDstCapacity * sizeof(char16_t),
@@ -295,7 +296,8 @@ size_t DecodeWithIconv(unsigned int nCodePage, const char* pSrc, size_t nLength,
 }
 
 size_t EncodeWithIconv(unsigned int nCodePage, const char16_t* pSrc, size_t nLength, char* pDst, size_t nDstCapacity) {
-    iconv_t cd = CIconvCache::ForThisThread().Get(nCodePage, false);
+    std::optional<CIconvCache> late;
+    iconv_t cd = CIconvCache::ForThisThread(late).Get(nCodePage, false);
     // A character outside the code page spans two units when it is a surrogate pair; an
     // unpaired surrogate is one unit.
     auto skip = [](const char* pIn, size_t nInLeft) -> size_t {
@@ -322,7 +324,8 @@ const char* CCodePage::GetPlatformName(unsigned int nCodePage) { return FindName
 void CCodePage::CheckAvailable(unsigned int nCodePage) {
     if (FindName(nCodePage) == nullptr) ThrowUnknown(nCodePage);
     if (nCodePage == CP_UTF8_NUMBER) return;
-    CIconvCache& cache = CIconvCache::ForThisThread();
+    std::optional<CIconvCache> late;
+    CIconvCache& cache = CIconvCache::ForThisThread(late);
     cache.Get(nCodePage, true);
     cache.Get(nCodePage, false);
 }

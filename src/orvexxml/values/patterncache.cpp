@@ -6,10 +6,12 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <shared_mutex>
 #include <unordered_map>
 
 #include "orvexxml/infrastructure/exceptions.h"
+#include "orvexxml/infrastructure/perthread.h"
 
 namespace OrvexXml {
 
@@ -111,7 +113,8 @@ bool CPatternCache::MatchesWhole(const std::string& strPattern, PfnTranslate pfn
     std::shared_ptr<const CompiledPattern> pCompiled = Lookup(strPattern, pfnTranslate);
     if (pCompiled->pCode == nullptr) throw COxException(pCompiled->strError);
 
-    thread_local MatchSettings settings;
+    std::optional<MatchSettings> lateSettings;
+    MatchSettings& settings = CPerThread<MatchSettings>::Get(lateSettings);
     pcre2_match_data* pData = settings.pContext ? settings.DataFor(pCompiled->nPairs) : nullptr;
     if (pData == nullptr) throw std::bad_alloc();
     const PCRE2_SPTR pText = reinterpret_cast<PCRE2_SPTR>(pSubject);
