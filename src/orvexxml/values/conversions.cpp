@@ -262,7 +262,7 @@ char* FormatGeneralExact(double value, int nPrecision, char* pOut) {
             if (nExp2 > 10) return nullptr;
             nScaled <<= nExp2;
             nRest = 0;
-            nHalf = 1;  // never reached by a rest of 0
+            nHalf = 1;  // above the rest of 0: no rounding
         } else {
             const int nShift = -nExp2;
             if (nShift > 126) return nullptr;
@@ -279,17 +279,15 @@ char* FormatGeneralExact(double value, int nPrecision, char* pOut) {
         nDigits = static_cast<uint64_t>(nScaled);
         break;
     }
-    if (nRest > nHalf || (nRest == nHalf && nRest != 0 && (nDigits & 1) != 0)) {
+    if (nRest > nHalf || (nRest == nHalf && (nDigits & 1) != 0)) {
         if (++nDigits == nHigh) {  // 9.99.. rounded up to the next power of ten
             nDigits = nLow;
             ++nExp10;
         }
     }
+    // nDigits lies in [10^(nPrecision-1), 10^nPrecision): exactly nPrecision digits.
     char szDigits[20];
-    for (int i = nPrecision - 1; i >= 0; --i) {
-        szDigits[i] = static_cast<char>('0' + nDigits % 10);
-        nDigits /= 10;
-    }
+    WriteUnsigned(nDigits, szDigits + nPrecision);
     // Trailing zeros go, as "%g" drops them.
     int nSignificant = nPrecision;
     while (nSignificant > 1 && szDigits[nSignificant - 1] == '0') --nSignificant;
@@ -329,8 +327,9 @@ char* FormatGeneralExact(double value, int nPrecision, char* pOut) {
 }
 
 // The special values have fixed names whatever the format. The default forms ("%.7g" and
-// "%.16g") and the simple forms above go through std::to_chars, which gives exactly printf's
-// text in the "C" locale, several times faster. Any other format goes through snprintf in the
+// "%.16g") and the simple forms above go through FormatGeneralExact where it answers, else
+// through std::to_chars, which gives exactly printf's text in the "C" locale, several times
+// faster than printf. Any other format goes through snprintf in the
 // "C" locale into a buffer of the given size, cut as snprintf cuts.
 std::string FloatToString(double value, const char* pszFormat, int nDefaultPrecision, char* pBuffer,
                           size_t nBufferSize) {
