@@ -3,9 +3,11 @@
 #include <atomic>
 #include <memory>
 #include <new>
+#include <optional>
 
 #include "orvexxml/infrastructure/exceptions.h"
 #include "orvexxml/infrastructure/formatstring.h"
+#include "orvexxml/infrastructure/perthread.h"
 
 namespace OrvexXml {
 
@@ -153,25 +155,17 @@ void CXmlWriter::CXmlWriterContext::SetNamespaceMapValue(const std::string& strN
 
 // --- CXmlWriter ------------------------------------------------------------------------------
 
-// The spare contexts of the writers of one thread, handed from each writer to the next.
+// The spare contexts of the writers of one thread, handed from each writer to the next. Once
+// the thread has destroyed its pool (at its exit), a writer keeps its spares to itself.
 class CSpareContextPool {
 public:
-    // Trivially destructible, so that it can still be asked after the pool is gone at thread
-    // exit: a writer then keeps its spares to itself.
-    static thread_local bool ms_bGone;
     // Spares beyond this many are freed rather than kept between writers.
     static const size_t kMaxKept = 64;
 
-    ~CSpareContextPool() {
-        CXmlWriter::FreeSpareContexts(m_vecSpares);
-        ms_bGone = true;
-    }
+    ~CSpareContextPool() { CXmlWriter::FreeSpareContexts(m_vecSpares); }
 
     CXmlWriter::SpareContexts m_vecSpares;
 };
-
-thread_local bool CSpareContextPool::ms_bGone = false;
-static thread_local CSpareContextPool t_spareContexts;
 
 void CXmlWriter::FreeSpareContexts(SpareContexts& vecSpares) noexcept {
     for (CSpareContext& spare : vecSpares) {
@@ -183,7 +177,8 @@ void CXmlWriter::FreeSpareContexts(SpareContexts& vecSpares) noexcept {
 
 CXmlWriter::CXmlWriter(const char* pszClassName)
     : CInstanceMonitor(pszClassName), m_pContext(nullptr), m_nLiveContexts(0) {
-    if (!CSpareContextPool::ms_bGone) m_vecFreeContexts.swap(t_spareContexts.m_vecSpares);
+    std::optional<CSpareContextPool> latePool;
+    m_vecFreeContexts.swap(CPerThread<CSpareContextPool>::Get(latePool).m_vecSpares);
     try {
         AddNamespaceAlias("xml", XmlNamespaceURI);
     } catch (...) {
@@ -196,11 +191,11 @@ CXmlWriter::~CXmlWriter() {
     // Elements left open by an exception: free the whole chain.
     while (m_pContext) PopContext();
     // Handed on unless the pool already holds the spares of another writer (writers nested on
-    // one thread) or is gone.
-    if (!CSpareContextPool::ms_bGone && t_spareContexts.m_vecSpares.empty() &&
-        m_vecFreeContexts.size() <= CSpareContextPool::kMaxKept) {
-        t_spareContexts.m_vecSpares.swap(m_vecFreeContexts);
-    }
+    // one thread). A pool made for this call alone frees them as it goes.
+    std::optional<CSpareContextPool> latePool;
+    CSpareContextPool& pool = CPerThread<CSpareContextPool>::Get(latePool);
+    if (pool.m_vecSpares.empty() && m_vecFreeContexts.size() <= CSpareContextPool::kMaxKept)
+        pool.m_vecSpares.swap(m_vecFreeContexts);
     FreeSpareContexts(m_vecFreeContexts);
 }
 
